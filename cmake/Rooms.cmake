@@ -1,0 +1,37 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# A room is one folder of src/ built as one library. It links only the rooms it may include, so that a
+# forbidden include does not compile.
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+endif()
+
+add_library(korvane_options INTERFACE)
+if(NOT MSVC)
+  target_compile_options(korvane_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+endif()
+if(KORVANE_SANITIZE)
+  target_compile_options(korvane_options INTERFACE
+    -fsanitize=${KORVANE_SANITIZE} -fno-sanitize-recover=all)
+  target_link_options(korvane_options INTERFACE -fsanitize=${KORVANE_SANITIZE})
+endif()
+if(KORVANE_FUZZ)
+  target_compile_options(korvane_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
+# korvane_room(<name> SOURCES <files>... ROOMS <rooms below>... LIBS <outside libraries>...)
+# A room of the toolkit gets its meta-object code made.
+function(korvane_room name)
+  cmake_parse_arguments(ROOM "" "" "SOURCES;ROOMS;LIBS" ${ARGN})
+  set(target korvane_${name})
+  add_library(${target} STATIC ${ROOM_SOURCES})
+  target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  list(TRANSFORM ROOM_ROOMS PREPEND korvane_)
+  target_link_libraries(${target} PUBLIC ${ROOM_ROOMS} ${ROOM_LIBS} PRIVATE korvane_options)
+  if(ROOM_LIBS MATCHES "Qt6")
+    set_target_properties(${target} PROPERTIES AUTOMOC ON AUTORCC ON)
+    target_compile_definitions(${target} PUBLIC QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
+  endif()
+endfunction()

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace korvane {
+
+// A tree or list view in which reaching an entry with the keyboard counts as a click on it: clicked() is
+// emitted for the mouse and for the keyboard, never for a selection made by the program.
+template <typename View>
+class ClickView : public View {
+ public:
+  using View::View;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    const QPersistentModelIndex before = this->currentIndex();
+    View::keyPressEvent(event);
+    const QModelIndex after = this->currentIndex();
+    const bool again = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (after.isValid() && (after != before || again)) Q_EMIT this->clicked(after);
+  }
+
+  void mousePressEvent(QMouseEvent* event) override {
+    View::mousePressEvent(event);
+    pressed_ = this->currentIndex();
+  }
+
+  // A drag with the button held moves the selection, and ends on an entry that was never pressed.
+  void mouseReleaseEvent(QMouseEvent* event) override {
+    const QPersistentModelIndex pressed = pressed_;
+    View::mouseReleaseEvent(event);
+    const QModelIndex now = this->currentIndex();
+    if (event->button() == Qt::LeftButton && now.isValid() && now != pressed) Q_EMIT this->clicked(now);
+  }
+
+ private:
+  QPersistentModelIndex pressed_;
+};
+
+}  // namespace korvane

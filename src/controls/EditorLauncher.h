@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <string>
+
+namespace korvane {
+
+// What the windows ask of each other. Every window is made at its first use and shown modeless.
+class EditorLauncher {
+ public:
+  virtual ~EditorLauncher() = default;
+
+  // The manual editor on the whole file that the manual edit target names, loaded from the disk.
+  virtual void showManualEditorOnFile() = 0;
+  // The manual editor on a text (the files' bytes) that is part of the target's file.
+  virtual void showManualEditorOnText(const std::string& text) = 0;
+
+  virtual void showWeaponEditor() = 0;
+  virtual void showArmourEditor() = 0;
+  virtual void showCommandSetEditor() = 0;
+  virtual void showCommandButtonEditor() = 0;
+
+  // Selects the first entry of the editor's list, from the top, that begins with the name as a whole word,
+  // letter case ignored; nothing is selected when there is none. Loads the editor hidden where necessary.
+  virtual void selectWeapon(const QString& name) = 0;
+  virtual void selectArmour(const QString& name) = 0;
+
+  virtual void showOptions() = 0;
+  virtual void showAbout() = 0;
+
+  // Destroys the embedded folder chooser, if there is one.
+  virtual void CloseBrowse() = 0;
+};
+
+}  // namespace korvane

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/Placement.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+
+#include <algorithm>
+
+#include "settings/SettingsStore.h"
+
+namespace korvane {
+
+namespace {
+
+const QString kSection = QStringLiteral("EditWH");
+constexpr int kTitleBar = 32;  // enough of a title bar to take hold of, in pixels
+constexpr int kReachableWidth = 96;
+
+enum State { normal = 0, minimised = 1, maximised = 2 };
+
+int StateOf(const QWidget& window) {
+  if (window.isMaximized()) return maximised;
+  return window.isMinimized() ? minimised : normal;
+}
+
+int Stored(const SettingsStore& store, const QWidget& window, const char* key, int current) {
+  const auto text = store.find(kSection, window.objectName() + key);
+  bool isNumber = false;
+  const short value = text ? text->trimmed().toShort(&isNumber) : short{0};
+  return isNumber ? value : current;
+}
+
+// The widths of the frame around the window's own area.
+QSize FrameExtra(const QWidget& window) {
+  return window.frameGeometry().size() - window.size();
+}
+
+QPoint Reachable(QRect frame) {
+  const QScreen* screen = QGuiApplication::screenAt(frame.center());
+  if (screen == nullptr) screen = QGuiApplication::screenAt(frame.topLeft());
+  if (screen == nullptr) screen = QGuiApplication::primaryScreen();
+  const QRect area = screen->availableGeometry();
+  const int leftmost = area.left() - std::max(0, frame.width() - kReachableWidth);
+  const int rightmost = std::max(leftmost, area.right() - kReachableWidth);
+  const int lowest = std::max(area.top(), area.bottom() - kTitleBar);
+  return {std::clamp(frame.left(), leftmost, rightmost), std::clamp(frame.top(), area.top(), lowest)};
+}
+
+void Apply(QWidget& window, int state) {
+  Qt::WindowStates states = window.windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
+  if (state == minimised) states |= Qt::WindowMinimized;
+  if (state == maximised) states |= Qt::WindowMaximized;
+  window.setWindowState(states);
+}
+
+}  // namespace
+
+void SavePlacement(SettingsStore& store, const QWidget& window) {
+  const auto save = [&](const char* key, int value) {
+    store.save(kSection, window.objectName() + key, QString::number(value));
+  };
+  const int state = StateOf(window);
+  if (state != maximised) {
+    save("_Height", window.frameGeometry().height());
+    save("_Width", window.frameGeometry().width());
+    save("_Top", window.y());
+    save("_Left", window.x());
+  }
+  save("WindowState", state);
+}
+
+void RestorePlacement(const SettingsStore& store, QWidget& window) {
+  const QSize extra = FrameExtra(window);
+  const int height = Stored(store, window, "_Height", window.height() + extra.height());
+  const int width = Stored(store, window, "_Width", window.width() + extra.width());
+  const int left = Stored(store, window, "_Left", window.x());
+  const int top = Stored(store, window, "_Top", window.y());
+  const int state = Stored(store, window, "WindowState", StateOf(window));
+  window.resize(width - extra.width(), height - extra.height());
+  if (store.find(kSection, window.objectName() + "_Left") ||
+      store.find(kSection, window.objectName() + "_Top")) {
+    window.move(Reachable(QRect(QPoint(left, top), window.size())));
+  }
+  if (state >= normal && state <= maximised) Apply(window, state);
+}
+
+}  // namespace korvane

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+class QWidget;
+
+namespace korvane {
+
+class SettingsStore;
+
+// Where a window was and how large, in section "EditWH" under keys that begin with the window's objectName.
+// Values are device-independent pixels of the window's outer frame; state 0 normal, 1 minimised, 2 maximised.
+
+// A maximised window keeps the last normal size and position that were stored.
+void SavePlacement(SettingsStore& store, const QWidget& window);
+
+// Applies what is stored; a value that is no whole number of 16 bits leaves its property as it is. The window
+// is then moved, where necessary, so that its title bar can be reached.
+void RestorePlacement(const SettingsStore& store, QWidget& window);
+
+}  // namespace korvane

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "files/FileBytes.h"
+
+#include <algorithm>
+#include <cstring>
+#include <exception>
+#include <fstream>
+
+#include "files/NativePath.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr std::size_t kChunk = std::size_t{4} << 20;  // so that even a slow disk lets events run in between
+constexpr std::size_t kSlack = 64;                    // room to see the end of the file without growing
+
+}  // namespace
+
+void FileBytes::reserve(std::size_t capacity) {
+  if (capacity <= capacity_) return;
+  auto larger = std::make_unique_for_overwrite<char[]>(capacity);
+  if (size_ > 0) std::memcpy(larger.get(), buffer_.get(), size_);
+  buffer_ = std::move(larger);
+  capacity_ = capacity;
+}
+
+bool FileBytes::read(std::string_view path, const std::function<void()>& yield) {
+  size_ = 0;
+  try {
+    const std::filesystem::path native = NativePath(path);
+    if (!std::filesystem::is_regular_file(native)) return false;  // a pipe would block, a folder has no bytes
+    std::ifstream file;
+    file.rdbuf()->pubsetbuf(nullptr, 0);  // straight into our buffer
+    file.open(native, std::ios::binary);
+    if (!file) return false;
+    reserve(static_cast<std::size_t>(std::filesystem::file_size(native)) + kSlack);
+    while (file) {
+      if (size_ == capacity_) reserve(capacity_ * 2);
+      file.read(buffer_.get() + size_, static_cast<std::streamsize>(std::min(kChunk, capacity_ - size_)));
+      size_ += static_cast<std::size_t>(file.gcount());
+      if (file && yield) yield();
+    }
+    return true;
+  } catch (const std::exception&) {  // no such path, no permission, no memory for it
+    return false;
+  }
+}
+
+}  // namespace korvane

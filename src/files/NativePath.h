@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+namespace korvane {
+
+// Where a path of the program lies on this machine. The program's paths are UTF-8 text with backslashes, in
+// the game's own spelling. On Windows they are used as they are. Elsewhere a backslash is a separator, a
+// component that does not exist in its exact spelling is matched without regard to letter case (of several
+// matches the first in byte order), and a drive letter is looked up in the Wine prefix ($WINEPREFIX, else
+// ~/.wine). A component that matches nothing is kept as it is written.
+std::filesystem::path NativePath(std::string_view path);
+
+// True when the length of the file at the program's path can be read. A folder, a bad path or any other
+// failure gives false; an empty file exists.
+bool FileExists(std::string_view path);
+
+// True when the program's path names a folder.
+bool FolderExists(std::string_view path);
+
+}  // namespace korvane

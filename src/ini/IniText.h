@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstring>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvane {
+
+// The grammar of the game's INI text, on the file's own bytes. The only white space it knows is the space
+// character: tabs are ordinary characters.
+
+inline constexpr std::string_view kLineEnd = "\r\n";
+
+// Calls `take(line)` for every line of a file's bytes, without its terminator. A line ends at CR LF or at a
+// lone CR; a lone LF stays inside the line. A last line without a terminator is a line.
+template <typename Take>
+void ForEachLine(std::string_view bytes, Take&& take) {
+  const char* at = bytes.data();
+  const char* const end = at + bytes.size();
+  while (at != end) {
+    const auto* cr = static_cast<const char*>(std::memchr(at, '\r', static_cast<std::size_t>(end - at)));
+    if (cr == nullptr) {
+      take(std::string_view(at, static_cast<std::size_t>(end - at)));
+      return;
+    }
+    take(std::string_view(at, static_cast<std::size_t>(cr - at)));
+    at = cr + 1;
+    if (at != end && *at == '\n') ++at;
+  }
+}
+
+// Calls `take(piece)` for the pieces of a text between the separators: always one more than there are
+// separators, the last one possibly empty.
+template <typename Take>
+void ForEachPiece(std::string_view text, std::string_view separator, Take&& take) {
+  for (std::size_t at = text.find(separator); at != std::string_view::npos; at = text.find(separator)) {
+    take(text.substr(0, at));
+    text.remove_prefix(at + separator.size());
+  }
+  take(text);
+}
+
+std::vector<std::string_view> Split(std::string_view text, std::string_view separator);
+
+// Without leading and trailing space characters.
+std::string_view TrimSpaces(std::string_view text);
+
+// True when the text begins with the prefix, letter case of the ASCII letters ignored. The prefix must be in
+// small letters.
+bool BeginsWithIgnoringCase(std::string_view text, std::string_view lowerPrefix);
+
+std::string ToLowerAscii(std::string_view text);
+
+// The name in a header line: the piece between its first and second space. Nothing when there is no space.
+std::optional<std::string_view> HeaderName(std::string_view line);
+
+// The value of a parameter line: the last word before the first ";" (a ";" that begins the line is dropped).
+std::string_view ExtractValue(std::string_view line);
+
+}  // namespace korvane

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ini/SParse.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "ini/DataFiles.h"
+#include "ini/IniText.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr std::string_view kBlockEnd = "end";
+constexpr std::string_view kWeaponSetHeader = "  WeaponSet";
+constexpr std::string_view kWeaponSetEnd = "  End";
+
+constexpr std::array<std::string_view, 9> kLocomotorKeys = {
+    "Surfaces",        "Speed",        "SpeedDamaged",        "TurnRate",
+    "TurnRateDamaged", "Acceleration", "AccelerationDamaged", "Braking",
+    "MinTurnSpeed"};
+
+std::string Key(std::string_view name) {
+  std::string key(name);
+  key += ' ';
+  return key;
+}
+
+std::optional<std::string> SingleValue(std::string_view kind, std::string_view key, std::string_view text) {
+  std::string values = SParse::GetParameterValueNoINI(kind, key, text);
+  if (values.empty()) return std::nullopt;
+  values.resize(values.size() - kLineEnd.size());
+  return values;
+}
+
+}  // namespace
+
+SParse::SParse(std::function<std::string()> gameFolder, Yield yield, std::function<void(bool)> busyPointer)
+    : gameFolder_(std::move(gameFolder)),
+      yield_(std::move(yield)),
+      busyPointer_(std::move(busyPointer)),
+      TVItem1_(yield_) {
+  TVItem1_.ProcStart = [this] { startCollecting(); };
+  TVItem1_.NewLine = [this](std::string_view line) { takeLine(line); };
+  TVItem1_.ProcDone = [this] {
+    if (busyPointer_) busyPointer_(false);
+  };
+}
+
+void SParse::startCollecting() {
+  Collecting = true;
+  InBlock_ = false;
+  buffer_.clear();
+  if (busyPointer_) busyPointer_(true);
+}
+
+void SParse::takeLine(std::string_view line) {
+  if (yield_) yield_();
+  if (!Collecting) return;
+  if (!InBlock_) InBlock_ = BeginsWithIgnoringCase(line, lowerHeader_);
+  if (!InBlock_) return;
+  buffer_ += line;
+  buffer_ += kLineEnd;
+  if (BeginsWithIgnoringCase(line, kBlockEnd)) Collecting = false;
+}
+
+std::string SParse::GetObjectText(std::string_view ObjectHeader, std::optional<std::string_view> IniFile) {
+  TVItem1_.GamePath = gameFolder_();
+  lowerHeader_ = ToLowerAscii(Key(ObjectHeader) + ObjectName);
+  TVItem1_.GetFUnitData(IniFile);
+  return buffer_;
+}
+
+std::string SParse::GetParameterValue(std::string_view ObjectHeader, std::string_view Parameter,
+                                      std::optional<std::string_view> IniFile) {
+  return GetParameterValueNoINI(ObjectHeader, Parameter, GetObjectText(ObjectHeader, IniFile));
+}
+
+std::string SParse::GetParameterValueNoINI(std::string_view /*ObjectHeader*/, std::string_view Parameter,
+                                           std::string_view StrData) {
+  std::string values;
+  ForEachPiece(StrData, kLineEnd, [&](std::string_view line) {
+    if (!TrimSpaces(line).starts_with(Parameter)) return;
+    values += ExtractValue(line);
+    values += kLineEnd;
+  });
+  return values;
+}
+
+std::optional<std::string> SParse::GetWeaponValue(std::string_view key, std::string_view text) const {
+  auto value = SingleValue("Weapon", Key(key), text);
+  if (value && yield_) yield_();
+  return value;
+}
+
+std::optional<std::string> SParse::GetLocomotorValue(std::string_view key, std::string_view text) {
+  return SingleValue("Locomotor", Key(key), text);
+}
+
+std::optional<std::string> SParse::GetCommandButtonValue(std::string_view key, std::string_view text) {
+  return SingleValue("CommandButton", Key(key), text);
+}
+
+std::optional<std::string> SParse::GetCommandSetValue(int slot, std::string_view text) {
+  return SingleValue("CommandSet", std::to_string(slot), text);
+}
+
+std::string SParse::RemVBCrLf(std::string_view Text) {
+  std::string kept;
+  ForEachPiece(Text, kLineEnd, [&](std::string_view line) {
+    if (TrimSpaces(line).empty()) return;
+    kept += line;
+    kept += kLineEnd;
+  });
+  if (!kept.empty()) kept.resize(kept.size() - kLineEnd.size());
+  return kept;
+}
+
+std::vector<std::string> SParse::locomotorNames(const SelectedObject& object) {
+  ObjectName = object.name;
+  const std::string values = GetParameterValue("Object", "Locomotor", "Object\\" + object.file);
+  std::vector<std::string> names;
+  for (const std::string_view name : Split(values, kLineEnd)) names.emplace_back(name);
+  names.pop_back();  // the empty piece behind the last line end
+  return names;
+}
+
+std::string SParse::GetLocomotorNames(const SelectedObject& object) {
+  std::string joined;
+  for (std::string& name : locomotorNames(object)) {
+    if (!joined.empty()) joined += kLineEnd;
+    joined += name;
+    ObjectName = std::move(name);
+  }
+  return joined;
+}
+
+std::string SParse::GetLocomotors(const SelectedObject& object) {
+  std::string texts;
+  for (std::string& name : locomotorNames(object)) {
+    ObjectName = std::move(name);
+    texts += GetObjectText("Locomotor", kLocomotorFile);
+    texts += kLineEnd;
+  }
+  return texts;
+}
+
+void SParse::GetLocomotorData(const SelectedObject& object, int selectedTab, int LowerBound, int UpperBound,
+                              LocomotorFields& fields) {
+  std::vector<std::string> names = locomotorNames(object);
+  const auto number = static_cast<std::size_t>(selectedTab - 1);
+  if (number < names.size()) ObjectName = std::move(names[number]);
+  const std::string text = GetObjectText("Locomotor", kLocomotorFile);
+  for (int i = LowerBound; i <= UpperBound; ++i) fields.reset(i);
+  for (std::size_t i = 0; i < kLocomotorKeys.size(); ++i) {
+    if (const auto value = GetLocomotorValue(kLocomotorKeys[i], text))
+      fields.insert(static_cast<int>(i), *value);
+  }
+}
+
+void SParse::ExtractWeapons(std::string_view StrData) {
+  const std::vector<std::string_view> lines = Split(StrData, kLineEnd);
+  Collecting = true;
+  InBlock_ = false;
+  const auto sets = static_cast<std::size_t>(std::count_if(
+      lines.begin(), lines.end(), [](std::string_view line) { return line.starts_with(kWeaponSetHeader); }));
+  weaponSetTexts_.assign(sets + 1, {});
+  std::size_t k = 0;
+  for (const std::string_view line : lines) {
+    if (yield_) yield_();
+    if (line.starts_with(kWeaponSetHeader)) InBlock_ = true;
+    if (!InBlock_) continue;
+    if (k == sets) break;
+    weaponSetTexts_[k] += line;
+    weaponSetTexts_[k] += kLineEnd;
+    if (!line.starts_with(kWeaponSetEnd)) continue;
+    ++k;
+    InBlock_ = false;
+  }
+}
+
+}  // namespace korvane

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ini/TVItem.h"
+
+#include <algorithm>
+#include <array>
+
+#include "ini/DataFiles.h"
+#include "ini/IniText.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr std::string_view kDefaultFile = "Object\\FactionUnit.ini";
+
+constexpr std::array<std::string_view, 8> kFileIndex = {
+    "FactionUnit.ini",  "FactionBuilding.ini", "FactionProp.ini", "CivilianBuilding.ini",
+    "CivilianUnit.ini", "CivilianProp.ini",    "NatureProp.ini",  "NatureUnit.ini"};
+
+std::optional<int> FileIndex(std::string_view name) {
+  const auto* found = std::find(kFileIndex.begin(), kFileIndex.end(), name);
+  if (found == kFileIndex.end()) return std::nullopt;
+  return static_cast<int>(found - kFileIndex.begin()) + 1;
+}
+
+}  // namespace
+
+void TVItem::OpenFile(std::string_view strFileName) {
+  readLines(strFileName);
+}
+
+void TVItem::GetFUnitData(std::optional<std::string_view> IniName) {
+  const std::string path = IniPath(GamePath, IniName.value_or(kDefaultFile));
+  Ready = false;
+  if (ProcStart) ProcStart();
+  yield();
+  readLines(path);
+  Ready = true;
+  if (ProcDone) ProcDone();
+}
+
+void TVItem::AddTVItem(std::string_view Key) {
+  Ready = false;
+  yield();
+  FileKey = Key;
+  if (LoadingItem) LoadingItem(FileKey, FileIndex(FileKey));
+  readLines(ObjectFilePath(GamePath, Key));
+  Ready = true;
+}
+
+void TVItem::readLines(std::string_view path) {
+  if (!file_.read(path, yield_)) return;
+  ForEachLine(file_.bytes(), [this](std::string_view line) { deliver(line); });
+}
+
+void TVItem::deliver(std::string_view line) {
+  try {
+    if (NewLine) NewLine(line);
+  } catch (const std::exception&) {
+    // Its own line is lost, the rest of the file is not.
+  }
+}
+
+void TVItem::yield() const {
+  if (yield_) yield_();
+}
+
+}  // namespace korvane

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/DesktopMessageBoxes.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "platform/HelpViewer.h"
+
+namespace korvane {
+
+namespace {
+
+QMessageBox::Icon IconOf(Message::Icon icon) {
+  switch (icon) {
+    case Message::Icon::information:
+      return QMessageBox::Information;
+    case Message::Icon::question:
+      return QMessageBox::Question;
+    case Message::Icon::critical:
+      return QMessageBox::Critical;
+    case Message::Icon::none:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+void AddHelpButton(QMessageBox& box, HelpViewer& help, int topic) {
+  QPushButton* button = box.addButton(QMessageBox::Help);
+  button->disconnect();  // a help button would close the box
+  QObject::connect(button, &QPushButton::clicked, &box, [&help, topic] { help.showTopic(topic); });
+}
+
+}  // namespace
+
+bool DesktopMessageBoxes::show(const Message& message, QWidget* owner) {
+  QMessageBox box(owner);
+  box.setObjectName("MessageBox");
+  box.setTextFormat(Qt::PlainText);
+  box.setWindowTitle(message.title.isEmpty() ? ApplicationTitle() : message.title);
+  box.setText(QString(message.text).replace("\r\n", "\n"));
+  box.setIcon(IconOf(message.icon));
+  const bool asks = message.buttons == Message::Buttons::yesNo;
+  box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
+  if (message.helpTopic != kNoHelpTopic) AddHelpButton(box, help_, message.helpTopic);
+  box.setWindowFlag(Qt::WindowStaysOnTopHint, message.systemModal);
+  // Help stays usable beside a box that offers it.
+  box.setWindowModality(message.helpTopic != kNoHelpTopic ? Qt::WindowModal : Qt::ApplicationModal);
+  const int answer = box.exec();
+  return answer == QMessageBox::Yes || answer == QMessageBox::Ok;
+}
+
+}  // namespace korvane

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/EventYield.h"
+
+#include <QCoreApplication>
+
+namespace korvane {
+
+namespace {
+
+constexpr auto kSlice = std::chrono::milliseconds(8);
+constexpr int kLinesPerLook = 64;  // reading the clock costs as much as reading a line
+
+}  // namespace
+
+EventYield::EventYield() : lastTurn_(std::chrono::steady_clock::now()) {}
+
+void EventYield::fullTurn() {
+  runEvents();
+  linesUntilLook_ = kLinesPerLook;
+  lastTurn_ = std::chrono::steady_clock::now();
+}
+
+void EventYield::runEvents() {
+  QCoreApplication::processEvents();
+}
+
+void EventYield::lookAtClock() {
+  linesUntilLook_ = kLinesPerLook;
+  if (std::chrono::steady_clock::now() - lastTurn_ >= kSlice) fullTurn();
+}
+
+}  // namespace korvane

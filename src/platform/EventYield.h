@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <chrono>
+
+namespace korvane {
+
+// Lets pending window events run in the middle of long work on the one user-interface thread. While they
+// run, the user can click anything: callers guard what must not start twice.
+class EventYield {
+ public:
+  EventYield();
+  virtual ~EventYield() = default;
+
+  // Made for every line that is read: next to free, and really enters the event loop only when a time slice
+  // has passed since it was last entered.
+  void perLine() {
+    if (--linesUntilLook_ <= 0) lookAtClock();
+  }
+
+  // Enters the event loop now, for steps that must be seen at once.
+  void fullTurn();
+
+ protected:
+  // Runs the pending events; tests put an event of their own in here.
+  virtual void runEvents();
+
+ private:
+  void lookAtClock();
+
+  int linesUntilLook_ = 0;
+  std::chrono::steady_clock::time_point lastTurn_;
+};
+
+}  // namespace korvane

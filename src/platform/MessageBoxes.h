@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <string_view>
+
+class QWidget;
+
+namespace korvane {
+
+// The title of a message that has none of its own, and of the main window.
+inline constexpr std::u16string_view kApplicationTitle = u"Command And Conquer Generals Korvane";
+inline QString ApplicationTitle() {
+  return QString::fromUtf16(kApplicationTitle.data());
+}
+
+inline constexpr int kNoHelpTopic = 0;
+
+struct Message {
+  enum class Icon { none, information, question, critical };
+  enum class Buttons { ok, yesNo };
+
+  QString text;     // plain text; line ends as CR LF
+  QString title{};  // empty: the application title
+  Icon icon = Icon::none;
+  Buttons buttons = Buttons::ok;
+  int helpTopic = kNoHelpTopic;  // a topic of the application's help file; adds a Help button
+  bool systemModal = false;      // stays above every window
+};
+
+// Asks and tells the user. An interface, so that tests answer in the user's place.
+class MessageBoxes {
+ public:
+  virtual ~MessageBoxes() = default;
+
+  // Shows the message and waits for the answer. True for OK and Yes, false for No and for closing the box.
+  virtual bool show(const Message& message, QWidget* owner) = 0;
+};
+
+}  // namespace korvane

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "platform/DesktopShell.h"
+#include "platform/EventYield.h"
+#include "platform/HelpViewer.h"
+#include "platform/MessageBoxes.h"
+#include "platform/ProcessEnd.h"
+
+namespace korvane {
+
+// Answers in the user's place and remembers what was said.
+class FakeMessageBoxes : public MessageBoxes {
+ public:
+  bool show(const Message& message, QWidget*) override {
+    shown.push_back(message);
+    return answer;
+  }
+  std::vector<Message> shown;
+  bool answer = true;
+};
+
+class FakeShell : public DesktopShell {
+ public:
+  void RunFile(const QString& filename, const QString& dir) override { runs.emplace_back(filename, dir); }
+  std::vector<std::pair<QString, QString>> runs;
+};
+
+class FakeProcessEnd : public ProcessEnd {
+ public:
+  void end() override { ++ends; }
+  int ends = 0;
+};
+
+class FakeHelpViewer : public HelpViewer {
+ public:
+  void showContents() override { topics.push_back(0); }
+  void showTopic(int topic) override { topics.push_back(topic); }
+  std::vector<int> topics;  // 0: the contents
+};
+
+// Runs a test's own step the next time that long work lets events run.
+class ScriptedYield : public EventYield {
+ public:
+  std::function<void()> onTurn;
+
+ protected:
+  void runEvents() override {
+    if (onTurn) std::exchange(onTurn, nullptr)();
+    EventYield::runEvents();
+  }
+};
+
+}  // namespace korvane
