@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/FontDialog.h"
+
+#include <QFont>
+#include <QFontDialog>
+#include <QFontInfo>
+
+#include <algorithm>
+
+namespace korvane {
+
+namespace {
+
+const QString kPresetFace = QStringLiteral("Times New Roman");
+constexpr double kPresetPoints = 10;
+constexpr double kSmallestPoints = 10;
+constexpr double kLargestPoints = 72;
+
+double Limited(double points) {
+  return std::clamp(points, kSmallestPoints, kLargestPoints);
+}
+
+// The toolkit's dialog has no limits of its own: a size beyond them is put right, and the dialog stays open
+// to show what it has become.
+class LimitedFontDialog : public QFontDialog {
+ public:
+  explicit LimitedFontDialog(QWidget* owner) : QFontDialog(owner) {
+    setOption(DontUseNativeDialog);
+    QFont preset(kPresetFace);
+    preset.setPointSizeF(kPresetPoints);
+    setCurrentFont(preset);
+  }
+
+  void done(int result) override {
+    QFont chosen = currentFont();
+    const double points = chosen.pointSizeF();
+    if (result == Accepted && points != Limited(points)) {
+      chosen.setPointSizeF(Limited(points));
+      setCurrentFont(chosen);
+      return;
+    }
+    QFontDialog::done(result);
+  }
+};
+
+FontRecord RecordOf(const QFont& font) {
+  FontRecord record;
+  record.faceName = font.family();
+  record.weight = font.bold() ? kBoldWeight : kRegularWeight;
+  record.italic = font.italic() ? kItalicByte : 0;
+  record.underline = font.underline() ? 1 : 0;
+  record.strikeOut = font.strikeOut() ? 1 : 0;
+  record.tenthsOfPoint = qRound(font.pointSizeF() * 10);
+  return record;
+}
+
+}  // namespace
+
+bool IsBold(int weight) {
+  return weight == kBoldWeight;
+}
+
+bool IsItalic(int value) {
+  return value == kItalicByte;
+}
+
+FontRecord FontDialog::ShowFontDialog() {
+  LimitedFontDialog dialog(owner_());
+  return dialog.exec() == QDialog::Accepted ? RecordOf(dialog.selectedFont()) : FontRecord{};
+}
+
+}  // namespace korvane

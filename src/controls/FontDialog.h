@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <utility>
+
+class QFont;
+class QWidget;
+
+namespace korvane {
+
+inline constexpr int kRegularWeight = 400;
+inline constexpr int kBoldWeight = 700;
+inline constexpr int kItalicByte = 255;
+
+// A font as the font dialog leaves it.
+struct FontRecord {
+  QString faceName;             // empty when the dialog was cancelled
+  int weight = kRegularWeight;  // kRegularWeight or kBoldWeight
+  int italic = 0;               // 0 or kItalicByte
+  int underline = 0;            // 0 or not
+  int strikeOut = 0;            // 0 or not
+  int tenthsOfPoint = 100;
+
+  bool cancelled() const { return faceName.isEmpty(); }
+  double points() const { return tenthsOfPoint / 10.0; }
+};
+
+bool IsBold(int weight);
+bool IsItalic(int value);
+
+// Lets the user choose a font. An interface, so that tests choose in the user's place.
+class FontChooser {
+ public:
+  virtual ~FontChooser() = default;
+
+  // Waits for the choice. A cancelled dialog gives the preset record without a face name.
+  virtual FontRecord ShowFontDialog() = 0;
+};
+
+// The toolkit's font dialog, preset to Times New Roman 10 pt; sizes from 10 to 72 points.
+class FontDialog : public FontChooser {
+ public:
+  // `owner` gives the window that the dialog belongs to, at the time it is shown.
+  explicit FontDialog(std::function<QWidget*()> owner) : owner_(std::move(owner)) {}
+
+  FontRecord ShowFontDialog() override;
+
+ private:
+  std::function<QWidget*()> owner_;
+};
+
+}  // namespace korvane
