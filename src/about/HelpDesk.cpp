@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "about/HelpDesk.h"
+
+namespace korvane {
+
+FrmHelp& HelpDesk::window() {
+  if (window_.isNull()) {
+    window_ = new FrmHelp(helpFile_);
+    window_->setAttribute(Qt::WA_DeleteOnClose);
+    connect(window_, &FrmHelp::webLinkOpened, this, &HelpDesk::webLinkOpened);
+  }
+  return *window_;
+}
+
+void HelpDesk::showContents() {
+  window().showContents();
+  present();
+}
+
+void HelpDesk::showTopic(int topic) {
+  window().showTopic(topic);
+  present();
+}
+
+void HelpDesk::present() {
+  window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
+  window_->show();
+  window_->raise();
+  window_->activateWindow();
+}
+
+}  // namespace korvane
