@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/InPlaceTable.h"
+
+#include <QEvent>
+#include <QHeaderView>
+
+#include "controls/InPlaceTableDelegate.h"
+#include "platform/TextEncoding.h"
+#include "platform/Twips.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr int kRowSpace = 6;  // above and below a row's text, together
+
+constexpr QAbstractItemView::EditTriggers kEditing =
+    QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed;
+
+}  // namespace
+
+InPlaceTable::InPlaceTable(QWidget* parent) : QTableView(parent) {
+  setModel(&model_);
+  setItemDelegate(new InPlaceTableDelegate(model_, this));
+  setEditTriggers(NoEditTriggers);
+  setSelectionBehavior(SelectRows);
+  setSelectionMode(SingleSelection);
+  setTabKeyNavigation(false);  // the Tab key leads out of the table
+  setShowGrid(false);
+  setWordWrap(false);
+  setHorizontalScrollMode(ScrollPerPixel);
+  horizontalHeader()->setHighlightSections(false);
+  verticalHeader()->hide();
+  fitRows();
+}
+
+void InPlaceTable::addColumn(const QString& caption, int widthTwips) {
+  model_.addColumn(caption);
+  setColumnWidth(model_.columnCount() - 1, PixelsFromTwips(widthTwips, *this));
+}
+
+void InPlaceTable::setUp(int mode) {
+  setEditTriggers(mode == 0 ? NoEditTriggers : kEditing);
+}
+
+void InPlaceTable::setPickList(bool on) {
+  setEditTriggers(on ? NoEditTriggers : kEditing);
+}
+
+void InPlaceTable::hideHeaders() {
+  horizontalHeader()->hide();
+}
+
+void InPlaceTable::setFontSize(int points) {
+  QFont larger = font();
+  larger.setPointSize(points);
+  setFont(larger);
+}
+
+void InPlaceTable::AddCell(std::string_view text, int column, EditKind kind) {
+  if (column == InPlaceTableModel::kCaption) {
+    addRow(FromBytes(text));
+  } else {
+    setValue(FromBytes(text), kind);
+  }
+}
+
+void InPlaceTable::finish() {
+  model_.show();
+  fitRows();
+}
+
+std::optional<QString> InPlaceTable::selectedCaption() const {
+  const QModelIndexList selected = selectionModel()->selectedRows();
+  if (selected.isEmpty()) return std::nullopt;
+  return selected.first().data().toString();
+}
+
+int InPlaceTable::rowHeightFor(int row) const {
+  const auto lines = 1 + model_.shownRow(row).value.count(QLatin1String("\r\n"));
+  const int text = static_cast<int>(lines) * fontMetrics().lineSpacing();
+  return model_.isSeparator(row) ? text / 2 : text + kRowSpace;
+}
+
+void InPlaceTable::fitRows() {
+  verticalHeader()->setMinimumSectionSize(1);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().lineSpacing() + kRowSpace);
+  for (int row = 0; row < model_.rowCount(); ++row) {
+    if (const int height = rowHeightFor(row); height != rowHeight(row)) setRowHeight(row, height);
+  }
+}
+
+void InPlaceTable::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) fitRows();
+}
+
+bool InPlaceTable::edit(const QModelIndex& cell, EditTrigger trigger, QEvent* event) {
+  const bool byKey = trigger == EditKeyPressed || trigger == AnyKeyPressed;
+  return QTableView::edit(byKey ? cell.siblingAtColumn(InPlaceTableModel::kValue) : cell, trigger, event);
+}
+
+QModelIndex InPlaceTable::nextEditable(int row, int step) const {
+  for (row += step; row >= 0 && row < model_.rowCount(); row += step) {
+    const QModelIndex cell = model_.index(row, InPlaceTableModel::kValue);
+    if (model_.isEditable(cell)) return cell;
+  }
+  return {};
+}
+
+void InPlaceTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+  const int row = currentIndex().row();
+  QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+  if (hint == QAbstractItemDelegate::NoHint || hint == QAbstractItemDelegate::RevertModelCache) return;
+  const QModelIndex next = nextEditable(row, hint == QAbstractItemDelegate::EditPreviousItem ? -1 : 1);
+  if (!next.isValid()) return;
+  setCurrentIndex(next);
+  if (hint != QAbstractItemDelegate::SubmitModelCache) QTableView::edit(next);
+}
+
+}  // namespace korvane

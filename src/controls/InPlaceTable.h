@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QTableView>
+
+#include <optional>
+
+#include "controls/InPlaceTableModel.h"
+#include "ini/TableSink.h"
+
+namespace korvane {
+
+// A table of captions and values that can be edited in place. What the user types is shown and nothing more:
+// it is lost at the next fill.
+//
+// A fill goes from ClearRows to finish(); until then the rows of the fill before it are seen.
+class InPlaceTable : public QTableView, public TableSink {
+  Q_OBJECT
+
+ public:
+  explicit InPlaceTable(QWidget* parent = nullptr);
+
+  void addColumn(const QString& caption, int widthTwips);
+  // Lets the user edit the values, each as its kind allows.
+  void setUp(int mode);
+  // Nothing can be edited, one row can be picked.
+  void setPickList(bool on);
+  void hideHeaders();
+  void setFontSize(int points);
+
+  // Texts are the files' bytes.
+  void ClearRows() override { model_.clear(); }
+  void Prepare() override {}
+  void AddCell(std::string_view text, int column, EditKind kind = EditKind::none) override;
+  void AddChoices(ChoiceList choices) override { model_.setChoices(std::move(choices)); }
+
+  // The same from texts of the program's own.
+  void addRow(const QString& caption) { model_.addRow(caption); }
+  void setValue(const QString& text, EditKind kind = EditKind::none) { model_.setValue(text, kind); }
+
+  void setAllCaptionsRedAndBold() { model_.markCaptions(); }
+  // Shows the rows collected since ClearRows.
+  void finish();
+
+  // The rows collected so far while a fill runs, else the rows that are seen.
+  int rowCount() const { return static_cast<int>(model_.rows().size()); }
+  const InPlaceTableModel::Row& row(int number) const {
+    return model_.rows().at(static_cast<std::size_t>(number));
+  }
+  // The caption of the selected row, or nothing.
+  std::optional<QString> selectedCaption() const;
+
+ protected:
+  bool edit(const QModelIndex& cell, EditTrigger trigger, QEvent* event) override;
+  void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void fitRows();
+  int rowHeightFor(int row) const;
+  // The nearest value after (step 1) or before (step -1) the row that can be edited.
+  QModelIndex nextEditable(int row, int step) const;
+
+  InPlaceTableModel model_;
+};
+
+}  // namespace korvane
