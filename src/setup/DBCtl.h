@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,7 @@
 
 namespace korvane {
 
+struct DbfField;
 class DbfTable;
 
 // Stores bytes as the whole new contents of the file at the program's path. Gives the reason of a failure, or
@@ -63,9 +65,21 @@ class DBCtl {
 
  private:
   DbfTable& table() const;
+  const std::string& currentRecord() const;
+  void rewind();
+  void stepForward();
+  void stepBack();
+  void readCurrent();
+  void arrive();
+  void store(const DbfField& wanted, std::string_view data);
+  void replace(const std::string& path, std::string_view bytes);
 
   ReplaceFile replaceFile_;
   std::unique_ptr<DbfTable> table_;
+  std::int64_t row_ = -1;  // the place of the current record among the stored ones, deleted ones included
+  std::int64_t position_ = -1;  // its place among the records
+  std::string record_;          // its bytes, empty when there is none
+  std::optional<std::int64_t> count_;
 };
 
 }  // namespace korvane

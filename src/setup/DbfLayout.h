@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "setup/MemoFile.h"
+#include "setup/RandomFile.h"
+
+namespace korvane {
+
+struct DbfField {
+  std::string name;
+  char type;
+  std::size_t offset;  // in the record, whose first byte is the deletion mark
+  std::size_t length;
+
+  bool isMemo() const { return type == 'M' || type == 'B' || type == 'G'; }
+  bool isNumber() const { return type == 'N' || type == 'F'; }
+};
+
+// What the header of a dBASE table says.
+struct DbfLayout {
+  MemoKind memoKind;
+  std::uint64_t recordCount;  // records that are really there
+  std::uint64_t headerLength;
+  std::uint64_t recordLength;
+  std::uint8_t languageDriver;
+  std::vector<DbfField> fields;
+};
+
+// Reads the header and holds it against the file's size. A header count beyond what the file can hold is
+// lowered to that; any other lie, and a record that is cut off, is a DatabaseError, and so is a version other
+// than III and IV (noDriver).
+DbfLayout ReadDbfLayout(RandomFile& file);
+
+}  // namespace korvane

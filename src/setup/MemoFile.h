@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "setup/RandomFile.h"
+
+namespace korvane {
+
+enum class MemoKind {
+  version3,  // a text that ends at two 1A bytes
+  version4,  // FF FF 08 00, the length with these eight bytes, the text
+};
+
+// A memo as it lies in the file, filled up to whole blocks.
+std::string MemoBlocks(MemoKind kind, std::string_view text, std::uint64_t blockSize);
+
+// A memo file with `firstFree` as the number of its first free block, and nothing in it.
+std::string MemoFileHeader(std::uint64_t firstFree, std::uint64_t blockSize);
+
+// The texts of a table's memo fields, each found by the number of its first block.
+class MemoFile {
+ public:
+  // Opens the memo file at the program's path. A missing or empty one is a DatabaseError.
+  MemoFile(std::string path, MemoKind kind);
+
+  // The text at the block, with no more memory taken than the file has bytes. A number outside the file, or
+  // bytes that are no memo, are a DatabaseError.
+  std::string read(std::uint64_t block);
+
+  struct Grown {
+    std::string bytes;    // the whole file with the text at its end
+    std::uint64_t block;  // where the text begins
+  };
+  // A copy of the file with one more text. DatabaseError for a text that this kind of memo cannot hold.
+  Grown withText(std::string_view text);
+
+  const std::string& path() const { return path_; }
+  // Lets go of the file, so that another can take its place; reopen() then reads that one.
+  void close() { file_.close(); }
+  void reopen();
+
+ private:
+  std::string readVersion3(std::uint64_t offset);
+  std::string readVersion4(std::uint64_t offset);
+
+  std::string path_;
+  MemoKind kind_;
+  RandomFile file_;
+  std::uint64_t blockSize_ = 0;
+};
+
+}  // namespace korvane

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <fstream>
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+// A file that is read piece by piece, where the pieces lie.
+class RandomFile {
+ public:
+  // Opens the ordinary file at the program's path. False when there is none, or it may not be read.
+  bool open(std::string_view path);
+  void close() { file_.close(); }
+
+  // The file's length when it was opened.
+  std::uint64_t size() const { return size_; }
+
+  // The bytes at the offset: fewer than asked for where the file ends or cannot be read. Never takes more
+  // memory than the file has bytes.
+  std::string read(std::uint64_t offset, std::uint64_t length);
+
+ private:
+  std::ifstream file_;
+  std::uint64_t size_ = 0;
+};
+
+}  // namespace korvane
