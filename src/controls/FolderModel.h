@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractItemModel>
+#include <QIcon>
+#include <QTimer>
+
+#include <memory>
+#include <vector>
+
+#include "controls/FolderPlaces.h"
+
+namespace korvane {
+
+// Folders of the real file system without the hidden ones. A folder is read when it is looked at, a few
+// milliseconds at a time, so that one with very many entries never holds up the windows. One that cannot be
+// read has no folders in it.
+class FolderModel : public QAbstractItemModel {
+  Q_OBJECT
+
+ public:
+  enum Role {
+    PathRole = Qt::UserRole,  // the program's path text of the folder
+    GameRole                  // true when the game's program lies in the folder, as far as it has been read
+  };
+
+  explicit FolderModel(QList<FolderPlace> places, QObject* parent = nullptr);
+  ~FolderModel() override;
+
+  // Begins to read the folder, unless it has been read already.
+  void look(const QModelIndex& index);
+  // Drops what was read, so that the next look shows the folder as it is then.
+  void forget(const QModelIndex& index);
+
+  QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+  QModelIndex parent(const QModelIndex& index) const override;
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex&) const override { return 1; }
+  bool hasChildren(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+
+ signals:
+  // Everything that was looked at has been read.
+  void settled();
+
+ private:
+  struct Folder;
+  struct Scan;
+
+  Folder& at(const QModelIndex& index) const;
+  QString nativePath(const Folder& folder) const;
+  QString path(const Folder& folder) const;
+  QIcon icon(const Folder& folder) const;
+  void readOn();
+  bool advance(Scan& scan) const;
+  void finish(Scan scan);
+  void insert(const QModelIndex& index, QStringList names);
+
+  QList<FolderPlace> places_;
+  QIcon folderIcon_;
+  QIcon gameFolderIcon_;
+  std::unique_ptr<Folder> root_;
+  std::vector<Scan> scans_;  // the last one is read first: it is what the user sees now
+  QTimer timer_;
+};
+
+}  // namespace korvane

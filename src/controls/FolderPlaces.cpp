@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/FolderPlaces.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QStyle>
+
+#include "controls/Icons.h"
+#include "files/NativePath.h"
+
+namespace korvane {
+
+namespace {
+
+QString WithBackslashes(QString path) {
+  return path.replace('/', '\\');
+}
+
+QIcon DriveIcon() {
+  return QApplication::style()->standardIcon(QStyle::SP_DriveHDIcon);
+}
+
+}  // namespace
+
+#ifdef Q_OS_WIN
+
+QList<FolderPlace> StandardPlaces() {
+  QList<FolderPlace> places;
+  for (const QFileInfo& drive : QDir::drives()) {
+    const QString path = WithBackslashes(drive.path());
+    places += {path, path, drive.path(), DriveIcon()};
+  }
+  return places;
+}
+
+#else
+
+QList<FolderPlace> StandardPlaces() {
+  const QString home = QDir::homePath();
+  QList<FolderPlace> places = {{"/", "\\", "/", DriveIcon()},
+                               {QCoreApplication::translate("FolderPlaces", "Home (%1)").arg(home),
+                                WithBackslashes(home), home, ThemeIcon("home")}};
+  const std::string driveC = "C:\\";
+  if (FolderExists(driveC)) {
+    places += {QString::fromStdString(driveC), QString::fromStdString(driveC),
+               QString::fromStdU16String(NativePath(driveC).u16string()), DriveIcon()};
+  }
+  return places;
+}
+
+#endif
+
+}  // namespace korvane

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/FolderTree.h"
+
+#include <QHeaderView>
+
+namespace korvane {
+
+namespace {
+
+constexpr int kLayoutDelayMs = 150;
+
+bool IsBelow(QModelIndex index, const QModelIndex& ancestor) {
+  do index = index.parent();
+  while (index.isValid() && index != ancestor);
+  return index.isValid();
+}
+
+}  // namespace
+
+FolderTree::FolderTree(const QList<FolderPlace>& places, QWidget* parent)
+    : QTreeView(parent), model_(new FolderModel(places, this)) {
+  setAccessibleName(tr("Folders"));
+  setHeaderHidden(true);
+  setUniformRowHeights(true);
+  setModel(model_);
+  header()->setStretchLastSection(false);
+  header()->setResizeContentsPrecision(0);  // the rows on the screen only
+  header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  connect(this, &QTreeView::expanded, model_, &FolderModel::look);
+  connect(this, &QTreeView::collapsed, this, &FolderTree::closed);
+  // Folders that turned out to be empty lose the mark that they can be opened. A new layout takes its time in
+  // a very large folder, so it waits until the scrolling has ended.
+  layoutTimer_.setSingleShot(true);
+  layoutTimer_.setInterval(kLayoutDelayMs);
+  connect(model_, &FolderModel::settled, &layoutTimer_, qOverload<>(&QTimer::start));
+  connect(&layoutTimer_, &QTimer::timeout, this, &FolderTree::scheduleDelayedItemsLayout);
+}
+
+// Rows on the screen are read ahead, which shows where the game is. A drive is read only when the user opens
+// it: one that is not there can take long to say so.
+void FolderTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+  if (index.parent().isValid()) model_->look(index);
+  QTreeView::drawRow(painter, option, index);
+}
+
+void FolderTree::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  QTreeView::selectionChanged(selected, deselected);
+  const QModelIndexList indexes = selected.indexes();
+  if (!indexes.isEmpty()) emit folderSelected(indexes.first().data(FolderModel::PathRole).toString());
+}
+
+// A folder that is selected stays so until another one is: no click takes a selection back.
+QItemSelectionModel::SelectionFlags FolderTree::selectionCommand(const QModelIndex& index,
+                                                                 const QEvent* event) const {
+  const auto command = QTreeView::selectionCommand(index, event);
+  const bool takesBack = command.testFlag(QItemSelectionModel::Toggle) ||
+                         command.testFlag(QItemSelectionModel::Deselect) || !index.isValid();
+  if (!takesBack) return command;
+  return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                         : QItemSelectionModel::NoUpdate;
+}
+
+// A closed folder is read anew when it is opened the next time.
+void FolderTree::closed(const QModelIndex& index) {
+  if (IsBelow(currentIndex(), index)) setCurrentIndex(index);
+  model_->forget(index);
+}
+
+}  // namespace korvane

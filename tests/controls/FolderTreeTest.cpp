@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <filesystem>
+
+#include "controls/FolderTree.h"
+#include "support/GameFolder.h"
+
+namespace korvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+class FolderTreeTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    tree.resize(400, 400);
+    tree.show();
+    tree.setFocus();
+  }
+
+  void makeFolder(const char* name) const { fs::create_directories(disk.native(name)); }
+
+  // Opens the place at the top, as a user does, and waits until all is read that the screen shows.
+  void open(const QModelIndex& index) {
+    tree.setCurrentIndex(index);
+    QTest::keyClick(&tree, Qt::Key_Right);
+    QTest::qWait(50);
+  }
+  QModelIndex top() const { return tree.model()->index(0, 0); }
+
+  QStringList names(const QModelIndex& parent) const {
+    QStringList found;
+    for (int row = 0; row < tree.model()->rowCount(parent); ++row) {
+      found += tree.model()->index(row, 0, parent).data().toString();
+    }
+    return found;
+  }
+  QModelIndex child(const QModelIndex& parent, const QString& name) const {
+    const auto row = names(parent).indexOf(name);
+    return row < 0 ? QModelIndex() : tree.model()->index(static_cast<int>(row), 0, parent);
+  }
+  bool marked(const QString& name) const {
+    return child(top(), name).data(Qt::FontRole).value<QFont>().bold();
+  }
+
+  GameFolder disk;
+  FolderTree tree{{{"disk", disk.qpath(), QString::fromStdString(disk.native("").string()), {}}}};
+};
+
+TEST_F(FolderTreeTest, ShowsFoldersOnlyAndLeavesHiddenOnesOut) {
+  makeFolder("Maps");
+  makeFolder(".cache");
+  makeFolder("art");
+  disk.write("readme.txt", "");
+  open(top());
+  EXPECT_EQ(names(top()), (QStringList{"art", "Data", "Maps"}));
+}
+
+TEST_F(FolderTreeTest, TheKeyboardAloneReachesAFolderAndReportsItsFullPath) {
+  EXPECT_FALSE(tree.selectionModel()->hasSelection());
+  QSignalSpy selected(&tree, &FolderTree::folderSelected);
+  open(top());
+  QTest::keyClick(&tree, Qt::Key_Down);
+  QTest::keyClick(&tree, Qt::Key_Right);
+  QTest::qWait(50);
+  QTest::keyClick(&tree, Qt::Key_Right);
+  ASSERT_EQ(selected.size(), 3);
+  EXPECT_EQ(selected.last().first().toString(), disk.qpath() + "\\Data\\INI");
+}
+
+TEST_F(FolderTreeTest, AFolderWithTheGameStandsOutWhateverItsLetterCase) {
+  disk.write("Small/generals.exe", "");
+  disk.write("Mixed/GENERALS.Exe", "");
+  disk.write("Other/generals.exe.bak", "");
+  makeFolder("Folder/generals.exe");
+  open(top());
+  EXPECT_TRUE(marked("Small"));
+  EXPECT_TRUE(marked("Mixed"));
+  EXPECT_FALSE(marked("Other"));
+  EXPECT_FALSE(marked("Folder"));
+}
+
+TEST_F(FolderTreeTest, AFolderWithoutFoldersCannotBeOpened) {
+  makeFolder("empty");
+  open(top());
+  EXPECT_FALSE(tree.model()->hasChildren(child(top(), "empty")));
+  EXPECT_TRUE(tree.model()->hasChildren(child(top(), "Data")));
+}
+
+TEST_F(FolderTreeTest, ClosingAFolderSelectsItAndOpeningItAgainShowsTheDiskAsItIsThen) {
+  open(top());
+  tree.setCurrentIndex(child(top(), "Data"));
+  makeFolder("later");
+  tree.collapse(top());
+  EXPECT_EQ(tree.currentIndex(), top());
+  open(top());
+  EXPECT_TRUE(names(top()).contains("later"));
+}
+
+TEST_F(FolderTreeTest, OddFoldersDoNoHarm) {
+  makeFolder("a\\b");
+  makeFolder("line\nend");
+  makeFolder("vanishing");
+  fs::create_directory_symlink(".", disk.native("loop"));
+  fs::create_directory_symlink("nowhere", disk.native("broken"));
+  open(top());
+  EXPECT_EQ(names(top()), (QStringList{"Data", QString("line") + QChar::ReplacementCharacter + "end", "loop",
+                                       "vanishing"}));
+  fs::remove(disk.native("vanishing"));
+  open(child(top(), "vanishing"));
+  QModelIndex loop = child(top(), "loop");
+  for (int level = 0; level < 60 && loop.isValid(); ++level) {
+    open(loop);
+    loop = child(loop, "loop");
+  }
+  EXPECT_FALSE(loop.isValid()) << "the system ends a loop of links";
+}
+
+TEST_F(FolderTreeTest, AnotherClickOnTheSelectedFolderKeepsIt) {
+  const QPoint place = tree.visualRect(top()).center();
+  QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, place);
+  QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::ControlModifier, place);
+  QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, {200, 380});
+  EXPECT_TRUE(tree.selectionModel()->isSelected(top()));
+}
+
+// Events keep running while a large folder is read: no turn of the loop takes long.
+TEST_F(FolderTreeTest, AVeryLargeFolderDoesNotHoldUpTheWindow) {
+  for (int i = 0; i < 10000; ++i) fs::create_directory(disk.native("n" + std::to_string(i)));
+  tree.setCurrentIndex(top());
+  QTest::keyClick(&tree, Qt::Key_Right);
+  int turns = 0;
+  while (tree.model()->rowCount(top()) == 0 && turns < 100000) {
+    QCoreApplication::processEvents();
+    ++turns;
+  }
+  EXPECT_EQ(tree.model()->rowCount(top()), 10001);
+  EXPECT_GT(turns, 2);
+}
+
+}  // namespace
+}  // namespace korvane
