@@ -80,6 +80,19 @@ class SParse {
   void GetLocomotorData(const SelectedObject& object, int selectedTab, int LowerBound, int UpperBound,
                         LocomotorFields& fields);
 
+  // Fill a table with the block of the selected entry, one row for each parameter (weapons, command buttons),
+  // line (armour types) or slot (command sets), and give the block's text. A parameter that is not in the
+  // block has a caption without a value. The caller completes the table.
+  std::string GetWeaponData(std::string_view selected, TableSink& table);
+  std::string GetArmourData(std::string_view selected, TableSink& table);
+  std::string GetCmdSetData(std::string_view selected, TableSink& table);
+  std::string GetCmdBtnData(std::string_view selected, TableSink& table);
+
+  ChoiceList ButtonNames;  // what every slot of a command set offers; set when their editor loads
+
+  // Fills the table from an armour type's block: damage types and percentages.
+  void SParseArmourText(std::string_view StrText, TableSink& table);
+
   // Cuts an object's text into its weapon sets, for WeaponSetTexts.
   void ExtractWeapons(std::string_view StrData);
   // One text for each weapon set of the last ExtractWeapons, and an empty one behind them.
@@ -94,6 +107,8 @@ class SParse {
 
   void startCollecting();
   void takeLine(std::string_view line);
+  // Takes a line of an armour type apart, into the two fields below.
+  void SParseArmourLine(std::string StrLine);
   std::vector<std::string> locomotorNames(const SelectedObject& object);
 
   std::function<std::string()> gameFolder_;
@@ -104,6 +119,8 @@ class SParse {
   bool taken_ = false;
   std::string lowerHeader_;  // kind word, space and ObjectName in small letters
   std::string buffer_;
+  std::string damageType_;
+  std::string percentage_;
   std::vector<std::string> weaponSetTexts_{1};
 };
 

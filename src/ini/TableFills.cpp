@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <span>
+#include <string>
+#include <utility>
+
+#include "ini/DataFiles.h"
+#include "ini/IniText.h"
+#include "ini/ParameterRows.h"
+#include "ini/SParse.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr int kSlots = 12;
+
+// One row of the table for each parameter; `lookUp` gives the value of a key, or nothing.
+template <typename LookUp>
+void FillRows(std::span<const ParameterRow> rows, TableSink& table, LookUp&& lookUp) {
+  table.ClearRows();
+  for (const ParameterRow& row : rows) {
+    table.AddCell(row.caption, 0);
+    if (row.key.empty()) {
+      table.AddCell(kSeparatorValue, 1);
+    } else if (const std::optional<std::string> value = lookUp(row.key)) {
+      table.AddCell(*value, 1, row.kind);
+    }
+    if (row.choices != nullptr) table.AddChoices(row.choices());
+  }
+}
+
+// The first word of what stands between the first "=" of the line and the next, words being apart by spaces.
+std::string_view DamageType(std::string_view line) {
+  const std::size_t equals = line.find('=');
+  if (equals == std::string_view::npos) return {};
+  line.remove_prefix(equals + 1);
+  line = TrimSpaces(line.substr(0, line.find('=')));
+  return line.substr(0, line.find(' '));
+}
+
+}  // namespace
+
+std::string SParse::GetWeaponData(std::string_view selected, TableSink& table) {
+  ObjectName = selected;
+  std::string text = GetObjectText("Weapon", kWeaponFile).append(kLineEnd);
+  FillRows(kWeaponRows, table, [&](std::string_view key) { return GetWeaponValue(key, text); });
+  return text;
+}
+
+std::string SParse::GetCmdBtnData(std::string_view selected, TableSink& table) {
+  ObjectName = selected;
+  std::string text = GetObjectText("CommandButton", kCommandButtonFile).append(kLineEnd);
+  FillRows(kCommandButtonRows, table, [&](std::string_view key) { return GetCommandButtonValue(key, text); });
+  return text;
+}
+
+std::string SParse::GetCmdSetData(std::string_view selected, TableSink& table) {
+  ObjectName = selected;
+  std::string text = GetObjectText("CommandSet", kCommandSetFile).append(kLineEnd);
+  table.ClearRows();
+  table.Prepare();
+  for (int slot = 1; slot <= kSlots; ++slot) {
+    table.AddCell(std::to_string(slot), 0);
+    if (const auto values = GetCommandSetValue(slot, text))
+      table.AddCell(std::string_view(*values).substr(0, values->find(kLineEnd)), 1, EditKind::choice);
+    table.AddChoices(ButtonNames);
+    if (yield_) yield_();
+  }
+  return text;
+}
+
+std::string SParse::GetArmourData(std::string_view selected, TableSink& table) {
+  ObjectName = selected;
+  std::string text = GetObjectText("Armor", kArmorFile).append(kLineEnd);
+  SParseArmourText(text, table);
+  return text;
+}
+
+void SParse::SParseArmourText(std::string_view StrText, TableSink& table) {
+  const std::string text = RemVBCrLf(StrText);
+  const std::vector<std::string_view> lines = Split(text, kLineEnd);
+  table.ClearRows();
+  for (std::size_t i = 1; i + 1 < lines.size(); ++i) {  // between the header and the End line
+    SParseArmourLine(std::string(lines[i]));
+    table.AddCell(damageType_, 0);
+    table.AddCell(percentage_, 1, EditKind::typed);
+  }
+}
+
+void SParse::SParseArmourLine(std::string StrLine) {
+  damageType_ = DamageType(StrLine);
+  if (StrLine.find(';') == std::string::npos) StrLine += " ;A Comment";
+  const std::vector<std::string_view> pieces = Split(StrLine, ";");
+  const std::string_view piece = pieces[pieces.size() - 2];
+  percentage_ = piece.substr(0, piece.find('%'));
+  percentage_ += '%';
+  percentage_.erase(0, percentage_.rfind(' ') + 1);  // without a space nothing
+}
+
+}  // namespace korvane
