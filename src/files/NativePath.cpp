@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
-#include <string>
 
 namespace korvane {
 
@@ -78,6 +77,13 @@ fs::path NativePath(std::string_view path) {
 }
 
 #endif
+
+std::string ProgramPath(const fs::path& native) {
+  const std::u8string text = native.u8string();
+  std::string path(text.begin(), text.end());
+  std::replace(path.begin(), path.end(), '/', '\\');
+  return path;
+}
 
 bool FileExists(std::string_view path) {
   try {

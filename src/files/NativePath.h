@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <string_view>
 
 namespace korvane {
@@ -12,6 +13,9 @@ namespace korvane {
 // matches the first in byte order), and a drive letter is looked up in the Wine prefix ($WINEPREFIX, else
 // ~/.wine). A component that matches nothing is kept as it is written.
 std::filesystem::path NativePath(std::string_view path);
+
+// The program's text of a path on this machine: UTF-8 with backslashes.
+std::string ProgramPath(const std::filesystem::path& native);
 
 // True when the length of the file at the program's path can be read. A folder, a bad path or any other
 // failure gives false; an empty file exists.

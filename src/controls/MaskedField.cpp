@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/MaskedField.h"
+
+#include <algorithm>
+
+namespace korvane {
+
+namespace {
+
+constexpr QChar kDigitPlace = u'#';
+constexpr QChar kPrompt = u'_';
+
+bool IsDigit(QChar c) {
+  return c >= u'0' && c <= u'9';
+}
+
+// The toolkit's own mask language: "0" is a digit that may be left out, and every literal is escaped.
+QString ToolkitMask(const QString& mask) {
+  QString text;
+  for (const QChar c : mask) {
+    if (c == kDigitPlace) {
+      text += u'0';
+    } else {
+      text += u'\\';
+      text += c;
+    }
+  }
+  return text + u';' + kPrompt;
+}
+
+}  // namespace
+
+void MaskedField::setMask(const QString& mask) {
+  mask_ = mask;
+  digits_ = static_cast<int>(mask.count(kDigitPlace));
+  unit_ = mask.mid(digits_).trimmed();
+  showTemplate();
+}
+
+void MaskedField::showTemplate() {
+  wholeValue_.clear();
+  if (mask_.isEmpty()) {
+    clear();
+  } else {
+    const QString toolkitMask = ToolkitMask(mask_);
+    if (inputMask() != toolkitMask) setInputMask(toolkitMask);
+    setText({});
+  }
+  setCursorPosition(0);
+}
+
+bool MaskedField::fits(const QString& value) const {
+  return value.size() <= digits_ && std::all_of(value.begin(), value.end(), IsDigit);
+}
+
+void MaskedField::insertValue(const QString& value) {
+  if (mask_.isEmpty() || fits(value)) {
+    insert(value);
+    return;
+  }
+  setInputMask({});
+  wholeValue_ = value;
+  setText(value + u' ' + unit_);
+  setCursorPosition(0);
+}
+
+QString MaskedField::clipText() const {
+  const QString shown = displayText();
+  if (mask_.isEmpty()) return shown;
+  if (!wholeValue_.isEmpty()) {
+    const QString tail = u' ' + unit_;
+    return text().endsWith(tail) ? text().chopped(tail.size()) : text();
+  }
+  return shown.left(digits_).remove(kPrompt);
+}
+
+}  // namespace korvane

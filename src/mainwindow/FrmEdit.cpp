@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow/FrmEdit.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QToolBar>
+
+#include <algorithm>
+#include <chrono>
+
+#include "controls/EditorLauncher.h"
+#include "controls/Placement.h"
+#include "mainwindow/MainMenu.h"
+#include "mainwindow/MainToolBar.h"
+#include "platform/EventYield.h"
+#include "platform/MessageBoxes.h"
+#include "platform/ProcessEnd.h"
+#include "platform/TextEncoding.h"
+#include "platform/Twips.h"
+#include "settings/SettingsStore.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr int kMargin = 100;         // twips around and between the tree and the tab box
+constexpr int kTabBoxWidth = 12000;  // twips; wide enough for the information list's columns
+constexpr int kTreeWidth = 4200;
+constexpr int kDesignHeight = 10200;
+constexpr double kLeastFontSize = 4;  // points; smaller ones cannot be read
+constexpr auto kFileButtonInterval = std::chrono::milliseconds(100);
+
+}  // namespace
+
+FrmEdit::FrmEdit(const Services& services, EditorLauncher& launcher, ManualEditTarget& target)
+    : services_(services),
+      launcher_(launcher),
+      SParse1_([&services] { return services.folders.game.toStdString(); },
+               [&services] { services.yield.perLine(); },
+               [this](bool busy) { busy ? setCursor(Qt::WaitCursor) : unsetCursor(); }),
+      TVMenu_(new ClickView<QTreeView>),
+      Toolbar1_(addToolBar("Toolbar")),
+      commands_(*this, SParse1_, services, launcher, target, [this] { return display_->selectedObject(); }) {
+  setObjectName("FrmEdit");
+  setWindowTitle(ApplicationTitle());
+  buildTree();
+  buildStatusBar();
+  buildLayout();
+  display_ = new ObjectDisplay(*this, *TVMenu_, objects_, fields_, panels_, SParse1_, services_);
+  buildCommands();
+  connectButtons();
+  load();
+}
+
+void FrmEdit::buildTree() {
+  TVMenu_->setObjectName("TVMenu");
+  TVMenu_->setAccessibleName("Objects");
+  TVMenu_->setModel(&objects_);
+  TVMenu_->setHeaderHidden(true);
+  TVMenu_->setUniformRowHeights(true);
+}
+
+void FrmEdit::buildStatusBar() {
+  statusBar()->setObjectName("StatusBar");
+  constexpr std::array kStretch = {5, 3, 3};
+  for (std::size_t i = 0; i < panels_.size(); ++i) {
+    panels_[i] = new QLabel;
+    panels_[i]->setObjectName("Panel" + QString::number(i + 1));
+    panels_[i]->setTextFormat(Qt::PlainText);
+    // A long text must not widen the window.
+    panels_[i]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    statusBar()->addWidget(panels_[i], kStretch[i]);
+  }
+}
+
+void FrmEdit::buildLayout() {
+  auto* area = new QWidget;
+  auto* layout = new QHBoxLayout(area);
+  const int margin = PixelsFromTwips(kMargin, *this);
+  layout->setContentsMargins(margin, margin, margin, margin);
+  layout->setSpacing(margin);
+  layout->addWidget(TVMenu_, 1);
+  layout->addWidget(fields_.F_Tab);
+  setCentralWidget(area);
+  const int screenWidth = QGuiApplication::primaryScreen()->availableGeometry().width();
+  const int captions = fields_.F_Tab->tabBar()->sizeHint().width() + 2 * margin;
+  const int tabBox = std::min(std::max(PixelsFromTwips(kTabBoxWidth, *this), captions), screenWidth * 3 / 4);
+  fields_.F_Tab->setFixedWidth(tabBox);
+  TVMenu_->setMinimumWidth(PixelsFromTwips(kTreeWidth / 3, *this));
+  resize(tabBox + PixelsFromTwips(kTreeWidth, *this), PixelsFromTwips(kDesignHeight, *this));
+}
+
+void FrmEdit::buildCommands() {
+  Toolbar1_->setObjectName("Toolbar1");
+  Toolbar1_->setMovable(false);
+  Toolbar1_->setContextMenuPolicy(Qt::PreventContextMenu);
+  const auto exit = [this] { exitCommand(); };
+  BuildMainMenu(*menuBar(), commands_, exit);
+  BuildMainToolBar(*Toolbar1_, commands_, exit);
+}
+
+void FrmEdit::connectButtons() {
+  connect(TVMenu_, &QTreeView::clicked, display_, &ObjectDisplay::select);
+  connect(fields_.CmdME_FINI, &QPushButton::clicked, this, [this] { commands_.editObjectFile(); });
+  connect(fields_.Btn_LEdit, &QPushButton::clicked, this, [this] { commands_.editLocomotors(); });
+  connect(fields_.Btn_FEdit, &QPushButton::clicked, this, [this] { commands_.editObjectBlock(); });
+  connect(fields_.Command2, &QPushButton::clicked, this, [this] { commands_.showArmour(armourText()); });
+  connect(fields_.CboArmour, &QComboBox::editTextChanged, this,
+          [this](const QString& name) { launcher_.selectArmour(name); });
+  const auto editsWeaponOf = [this](QPushButton* button, QComboBox* list) {
+    connect(button, &QPushButton::clicked, this, [this, list] { commands_.showWeapon(list->currentText()); });
+  };
+  editsWeaponOf(fields_.PWeaponEdit, fields_.PWeapon);
+  editsWeaponOf(fields_.SWeaponEdit, fields_.SWeapon);
+  editsWeaponOf(fields_.TWeaponEdit, fields_.TWeapon);
+  connect(&Timer1_, &QTimer::timeout, this, &FrmEdit::nameFileButton);
+}
+
+void FrmEdit::load() {
+  RestorePlacement(services_.settings, *this);
+  selectInfoTab();
+  applyTreeFont();
+  Timer1_.start(kFileButtonInterval);
+}
+
+void FrmEdit::applyOptions() {
+  applyTreeFont();
+  selectInfoTab();
+}
+
+void FrmEdit::selectInfoTab() {
+  bool isNumber = false;
+  const int tab = services_.settings.GetSet("InfoTab").toInt(&isNumber);
+  if (isNumber) fields_.F_Tab->setCurrentIndex(tab);
+}
+
+void FrmEdit::applyTreeFont() {
+  const SettingsStore& settings = services_.settings;
+  QFont font = TVMenu_->font();
+  if (const auto bold = FlagOf(settings.GetSet("MenuiBold"))) font.setBold(*bold);
+  const QString family = settings.GetSet("MenuiFont");
+  if (QFontDatabase::hasFamily(family)) font.setFamily(family);
+  bool isNumber = false;
+  const double size = settings.GetSet("MenuiFontSize").toDouble(&isNumber);
+  constexpr double kGreatestFontSize = 400;  // a larger one is a damaged entry
+  if (isNumber && size >= kLeastFontSize && size <= kGreatestFontSize) font.setPointSizeF(size);
+  if (const auto italic = FlagOf(settings.GetSet("MenuiItalic"))) font.setItalic(*italic);
+  if (const auto struckOut = FlagOf(settings.GetSet("MenuiStrikeout"))) font.setStrikeOut(*struckOut);
+  if (const auto underlined = FlagOf(settings.GetSet("MenuiUnderline"))) font.setUnderline(*underlined);
+  TVMenu_->setFont(font);
+}
+
+void FrmEdit::prepareInformationList() {
+  display_->information().prepare();
+}
+
+void FrmEdit::readWeapons() {
+  display_->readWeapons();
+}
+
+void FrmEdit::showRemark(const QString& text) {
+  panels_[0]->setText(text);
+  panels_[0]->setToolTip(text);
+}
+
+void FrmEdit::nameFileButton() {
+  const ObjectNode* node = objects_.node(TVMenu_->currentIndex());
+  const ObjectNode* file = node == nullptr ? nullptr : Grandparent(*node);
+  if (file != nullptr) fields_.CmdME_FINI->setText("Manual Edit " + FromBytes(file->key));
+}
+
+QStringList FrmEdit::weaponNames() const {
+  return fields_.weapons->stringList();
+}
+
+bool FrmEdit::armourChosen() const {
+  return !armourText().isEmpty();
+}
+
+QString FrmEdit::armourText() const {
+  return fields_.CboArmour->currentText();
+}
+
+bool FrmEdit::exitConfirmed() {
+  if (!FlagOf(services_.settings.GetSet("Exit")).value_or(true)) return true;
+  return services_.messages.show({.text = "Are you sure that you want to quit?",
+                                  .title = "Do you want to quit?",
+                                  .icon = Message::Icon::question,
+                                  .buttons = Message::Buttons::yesNo},
+                                 this);
+}
+
+void FrmEdit::closeEvent(QCloseEvent* event) {
+  if (ConfirmExit_) {
+    if (!exitConfirmed()) {
+      event->ignore();
+      return;
+    }
+    SavePlacement(services_.settings, *this);
+    CloseSoft();
+  }
+  event->accept();
+}
+
+void FrmEdit::CloseSoft() {
+  launcher_.CloseBrowse();
+  services_.process.end();
+}
+
+void FrmEdit::exitCommand() {
+  ConfirmExit_ = false;
+  SavePlacement(services_.settings, *this);
+  launcher_.CloseBrowse();
+  close();
+  services_.process.end();
+}
+
+}  // namespace korvane

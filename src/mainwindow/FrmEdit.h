@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QMainWindow>
+#include <QTimer>
+#include <QTreeView>
+
+#include <array>
+#include <functional>
+
+#include "controls/ClickView.h"
+#include "controls/Services.h"
+#include "controls/UnitChoices.h"
+#include "ini/SParse.h"
+#include "mainwindow/LaunchCommands.h"
+#include "mainwindow/ObjectDisplay.h"
+#include "mainwindow/ObjectTreeModel.h"
+#include "mainwindow/UnitFields.h"
+
+class QLabel;
+class QToolBar;
+
+namespace korvane {
+
+class EditorLauncher;
+struct ManualEditTarget;
+
+// The main window: the object tree, the tab box with the fields of the chosen object, menus, toolbar and
+// status bar.
+class FrmEdit : public QMainWindow, public UnitChoices {
+  Q_OBJECT
+
+ public:
+  FrmEdit(const Services& services, EditorLauncher& launcher, ManualEditTarget& target);
+
+  SParse& parser() { return SParse1_; }
+  ObjectTreeModel& objects() { return objects_; }
+
+  // The last steps of start-up: the information list's columns and the weapon lists.
+  void prepareInformationList();
+  void readWeapons();
+  // A remark in the status bar's first panel, until a node is chosen.
+  void showRemark(const QString& text);
+
+  // Takes the tree's font and the selected tab from the settings.
+  void applyOptions();
+
+  // Ends the program at once.
+  void CloseSoft();
+
+  QStringList weaponNames() const override;
+  bool armourChosen() const override;
+  QString armourText() const;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void buildTree();
+  void buildStatusBar();
+  void buildLayout();
+  void buildCommands();
+  void connectButtons();
+  void load();
+  void applyTreeFont();
+  void selectInfoTab();
+  void nameFileButton();
+  bool exitConfirmed();
+  void exitCommand();
+
+  const Services& services_;
+  EditorLauncher& launcher_;
+  SParse SParse1_;
+  ObjectTreeModel objects_;
+  ClickView<QTreeView>* TVMenu_;
+  UnitFields fields_;
+  QToolBar* Toolbar1_;
+  std::array<QLabel*, 3> panels_{};
+  ObjectDisplay* display_ = nullptr;
+  LaunchCommands commands_;
+  QTimer Timer1_;
+  bool ConfirmExit_ = true;
+};
+
+}  // namespace korvane

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <string>
+
+#include "controls/Services.h"
+#include "ini/SParse.h"
+
+class QWidget;
+
+namespace korvane {
+
+class EditorLauncher;
+struct ManualEditTarget;
+
+// What the menus, the toolbar and the buttons of the main window start.
+class LaunchCommands {
+ public:
+  // Whole numbers of the commands that open a file: where it lies.
+  enum Folder { ini = 0, objects = 1 };
+
+  // `selected` gives the tree's selected object.
+  LaunchCommands(QWidget& window, SParse& parser, const Services& services, EditorLauncher& launcher,
+                 ManualEditTarget& target, std::function<SelectedObject()> selected);
+
+  void runGame();
+  void showOptions();
+  void showWeaponEditor();
+  void showArmourEditor();
+  void showCommandSetEditor();
+  void showCommandButtonEditor();
+  void showHelp();
+  void showHelpContents();
+  void openGameFolder();
+  void openKorvaneFolder();
+  void openMakersPage();
+  void openDevelopmentPage();
+  void showAbout();
+  void tellAboutArrow();
+
+  // Open a whole file of "\Data\INI\" or of "\Data\INI\Object\" in the manual editor, or say that it does not
+  // exist.
+  void SF(const QString& filename) { openFile(ini, filename); }
+  void LF(const QString& filename) { openFile(objects, filename); }
+  // A data file by its name in any letter case; a name that is none does nothing.
+  void openDataFile(const QString& filename);
+
+  // The three buttons for manual editing of the selected object. Nothing happens without one.
+  void editObjectFile();
+  void editLocomotors();
+  void editObjectBlock();
+
+  // Shows the editor with the entry of the name selected.
+  void showArmour(const QString& name);
+  void showWeapon(const QString& name);
+
+ private:
+  void SetManualEditFile(int partial, int folder, const QString& filename);
+  void openFile(Folder folder, const QString& filename);
+  void editPart(const std::function<std::string()>& readText);
+
+  QWidget& window_;
+  SParse& parser_;
+  const Services& services_;
+  EditorLauncher& launcher_;
+  ManualEditTarget& target_;
+  std::function<SelectedObject()> selected_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,337 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow/ObjectDisplay.h"
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTreeView>
+
+#include "controls/MaskedField.h"
+#include "files/NativePath.h"
+#include "ini/DataFiles.h"
+#include "ini/IniText.h"
+#include "mainwindow/FrmColData.h"
+#include "mainwindow/ObjectTreeModel.h"
+#include "mainwindow/UnitFields.h"
+#include "platform/EventYield.h"
+#include "platform/TextEncoding.h"
+#include "settings/SettingsStore.h"
+
+namespace korvane {
+
+namespace {
+
+const QString kLineBreak = QStringLiteral("\r\n");
+constexpr std::string_view kObject = "Object";
+
+// The keys of the fields of UnitFields::textFields, in their order.
+constexpr std::array<std::string_view, 6> kTextKeys = {"MaxHealth", "InitialHealth", "BuildCost",
+                                                       "BuildTime", "VisionRange",   "ShroudClearingRange"};
+
+// What the bar of the progress window shows when a stage is done; the six text fields are stages 1 to 6.
+enum Stage {
+  armourRead = 8,
+  weaponsRead = 12,
+  weaponSetsRead = 16,
+  tabsRead = 20,
+  locomotorsRead = 24,
+  allRead = 25
+};
+
+QString WithoutLineBreaks(std::string_view bytes) {
+  return FromBytes(bytes).remove(kLineBreak);
+}
+
+QStringList LinesOf(std::string_view bytes) {
+  return bytes.empty() ? QStringList() : FromBytes(bytes).split(kLineBreak);
+}
+
+void Select(QComboBox& list, int index) {
+  const QSignalBlocker silent(list);
+  list.setCurrentIndex(index);
+}
+
+// Puts the handling values of a locomotor into the masked fields.
+class FieldSink : public LocomotorFields {
+ public:
+  explicit FieldSink(UnitFields& fields) : fields_(fields) {}
+  void reset(int index) override { field(index).showTemplate(); }
+  void insert(int index, std::string_view value) override { field(index).insertValue(FromBytes(value)); }
+
+ private:
+  MaskedField& field(int index) { return *fields_.HS_TextBox[static_cast<std::size_t>(index)]; }
+  UnitFields& fields_;
+};
+
+}  // namespace
+
+// Keeps the window disabled during a selection. It is not painted anew for that unless the selection lasts,
+// so that a quick click flashes nothing, and the focus is back in the tree afterwards.
+class ObjectDisplay::BusyWindow {
+ public:
+  BusyWindow(QWidget& window, QWidget& tree) : window_(window), tree_(tree), hadFocus_(tree.hasFocus()) {
+    window_.setUpdatesEnabled(false);
+    window_.setEnabled(false);
+  }
+  ~BusyWindow() {
+    window_.setEnabled(true);
+    if (hadFocus_) tree_.setFocus();
+    window_.setUpdatesEnabled(true);
+  }
+  BusyWindow(const BusyWindow&) = delete;
+  BusyWindow& operator=(const BusyWindow&) = delete;
+
+ private:
+  QWidget& window_;
+  QWidget& tree_;
+  bool hadFocus_;
+};
+
+ObjectDisplay::ObjectDisplay(QWidget& window, QTreeView& tree, const ObjectTreeModel& model,
+                             UnitFields& fields, StatusPanels panels, SParse& parser,
+                             const Services& services)
+    : QObject(&window),
+      window_(window),
+      tree_(tree),
+      model_(model),
+      fields_(fields),
+      panels_(panels),
+      parser_(parser),
+      services_(services),
+      information_(fields,
+                   [this] {
+                     const ObjectNode* node = model_.node(tree_.currentIndex());
+                     return node == nullptr ? QString() : FromBytes(node->text);
+                   }),
+      TVItem1_(parser.yield()),
+      TVItem2_(parser.yield()),
+      TVItem3_(parser.yield()) {
+  connectFields();
+}
+
+void ObjectDisplay::connectFields() {
+  const auto update = [this] { information_.UpdateLV(); };
+  for (QLineEdit* field : fields_.textFields()) connect(field, &QLineEdit::textChanged, this, update);
+  for (MaskedField* field : fields_.HS_TextBox) connect(field, &QLineEdit::textChanged, this, update);
+  for (QComboBox* list : {fields_.PWeapon, fields_.SWeapon, fields_.TWeapon}) {
+    connect(list, &QComboBox::activated, this, update);
+    connect(list->lineEdit(), &QLineEdit::textEdited, this, update);
+  }
+  for (std::size_t i = 0; i < fields_.HS_ClearBtn.size(); ++i) {
+    connect(fields_.HS_ClearBtn[i], &QPushButton::clicked, this, [this, i] { clearHandlingField(i); });
+  }
+  connect(fields_.Conditions, &QComboBox::activated, this, &ObjectDisplay::conditionChosen);
+  connect(fields_.CondCombo, &QComboBox::activated, this, [this](int index) {
+    if (DisplayReady_) Select(*fields_.Conditions, index);
+    conditionChosen(index);
+  });
+  connect(fields_.CboLoco, &QComboBox::activated, this, [this](int index) {
+    if (DisplayReady_) fields_.LocoTab->setCurrentIndex(index);
+  });
+  connect(fields_.LocoTab, &QTabBar::currentChanged, this, &ObjectDisplay::locomotorTabChosen);
+  connect(fields_.CboLocomotor->lineEdit(), &QLineEdit::textEdited, this, &ObjectDisplay::renameLocomotorTab);
+  connect(fields_.CboLocomotor, &QComboBox::textActivated, this, &ObjectDisplay::renameLocomotorTab);
+}
+
+SelectedObject ObjectDisplay::selectedObject() const {
+  const ObjectNode* node = model_.node(tree_.currentIndex());
+  return node == nullptr ? SelectedObject{} : SelectedObject{node->text, node->tag};
+}
+
+std::string ObjectDisplay::objectPath(const ObjectNode& node) const {
+  return ObjectFilePath(services_.folders.game.toStdString(), node.tag);
+}
+
+void ObjectDisplay::select(const QModelIndex& index) {
+  const ParserTurn turn(parser_);
+  const ObjectNode* node = model_.node(index);
+  if (!turn || node == nullptr) {
+    tree_.setCurrentIndex(shownNode_);
+    return;
+  }
+  shownNode_ = index;
+  BusyWindow busy(window_, tree_);
+  fields_.F_Tab->setEnabled(false);
+  DisplayReady_ = false;
+  armour_.clear();
+  reportNode(*node);
+  const bool isObject = IsObjectNode(*node);
+  const bool fileIsThere = !isObject || FileExists(objectPath(*node));
+  if (!fileIsThere) {
+    panels_[1]->setText(FromBytes(node->tag) + "  (Error: File does not exist)");
+    services_.yield.fullTurn();
+  } else if (isObject) {
+    showObject(*node);
+  }
+  fields_.CboArmour->setEditText(armour_);
+  if (fileIsThere) information_.UpdateLV();
+  DisplayReady_ = true;
+  services_.yield.fullTurn();
+}
+
+void ObjectDisplay::reportNode(const ObjectNode& node) {
+  panels_[1]->setText(FromBytes(node.tag));
+  services_.yield.fullTurn();
+  panels_[0]->setText(ObjectTreeModel::fullPath(node));
+  panels_[2]->setText("There are " + QString::number(node.children.size()) + " items in this catagory.");
+}
+
+void ObjectDisplay::showObject(const ObjectNode& node) {
+  const std::string file = "Object\\" + Grandparent(node)->key;
+  fields_.F_Tab->setEnabled(true);
+  FrmColData progress(window_);
+  connect(&progress, &FrmColData::cameUp, &window_, [this] { window_.setUpdatesEnabled(true); });
+  bool isNumber = false;
+  const int tab = services_.settings.GetSet("InfoTab").toInt(&isNumber);
+  if (isNumber) fields_.F_Tab->setCurrentIndex(tab);
+  parser_.ObjectName = node.text;
+  readTextFields(file, progress);
+  armour_ = FromBytes(parser_.GetParameterValue(kObject, "Armor ", file)).section(kLineBreak, 0, 0);
+  progress.setStage(armourRead);
+  readWeapons();
+  progress.setStage(weaponsRead);
+  readWeaponSets(file);
+  progress.setStage(weaponSetsRead);
+  readLocomotorTabs();
+  progress.setStage(tabsRead);
+  readChoices(progress);
+  const int selected = fields_.LocoTab->currentIndex();
+  if (selected >= 0) fields_.CboLocomotor->setEditText(fields_.LocoTab->tabText(selected));
+}
+
+void ObjectDisplay::readTextFields(const std::string& file, FrmColData& progress) {
+  const auto fields = fields_.textFields();
+  for (std::size_t i = 0; i < kTextKeys.size(); ++i) {
+    fields[i]->setText(WithoutLineBreaks(parser_.GetParameterValue(kObject, kTextKeys[i], file)));
+    progress.setStage(static_cast<int>(i) + 1);
+  }
+}
+
+void ObjectDisplay::readWeapons() {
+  QStringList names;
+  TVItem1_.NewLine = [&](std::string_view line) {
+    services_.yield.perLine();
+    if (!TVItem::CheckText(line, "Weapon ")) return;
+    if (const auto name = HeaderName(line)) names += FromBytes(*name);
+  };
+  TVItem1_.OpenFile(IniPath(services_.folders.game.toStdString(), kWeaponFile));
+  TVItem1_.NewLine = nullptr;
+  fields_.weapons->setStringList(names);
+  for (QComboBox* list : {fields_.PWeapon, fields_.SWeapon, fields_.TWeapon}) {
+    Select(*list, -1);
+    list->setEditText({});
+  }
+}
+
+void ObjectDisplay::readWeaponSets(const std::string& file) {
+  parser_.ExtractWeapons(parser_.GetObjectText(kObject, file));
+  QStringList conditions;
+  const std::vector<std::string>& sets = parser_.WeaponSetTexts();
+  for (std::size_t i = 0; i + 1 < sets.size(); ++i) {
+    conditions += WithoutLineBreaks(SParse::GetParameterValueNoINI("Weapon", "Conditions", sets[i]));
+  }
+  for (QComboBox* list : {fields_.CondCombo, fields_.Conditions}) {
+    list->clear();
+    list->addItems(conditions);
+    Select(*list, conditions.isEmpty() ? -1 : 0);
+  }
+  showWeaponsOf(fields_.Conditions->currentIndex());
+}
+
+void ObjectDisplay::readLocomotorTabs() {
+  const QStringList names = LinesOf(parser_.GetLocomotorNames(selectedObject()));
+  {
+    const QSignalBlocker silent(fields_.LocoTab);
+    while (fields_.LocoTab->count() > 0) fields_.LocoTab->removeTab(0);
+    for (const QString& name : names) {
+      const int position = fields_.LocoTab->addTab(name);
+      fields_.LocoTab->setTabData(position, "PvKey" + QString::number(position + 1));
+    }
+    fields_.LocoTab->setCurrentIndex(names.isEmpty() ? -1 : 0);
+  }
+  fields_.CboLoco->clear();
+  fields_.CboLoco->addItems(names);
+  showLocomotorOf(fields_.LocoTab->currentIndex());
+  Select(*fields_.CboLoco, names.isEmpty() ? -1 : 0);
+}
+
+void ObjectDisplay::readChoices(FrmColData& progress) {
+  const auto read = [this](TVItem& reader, std::string_view file, std::string_view kind, QComboBox& list) {
+    QStringList names;
+    reader.NewLine = [&](std::string_view line) {
+      services_.yield.perLine();
+      if (!TVItem::CheckText(line, kind)) return;
+      if (const auto name = HeaderName(line)) names += FromBytes(*name);
+    };
+    reader.OpenFile(IniPath(services_.folders.game.toStdString(), file));
+    reader.NewLine = nullptr;
+    ReplaceEntries(list, names);
+  };
+  read(TVItem2_, kLocomotorFile, "Locomotor ", *fields_.CboLocomotor);
+  progress.setStage(locomotorsRead);
+  read(TVItem3_, kArmorFile, "Armor", *fields_.CboArmour);
+  progress.setStage(allRead);
+}
+
+void ObjectDisplay::conditionChosen(int index) {
+  if (!DisplayReady_) {
+    information_.UpdateLV();
+    return;
+  }
+  showWeaponsOf(index);
+  Select(*fields_.CondCombo, index);
+  information_.UpdateLV();
+}
+
+void ObjectDisplay::showWeaponsOf(int weaponSet) {
+  const std::vector<std::string>& sets = parser_.WeaponSetTexts();
+  const bool exists = weaponSet >= 0 && static_cast<std::size_t>(weaponSet) < sets.size();
+  const QStringList lines = exists ? LinesOf(SParse::GetParameterValueNoINI(
+                                         "Weapon", "Weapon", sets[static_cast<std::size_t>(weaponSet)]))
+                                   : QStringList();
+  // Line 0 is the weapon set's own header.
+  fields_.PWeapon->setEditText(CleanWeaponName(lines.value(1)));
+  fields_.SWeapon->setEditText(CleanWeaponName(lines.value(2)));
+  fields_.TWeapon->setEditText(CleanWeaponName(lines.value(3)));
+}
+
+void ObjectDisplay::locomotorTabChosen(int tab) {
+  if (tab == shownTab_) return;
+  const ParserTurn turn(parser_);
+  if (turn) {
+    showLocomotorOf(tab);
+  } else {
+    fields_.LocoTab->setCurrentIndex(shownTab_);
+  }
+  Select(*fields_.CboLoco, fields_.LocoTab->currentIndex());
+}
+
+void ObjectDisplay::showLocomotorOf(int tab) {
+  shownTab_ = tab;
+  FieldSink sink(fields_);
+  parser_.GetLocomotorData(selectedObject(), tab + 1, 0, kHandlingFields - 1, sink);
+  if (tab >= 0) fields_.CboLocomotor->setEditText(fields_.LocoTab->tabText(tab));
+  information_.UpdateLV();
+}
+
+void ObjectDisplay::renameLocomotorTab(const QString& name) {
+  fields_.LocoTab->setTabText(fields_.LocoTab->currentIndex(), name);
+}
+
+void ObjectDisplay::clearHandlingField(std::size_t field) {
+  fields_.HS_TextBox[field]->showTemplate();
+}
+
+QString CleanWeaponName(const QString& text) {
+  const QString lower = text.toLower();
+  const bool namesNothing = lower == "weaponset" || lower == "yes" || lower == "no" || lower == kLineBreak;
+  return namesNothing ? QString() : text;
+}
+
+}  // namespace korvane

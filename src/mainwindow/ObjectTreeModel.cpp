@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow/ObjectTreeModel.h"
+
+#include "ini/IniText.h"
+#include "platform/TextEncoding.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr std::string_view kObjectKeyPrefix = "Key";
+
+bool IsTop(const ObjectNode& node) {
+  return node.parent == nullptr || node.parent->parent == nullptr;
+}
+
+}  // namespace
+
+bool ObjectTreeModel::addNode(std::string_view key, std::string_view text, std::string_view parentKey,
+                              std::string_view tag) {
+  ObjectNode* parent = &root_;
+  if (!parentKey.empty()) {
+    const auto found = groups_.find(ToLowerAscii(parentKey));
+    if (found == groups_.end()) return false;
+    parent = found->second;
+  }
+  const int row = static_cast<int>(parent->children.size());
+  beginInsertRows(indexOf(*parent), row, row);
+  parent->children.push_back(std::make_unique<ObjectNode>(
+      ObjectNode{std::string(key), std::string(text), std::string(tag), parent, row, {}}));
+  endInsertRows();
+  if (!key.starts_with(kObjectKeyPrefix)) groups_[ToLowerAscii(key)] = parent->children.back().get();
+  return true;
+}
+
+void ObjectTreeModel::clear() {
+  beginResetModel();
+  root_.children.clear();
+  groups_.clear();
+  endResetModel();
+}
+
+const ObjectNode* ObjectTreeModel::node(const QModelIndex& index) const {
+  return index.isValid() ? static_cast<const ObjectNode*>(index.constInternalPointer()) : nullptr;
+}
+
+QString ObjectTreeModel::fullPath(const ObjectNode& node) {
+  const QString text = FromBytes(node.text);
+  return IsTop(node) ? text : fullPath(*node.parent) + u'\\' + text;
+}
+
+QModelIndex ObjectTreeModel::index(int row, int column, const QModelIndex& parent) const {
+  const ObjectNode& above = nodeOrRoot(parent);
+  if (column != 0 || row < 0 || row >= static_cast<int>(above.children.size())) return {};
+  return createIndex(row, 0, above.children[static_cast<std::size_t>(row)].get());
+}
+
+QModelIndex ObjectTreeModel::parent(const QModelIndex& index) const {
+  const ObjectNode* child = node(index);
+  return child == nullptr ? QModelIndex() : indexOf(*child->parent);
+}
+
+int ObjectTreeModel::rowCount(const QModelIndex& parent) const {
+  return static_cast<int>(nodeOrRoot(parent).children.size());
+}
+
+int ObjectTreeModel::columnCount(const QModelIndex& /*parent*/) const {
+  return 1;
+}
+
+QVariant ObjectTreeModel::data(const QModelIndex& index, int role) const {
+  const ObjectNode* shown = node(index);
+  if (shown == nullptr || role != Qt::DisplayRole) return {};
+  return FromBytes(shown->text);
+}
+
+Qt::ItemFlags ObjectTreeModel::flags(const QModelIndex& index) const {
+  const ObjectNode* shown = node(index);
+  if (shown == nullptr) return Qt::NoItemFlags;
+  return shown->children.empty() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren
+                                 : Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+}
+
+const ObjectNode& ObjectTreeModel::nodeOrRoot(const QModelIndex& index) const {
+  const ObjectNode* found = node(index);
+  return found == nullptr ? root_ : *found;
+}
+
+QModelIndex ObjectTreeModel::indexOf(const ObjectNode& node) const {
+  return node.parent == nullptr ? QModelIndex() : createIndex(node.row, 0, &node);
+}
+
+bool IsObjectNode(const ObjectNode& node) {
+  return node.children.empty() && !node.text.empty() && !IsTop(node) && !node.parent->key.ends_with("ini");
+}
+
+const ObjectNode* Grandparent(const ObjectNode& node) {
+  if (IsTop(node) || IsTop(*node.parent)) return nullptr;
+  return node.parent->parent;
+}
+
+}  // namespace korvane

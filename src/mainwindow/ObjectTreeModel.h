@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractItemModel>
+#include <QString>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace korvane {
+
+// A node of the object tree. Texts are the files' bytes.
+struct ObjectNode {
+  std::string key;
+  std::string text;
+  std::string tag;  // the object file, or empty
+  ObjectNode* parent = nullptr;
+  int row = 0;
+  std::vector<std::unique_ptr<ObjectNode>> children;
+};
+
+// The catalogue of every unit, building and prop, as the tree shows it.
+class ObjectTreeModel : public QAbstractItemModel {
+  Q_OBJECT
+
+ public:
+  using QAbstractItemModel::QAbstractItemModel;
+
+  // Appends a node as the last child of the node with the parent key, at the top level when that is empty.
+  // Keys of parents are matched without regard to letter case. False when there is no such parent.
+  bool addNode(std::string_view key, std::string_view text, std::string_view parentKey, std::string_view tag);
+
+  // Removes all nodes.
+  void clear();
+
+  // The node of an index; nothing for the invalid index.
+  const ObjectNode* node(const QModelIndex& index) const;
+
+  // The texts from the root to the node, joined by backslashes.
+  static QString fullPath(const ObjectNode& node);
+
+  QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+  QModelIndex parent(const QModelIndex& index) const override;
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+ private:
+  const ObjectNode& nodeOrRoot(const QModelIndex& index) const;
+  QModelIndex indexOf(const ObjectNode& node) const;
+
+  ObjectNode root_;
+  std::unordered_map<std::string, ObjectNode*> groups_;  // nodes without a parent or below a top-level one
+};
+
+// True for a node whose parent is a group, not an object file: it stands for an object that can be shown.
+bool IsObjectNode(const ObjectNode& node);
+
+// The parent of the parent, or nothing.
+const ObjectNode* Grandparent(const ObjectNode& node);
+
+}  // namespace korvane

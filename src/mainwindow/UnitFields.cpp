@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow/UnitFields.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
+
+#include "controls/InPlaceTable.h"
+#include "controls/MaskedField.h"
+
+namespace korvane {
+
+namespace {
+
+struct HandlingField {
+  const char* label;
+  const char* mask;
+};
+
+constexpr std::array<HandlingField, kHandlingFields> kHandling = {{
+    {"Surfaces:", ""},
+    {"Top Speed:", "#### dist/sec"},
+    {"Top Speed When Damaged:", "#### dist/sec"},
+    {"Turn Rate:", "#### degrees/sec"},
+    {"Turn Rate   When Damaged:", "#### degrees/sec"},
+    {"Acceleration:", "#### dist/(sec^2)"},
+    {"Acceleration When Damaged:", "#### dist/(sec^2)"},
+    {"Braking:", "####### dist/(sec^2)"},
+    {"Min Turn Speed:", "#### dist/sec"},
+}};
+
+constexpr int kFieldWidth = 280;     // device-independent pixels
+constexpr int kListEntryWidth = 34;  // characters
+
+template <typename Widget>
+Widget* Named(const char* name, Widget* widget) {
+  widget->setObjectName(name);
+  return widget;
+}
+
+QLineEdit* TextField(const char* name) {
+  auto* field = Named(name, new QLineEdit);
+  field->setMinimumWidth(kFieldWidth);
+  return field;
+}
+
+QComboBox* List(const char* name, bool editable) {
+  auto* list = Named(name, new QComboBox);
+  list->setEditable(editable);
+  list->setInsertPolicy(QComboBox::NoInsert);
+  // Measuring every entry of a long list would cost more than reading the file it comes from.
+  list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  list->setMinimumContentsLength(kListEntryWidth);
+  return list;
+}
+
+QPushButton* Button(const char* name, const char* caption) {
+  return Named(name, new QPushButton(caption));
+}
+
+void AddField(QFormLayout* form, const char* caption, QWidget* field) {
+  auto* label = new QLabel(caption);
+  label->setBuddy(field);
+  field->setAccessibleName(QString(caption).chopped(1));
+  form->addRow(label, field);
+}
+
+// A field with a button to its right.
+void AddFieldWithButton(QFormLayout* form, const char* caption, QWidget* field, QPushButton* button) {
+  auto* row = new QHBoxLayout;
+  row->addWidget(field);
+  row->addWidget(button);
+  row->addStretch();
+  auto* label = new QLabel(caption);
+  label->setBuddy(field);
+  field->setAccessibleName(QString(caption).chopped(1));
+  button->setAccessibleName(button->text().trimmed() + u' ' + field->accessibleName());
+  form->addRow(label, row);
+}
+
+QFormLayout* Form(QGroupBox* frame) {
+  auto* form = new QFormLayout(frame);
+  form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+  form->setHorizontalSpacing(16);
+  form->setVerticalSpacing(10);
+  return form;
+}
+
+// A tab page of frames, one below the other, with free space at the bottom.
+QWidget* Page(std::initializer_list<QWidget*> frames) {
+  auto* page = new QWidget;
+  auto* layout = new QVBoxLayout(page);
+  layout->setContentsMargins(14, 14, 14, 14);
+  layout->setSpacing(12);
+  for (QWidget* frame : frames) layout->addWidget(frame);
+  layout->addStretch(1);
+  return page;
+}
+
+}  // namespace
+
+UnitFields::UnitFields() : F_Tab(Named("F_Tab", new QTabWidget)), weapons(new QStringListModel(F_Tab)) {
+  QFont captions = F_Tab->font();
+  captions.setFamilies({"Verdana", captions.family()});
+  F_Tab->tabBar()->setFont(captions);
+  F_Tab->addTab(handlingTab(), "Handling and Speed");
+  F_Tab->addTab(healthTab(), "Health and Armour");
+  F_Tab->addTab(weaponsTab(), "Weapons");
+  F_Tab->addTab(advancedTab(), "Advanced Options");
+  F_Tab->addTab(costTab(), "Cost and Build Speed");
+  F_Tab->addTab(informationTab(), "Information");
+  F_Tab->addTab(otherTab(), "Other Settings");
+}
+
+QWidget* UnitFields::handlingTab() {
+  auto* frame = new QGroupBox("Handling And Speed");
+  auto* layout = new QVBoxLayout(frame);
+  layout->setSpacing(10);
+  CboLocomotor = List("CboLocomotor", true);
+  auto* locomotor = new QFormLayout;
+  AddField(locomotor, "Locomotor:", CboLocomotor);
+  layout->addLayout(locomotor);
+  LocoTab = Named("LocoTab", new QTabBar);
+  LocoTab->setAccessibleName("Locomotors");
+  LocoTab->setDrawBase(true);
+  LocoTab->setExpanding(false);
+  layout->addWidget(LocoTab);
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(16);
+  grid->setVerticalSpacing(8);
+  grid->setColumnStretch(3, 1);
+  for (int i = 0; i < kHandlingFields; ++i) {
+    const auto at = static_cast<std::size_t>(i);
+    auto* label = new QLabel(kHandling[at].label);
+    auto* field = Named(qPrintable(QString("HS_TextBox%1").arg(i)), new MaskedField);
+    field->setMask(kHandling[at].mask);
+    field->setMinimumWidth(kFieldWidth);
+    field->setAccessibleName(label->text().chopped(1).simplified());
+    label->setBuddy(field);
+    auto* clear = Button(qPrintable(QString("HS_ClearBtn%1").arg(i)), "Clear");
+    clear->setToolTip("<< Deletes all text (if any)");
+    clear->setAccessibleName("Clear " + field->accessibleName());
+    grid->addWidget(label, i, 0);
+    grid->addWidget(field, i, 1);
+    grid->addWidget(clear, i, 2);
+    HS_TextBox[at] = field;
+    HS_ClearBtn[at] = clear;
+  }
+  layout->addLayout(grid);
+  return Page({frame});
+}
+
+QWidget* UnitFields::healthTab() {
+  auto* health = new QGroupBox("Health");
+  auto* form = Form(health);
+  AddField(form, "Max Health:", MHealth = TextField("MHealth"));
+  AddField(form, "Initial Health:", IHealth = TextField("IHealth"));
+  auto* armour = new QGroupBox("Armour");
+  CboArmour = List("CboArmour", true);
+  Command2 = Button("Command2", "Show Armour Editor");
+  AddFieldWithButton(Form(armour), "Armour Type:", CboArmour, Command2);
+  return Page({health, armour});
+}
+
+QWidget* UnitFields::weaponsTab() {
+  auto* frame = new QGroupBox("Weapons");
+  auto* form = Form(frame);
+  AddField(form, "Conditions:", Conditions = List("Conditions", false));
+  PWeapon = List("PWeapon", true);
+  SWeapon = List("SWeapon", true);
+  TWeapon = List("TWeapon", true);
+  for (QComboBox* list : {PWeapon, SWeapon, TWeapon}) list->setModel(weapons);
+  AddFieldWithButton(form, "Primary Weapon:", PWeapon, PWeaponEdit = Button("PWeaponEdit", "Edit "));
+  AddFieldWithButton(form, "Secondary Weapon:", SWeapon, SWeaponEdit = Button("SWeaponEdit", "Edit "));
+  AddFieldWithButton(form, "Tertiary Weapon:", TWeapon, TWeaponEdit = Button("TWeaponEdit", "Edit "));
+  return Page({frame});
+}
+
+QWidget* UnitFields::advancedTab() {
+  auto* frame = new QGroupBox("Advanced Options");
+  auto* layout = new QVBoxLayout(frame);
+  layout->setSpacing(10);
+  CmdME_FINI = Button("CmdME_FINI", "Manual Edit ");
+  Btn_LEdit = Button("Btn_LEdit", "Manual Edit Handling And Speed");
+  Btn_FEdit = Button("Btn_FEdit", "Manual Edit Appearance, Cost, Weapons And Strength");
+  for (QPushButton* button : {CmdME_FINI, Btn_LEdit, Btn_FEdit}) layout->addWidget(button);
+  return Page({frame});
+}
+
+QWidget* UnitFields::costTab() {
+  auto* frame = new QGroupBox("Cost And Build Speed");
+  auto* form = Form(frame);
+  AddField(form, "Cost:", TxtCost = TextField("TxtCost"));
+  AddField(form, "Build Speed:", TxtBS = TextField("TxtBS"));
+  return Page({frame});
+}
+
+QWidget* UnitFields::informationTab() {
+  auto* frame = new QGroupBox("Options");
+  auto* form = Form(frame);
+  AddField(form, "Locomotor:", CboLoco = List("CboLoco", false));
+  AddField(form, "Weapon Conditions:", CondCombo = List("CondCombo", false));
+  LstInfo = Named("LstInfo", new InPlaceTable);
+  LstInfo->setAccessibleName("Information");
+  auto* page = new QWidget;
+  auto* layout = new QVBoxLayout(page);
+  layout->setContentsMargins(14, 14, 14, 14);
+  layout->setSpacing(12);
+  layout->addWidget(frame);
+  layout->addWidget(LstInfo, 1);
+  return page;
+}
+
+QWidget* UnitFields::otherTab() {
+  auto* frame = new QGroupBox("Other Settings");
+  auto* form = Form(frame);
+  AddField(form, "Shroud Clearing Range:", TxtSCR = TextField("TxtSCR"));
+  AddField(form, "Vision Range:", TxtVisRange = TextField("TxtVisRange"));
+  return Page({frame});
+}
+
+std::array<QLineEdit*, 6> UnitFields::textFields() const {
+  return {MHealth, IHealth, TxtCost, TxtBS, TxtVisRange, TxtSCR};
+}
+
+void ReplaceEntries(QComboBox& list, const QStringList& entries) {
+  list.clear();
+  list.addItems(entries);
+  list.setCurrentIndex(-1);
+  list.setEditText({});
+}
+
+}  // namespace korvane

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStringListModel>
+
+#include <array>
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTabBar;
+class QTabWidget;
+class QWidget;
+
+namespace korvane {
+
+class InPlaceTable;
+class MaskedField;
+
+inline constexpr int kHandlingFields = 9;
+
+// The tab box of the main window with the fields that show an object. It builds them and holds them; what
+// they show and do is decided elsewhere. All widgets belong to the tab box.
+class UnitFields {
+ public:
+  UnitFields();
+
+  QTabWidget* F_Tab;
+
+  QComboBox* CboLocomotor;
+  QTabBar* LocoTab;
+  std::array<MaskedField*, kHandlingFields> HS_TextBox;
+  std::array<QPushButton*, kHandlingFields> HS_ClearBtn;
+
+  QLineEdit* MHealth;
+  QLineEdit* IHealth;
+  QComboBox* CboArmour;
+  QPushButton* Command2;
+
+  QComboBox* Conditions;
+  QComboBox* PWeapon;
+  QComboBox* SWeapon;
+  QComboBox* TWeapon;
+  QPushButton* PWeaponEdit;
+  QPushButton* SWeaponEdit;
+  QPushButton* TWeaponEdit;
+
+  QPushButton* CmdME_FINI;
+  QPushButton* Btn_LEdit;
+  QPushButton* Btn_FEdit;
+
+  QLineEdit* TxtCost;
+  QLineEdit* TxtBS;
+
+  QComboBox* CboLoco;
+  QComboBox* CondCombo;
+  InPlaceTable* LstInfo;
+
+  QLineEdit* TxtSCR;
+  QLineEdit* TxtVisRange;
+
+  // The choices of the three weapon lists, which are always the same.
+  QStringListModel* weapons;
+
+  // The text fields, in the order in which an object fills them.
+  std::array<QLineEdit*, 6> textFields() const;
+
+ private:
+  QWidget* handlingTab();
+  QWidget* healthTab();
+  QWidget* weaponsTab();
+  QWidget* advancedTab();
+  QWidget* costTab();
+  QWidget* informationTab();
+  QWidget* otherTab();
+};
+
+// Replaces the entries of a list with editable text, and empties the text.
+void ReplaceEntries(QComboBox& list, const QStringList& entries);
+
+}  // namespace korvane
