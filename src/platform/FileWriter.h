@@ -7,12 +7,22 @@
 
 namespace korvane {
 
-// The only place that opens a user's file for writing. A file is replaced whole or not at all.
+// The only place that opens a user's file for writing. Paths are the program's own or native ones (see
+// NativePath.h). Every operation gives an empty text when it is done, else the system's reason; what was
+// there before is then untouched.
 class FileWriter {
  public:
-  // Replaces the file at the program's path (see NativePath.h) by `bytes`, or creates it. Gives an empty text
-  // when the bytes are on the disk, else the system's reason; the old file is then untouched.
+  // Replaces the file whole, or creates it; the bytes are on the disk before the old file goes. A symbolic
+  // link stays a link to the file, permissions stay as they are, another hard link keeps the old file.
   QString replace(const QString& path, std::string_view bytes) const;
+
+  // Writes a new file whole. Whatever has that name already is never touched, not even when it appears
+  // meanwhile.
+  QString create(const QString& path, std::string_view bytes) const;
+
+  // Replaces a file whole as the system gets round to it: what is written survives the end of the program,
+  // not that of the machine. For what is written often and needed seldom.
+  QString note(const QString& path, std::string_view bytes) const;
 };
 
 }  // namespace korvane
