@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDialog>
+#include <QStringList>
+
+#include <array>
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QPushButton;
+
+namespace korvane {
+
+class FontChooser;
+class SettingsStore;
+
+// The options window: the main window's first tab, the question before the exit, the font of the object
+// tree, and the manual editor's find history.
+class FrmOpt : public QDialog {
+  Q_OBJECT
+
+ public:
+  FrmOpt(SettingsStore& store, FontChooser& fonts, QWidget* parent = nullptr);
+
+  void reject() override { close(); }
+
+ Q_SIGNALS:
+  void optionsApplied();  // the choices are in the store: show them
+  void closedForGood();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  static constexpr int kFontLabels = 6;
+
+  QWidget* generalPage();
+  QWidget* menuPage();
+  QWidget* manualEditorPage();
+  QWidget* buttonRow();
+  void load();
+  void loadFont();
+  void watchChanges();
+  void ApplySet();
+  void applyAndStay();
+  void applyAndClose();
+  void chooseFont();
+  void clearSearchHistory();
+  void showFont(const QStringList& values);
+
+  SettingsStore& store_;
+  FontChooser& fonts_;
+
+  QString fontName_;
+  double fontSize_ = 0;  // in points
+  bool bold_ = false;
+  bool italic_ = false;
+  bool underline_ = false;
+  bool strikeOut_ = false;
+
+  QComboBox* tab_ = nullptr;
+  QCheckBox* exit_ = nullptr;
+  std::array<QLabel*, kFontLabels> fontLabels_{};
+  QPushButton* apply_ = nullptr;
+};
+
+}  // namespace korvane
