@@ -62,16 +62,26 @@ bool StaysBelow(const fs::path& folder, std::string_view path) {
   return !error && IsBelow(folder, real);
 }
 
+std::vector<std::string_view> Pieces(std::string& path) {
+  std::replace(path.begin(), path.end(), '/', '\\');
+  return Split(path, "\\");
+}
+
 }  // namespace
 
-std::optional<std::string> SafeTarget(std::string_view gameFolder, std::string_view relative) {
+bool IsSafeRelativePath(std::string_view relative) {
   std::string path(relative);
-  std::replace(path.begin(), path.end(), '/', '\\');
+  const std::vector<std::string_view> pieces = Pieces(path);
+  return std::all_of(pieces.begin(), pieces.end(), IsPlainName);
+}
+
+std::optional<std::string> SafeTarget(std::string_view gameFolder, std::string_view relative) {
+  if (!IsSafeRelativePath(relative)) return std::nullopt;
+  std::string path(relative);
   try {
     const fs::path folder = fs::canonical(NativePath(gameFolder));
     std::string target(gameFolder);
-    for (const std::string_view piece : Split(path, "\\")) {
-      if (!IsPlainName(piece)) return std::nullopt;
+    for (const std::string_view piece : Pieces(path)) {
       target.append("\\").append(piece);
       if (!StaysBelow(folder, target)) return std::nullopt;
     }

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "setup/StockTable.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <string>
+
+#include "setup/BinaryNumbers.h"
+#include "setup/MemoFile.h"
+
+namespace korvane {
+
+namespace {
+
+struct Column {
+  std::string_view name;
+  char type;
+  std::size_t length;
+};
+
+constexpr std::array<Column, 2> kColumns = {{{"PATH", 'C', 254}, {"TEXT", 'M', 10}}};
+constexpr std::uint64_t kBlockSize = 512;
+constexpr std::size_t kHeaderLength = 32 + 32 * kColumns.size() + 1;
+constexpr std::size_t kRecordLength = 1 + kColumns[0].length + kColumns[1].length;
+constexpr std::string_view kVersion4WithMemo = "\x8b";
+constexpr std::string_view kDate = "\x64\x01\x01";  // of the last change; 2000-01-01, so that nothing varies
+constexpr std::string_view kWindows1252 = "\x03";
+constexpr std::size_t kMaxText = 0xffffffffU - 8;
+
+std::string Padded(std::string_view text, std::size_t length, char filler) {
+  std::string padded(text);
+  padded.resize(length, filler);
+  return padded;
+}
+
+std::string Descriptor(const Column& column) {
+  std::string bytes = Padded(column.name, 11, '\0') + column.type + std::string(4, '\0');
+  bytes += LittleBytes(column.length, 1);
+  return Padded(bytes, 32, '\0');
+}
+
+std::string TableHeader(std::uint32_t records) {
+  std::string header(kVersion4WithMemo);
+  header.append(kDate).append(LittleBytes(records, 4));
+  header.append(LittleBytes(kHeaderLength, 2)).append(LittleBytes(kRecordLength, 2));
+  header = Padded(Padded(header, 29, '\0').append(kWindows1252), 32, '\0');
+  for (const Column& column : kColumns) header += Descriptor(column);
+  return header += '\r';
+}
+
+bool IsAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+std::filesystem::path WithEnding(std::filesystem::path base, const char* ending) {
+  base += ending;
+  return base;
+}
+
+}  // namespace
+
+StockTable::StockTable(const std::filesystem::path& base)
+    : table_(WithEnding(base, ".DBF")), memos_(WithEnding(base, ".DBT")) {
+  table_.write(TableHeader(0));
+  memos_.write(MemoFileHeader(1, kBlockSize));
+}
+
+void StockTable::add(std::string_view path, std::string_view text) {
+  if (path.size() > kColumns[0].length || !IsAscii(path) || text.size() > kMaxText) {
+    throw std::runtime_error(std::string(path) + ": the path or the file does not fit into a stock database");
+  }
+  const std::string block = text.empty() ? std::string() : std::to_string(memos_.size() / kBlockSize);
+  std::string record = ' ' + Padded(path, kColumns[0].length, ' ');
+  record.append(kColumns[1].length - block.size(), ' ').append(block);
+  if (!text.empty()) memos_.write(MemoBlocks(MemoKind::version4, text, kBlockSize));
+  table_.write(record);
+  ++records_;
+}
+
+void StockTable::commit() {
+  table_.write("\x1a");
+  table_.rewrite(0, TableHeader(records_));
+  memos_.rewrite(0, MemoFileHeader(memos_.size() / kBlockSize, kBlockSize));
+  table_.flush();
+  memos_.flush();
+  memos_.commit();  // first: a table without its memos would be worse than memos without a table
+  table_.commit();
+}
+
+}  // namespace korvane

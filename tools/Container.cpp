@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Container.h"
+
+#include "setup/BigArchive.h"
+#include "setup/DBCtl.h"
+#include "setup/RandomFile.h"
+
+namespace korvane {
+
+namespace {
+
+class DatabaseContainer : public Container {
+ public:
+  explicit DatabaseContainer(const std::string& path) { database_.LoadDatabase("", path); }
+  std::int64_t count() override { return database_.RecordCount(); }
+  void goTo(std::int64_t index) override { database_.SetRecord(index); }
+  std::string path() override { return database_.GetData(0); }
+  std::string bytes() override { return database_.GetData(1); }
+
+ private:
+  DBCtl database_;
+};
+
+class ArchiveContainer : public Container {
+ public:
+  explicit ArchiveContainer(const std::string& path) : archive_(path) {}
+  std::int64_t count() override { return static_cast<std::int64_t>(archive_.entries().size()); }
+  void goTo(std::int64_t index) override { at_ = static_cast<std::size_t>(index); }
+  std::string path() override { return archive_.entries()[at_].path; }
+  std::string bytes() override { return archive_.read(archive_.entries()[at_]); }
+
+ private:
+  BigArchive archive_;
+  std::size_t at_ = 0;
+};
+
+}  // namespace
+
+bool IsArchive(const std::string& path) {
+  RandomFile file;
+  return file.open(path) && file.read(0, 4) == "BIGF";
+}
+
+std::unique_ptr<Container> OpenContainer(const std::string& path) {
+  if (IsArchive(path)) return std::make_unique<ArchiveContainer>(path);
+  return std::make_unique<DatabaseContainer>(path);
+}
+
+}  // namespace korvane

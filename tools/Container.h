@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace korvane {
+
+// A stock database or an archive: files one after another. Only the file it stands at is in memory.
+class Container {
+ public:
+  virtual ~Container() = default;
+  virtual std::int64_t count() = 0;
+  virtual void goTo(std::int64_t index) = 0;  // from 0
+  virtual std::string path() = 0;             // relative to the game folder
+  virtual std::string bytes() = 0;
+};
+
+// Opens what lies at the path. std::runtime_error when it is neither, or damaged.
+std::unique_ptr<Container> OpenContainer(const std::string& path);
+
+// True when the file begins as an archive does.
+bool IsArchive(const std::string& path);
+
+}  // namespace korvane

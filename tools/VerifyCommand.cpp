@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <cstdio>
+#include <iostream>
+#include <stdexcept>
+
+#include "Commands.h"
+#include "Container.h"
+#include "Progress.h"
+#include "setup/RestorePath.h"
+
+namespace korvane {
+
+bool List(const std::string& container) {
+  const auto files = OpenContainer(container);
+  for (std::int64_t i = 0; i < files->count(); ++i) {
+    files->goTo(i);
+    std::printf("%10zu  %s\n", files->bytes().size(), files->path().c_str());
+  }
+  return true;
+}
+
+bool Verify(const std::string& container) {
+  const auto files = OpenContainer(container);
+  std::uint64_t bytes = 0;
+  std::int64_t faults = 0;
+  Progress progress("Verifying", files->count());
+  for (std::int64_t i = 0; i < files->count(); ++i) {
+    try {
+      files->goTo(i);
+      const std::string path = files->path();
+      if (!IsSafeRelativePath(path)) throw std::runtime_error("\"" + path + "\" would leave the game folder");
+      bytes += files->bytes().size();
+    } catch (const std::runtime_error& error) {
+      progress.clear();
+      std::cerr << "File " << i + 1 << ": " << error.what() << '\n';
+      ++faults;
+    }
+    progress.stepDone();
+  }
+  progress.clear();
+  std::cout << files->count() << " files, " << bytes << " bytes, " << faults << " faults\n";
+  return faults == 0;
+}
+
+}  // namespace korvane
