@@ -1,0 +1,84 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# shellcheck shell=bash
+# What the scripts share: the packages they need, and how they build. To be sourced.
+
+set -euo pipefail
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+cd "$root"
+
+# Debian packages, one need a line.
+packages='
+build   cmake ninja-build g++ qt6-base-dev libqt6svg6-dev libqscintilla2-qt6-dev libgtest-dev
+run     libqt6svg6 fonts-dejavu-core xvfb xauth openbox
+test    python3 fonts-dejavu-core libdbd-xbase-perl python3-dbf python3-dbfread desktop-file-utils appstream
+bench   libbenchmark-dev
+format  clang-format
+'
+
+say() { printf '%s\n' "-- $*"; }
+
+fail() {
+  printf '%s\n' "$*" >&2
+  exit 1
+}
+
+packages_for() {
+  local need names
+  while read -r need names; do
+    # shellcheck disable=SC2086  # one package a line
+    [[ -n $need && " $* " == *" $need "* ]] && printf '%s\n' $names
+  done <<<"$packages"
+  return 0
+}
+
+missing_packages() {
+  local installed
+  installed=$(dpkg-query --show --showformat='${db:Status-Status} ${Package}\n' 2>/dev/null | sed -n 's/^installed //p')
+  packages_for "$@" | sort -u | grep --invert-match --line-regexp --fixed-strings --file=<(printf '%s\n' "$installed") || true
+}
+
+as_root() {
+  if ((EUID == 0)); then
+    "$@"
+  elif command -v sudo >/dev/null; then
+    sudo "$@"
+  else
+    fail "This needs root or sudo: $*"
+  fi
+}
+
+# need <build|run|test|bench|format>... : installs what is not there yet.
+need() {
+  if ! command -v apt-get >/dev/null; then
+    say "No apt here; these Debian packages, under your system's names, must be there: $(packages_for "$@" | xargs)"
+    return
+  fi
+  local missing
+  mapfile -t missing < <(missing_packages "$@")
+  ((${#missing[@]} == 0)) && return
+  say "Installing ${missing[*]}"
+  as_root apt-get update --quiet=2
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get install --yes --quiet=2 --no-install-recommends "${missing[@]}"
+}
+
+# configure <preset> [cmake arguments]: only when there is nothing to build on yet, or something to set.
+configure() {
+  local preset=$1 log=build/configure.log
+  shift
+  [[ -f build/$preset/build.ninja && $# -eq 0 ]] && return
+  say "Configuring $preset"
+  mkdir -p build
+  cmake --preset "$preset" "$@" >"$log" 2>&1 || {
+    cat "$log" >&2
+    fail "Configuring failed."
+  }
+}
+
+# build <preset> [target]...
+build() {
+  local preset=$1
+  shift
+  say "Building $preset"
+  cmake --build --preset "$preset" --parallel "$(nproc)" ${1:+--target "$@"}
+}
