@@ -31,7 +31,4 @@ struct Services {
   Folders& folders;
 };
 
-// Where a user can write to.
-inline constexpr char kSupportAddress[] = "support@ferncastle.example";
-
 }  // namespace korvane

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QApplication>
+
+#include "controls/Icons.h"
+#include "startup/Desktop.h"
+#include "startup/Program.h"
+
+int main(int argc, char** argv) {
+  QApplication app(argc, argv);
+  QApplication::setApplicationName("Korvane");
+  QApplication::setDesktopFileName("korvane");
+  QApplication::setWindowIcon(korvane::ApplicationIcon());
+  korvane::Desktop desktop;
+  korvane::Program program(desktop.services(), QApplication::arguments().mid(1).join(' '));
+  program.StartProgram();
+  return QApplication::exec();
+}

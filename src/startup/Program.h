@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+#include "controls/EditorLauncher.h"
+#include "controls/FontDialog.h"
+#include "controls/ManualEditTarget.h"
+#include "controls/Services.h"
+#include "platform/Programs.h"
+#include "startup/Lazy.h"
+#include "startup/StartupWindows.h"
+
+namespace korvane {
+
+class FrmFun;
+class FrmOpt;
+class Registry;
+class frmAbout;
+
+// The composition root: owns every window, makes each at its first use, and wires them to each other.
+class Program : public EditorLauncher, public StartupWindows {
+ public:
+  // `arguments`: the command line behind the program's name, as one text.
+  Program(const Services& services, QString arguments);
+  ~Program() override;
+
+  // The start procedure; afterwards the event loop carries the program.
+  void StartProgram();
+
+  void showManualEditorOnFile() override;
+  void showManualEditorOnText(const std::string& text) override;
+  void showWeaponEditor() override;
+  void showArmourEditor() override;
+  void showCommandSetEditor() override;
+  void showCommandButtonEditor() override;
+  void selectWeapon(const QString& name) override;
+  void selectArmour(const QString& name) override;
+  void showOptions() override;
+  void showAbout() override;
+  void CloseBrowse() override;
+
+  FrmEdit& mainWindow() override;
+  bool wizardVisible() override;
+  void showWizard() override;
+  void hideWizard() override;
+
+ private:
+  FrmOpt* makeOptions();
+  frmAbout* makeAbout();
+
+  void runSplash();
+
+  const Services& services_;
+  QString arguments_;
+  ManualEditTarget target_;
+  FontDialog fonts_;
+  SystemPrograms programs_;
+  std::unique_ptr<Registry> registry_;
+
+  std::unique_ptr<FrmEdit> mainWindow_;
+  Lazy<FrmOpt> options_;
+  Lazy<frmAbout> about_;
+  Lazy<FrmFun> extras_;
+};
+
+}  // namespace korvane
