@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "setup/StockRestoration.h"
+
+#include <filesystem>
+#include <optional>
+
+#include "files/NativePath.h"
+#include "platform/FileWriter.h"
+#include "platform/TextEncoding.h"
+#include "setup/DBCtl.h"
+#include "setup/RestorePath.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr int kPathField = 0;
+constexpr int kTextField = 1;
+
+// True when the current record's file was missing.
+bool RestoreCurrent(DBCtl& database, const FileWriter& writer, const QString& gameFolder) {
+  const std::string relative = FromBytes(database.GetData(kPathField)).toStdString();
+  const std::optional<std::string> target = SafeTarget(gameFolder.toStdString(), relative);
+  if (!target || FileExists(*target)) return false;
+  WriteTextFile(writer, QString::fromStdString(*target), database.GetData(kTextField));
+  return true;
+}
+
+}  // namespace
+
+void RestoreStockFiles(DBCtl& database, const FileWriter& writer, const QString& programFolder,
+                       const QString& gameFolder, const RestoreStep& step) {
+  database.LoadDatabase(programFolder.toStdString(), "Data");
+  database.MoveNext();
+  database.MovePrevious();
+  const std::int64_t all = database.RecordCount();
+  for (std::int64_t i = 1; i <= all; ++i) {
+    const bool wasMissing = RestoreCurrent(database, writer, gameFolder);
+    database.SetRecord(i);
+    if (!step(i, all, wasMissing)) return;
+  }
+}
+
+void WriteTextFile(const FileWriter& writer, const QString& path, std::string_view text) {
+  std::error_code ignored;
+  for (qsizetype end = path.indexOf('\\'); end >= 0; end = path.indexOf('\\', end + 1)) {
+    std::filesystem::create_directory(NativePath(path.first(end + 1).toStdString()), ignored);
+  }
+  writer.create(path, text);
+}
+
+}  // namespace korvane

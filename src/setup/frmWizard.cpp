@@ -1,0 +1,311 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "setup/frmWizard.h"
+
+#include <QCloseEvent>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <exception>
+
+#include "controls/Placement.h"
+#include "platform/EventYield.h"
+#include "platform/HelpViewer.h"
+#include "platform/MessageBoxes.h"
+#include "platform/ProcessEnd.h"
+#include "platform/SupportAddress.h"
+#include "settings/SettingsStore.h"
+#include "setup/DBCtlView.h"
+#include "setup/DatabaseError.h"
+#include "setup/FirstTreeFont.h"
+#include "setup/FolderChooser.h"
+#include "setup/ResStrings.h"
+#include "setup/StockRestoration.h"
+#include "setup/WizardSteps.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr int kWindowTag = 10;
+constexpr int kFirstNavTag = 100;
+constexpr int kTimerMs = 1;
+constexpr int kDriverHelpTopic = 63;
+
+enum Step { introduction, folder, restore, closing };
+
+}  // namespace
+
+frmWizard::frmWizard(const Services& services, const QString& programFolder)
+    : services_(services),
+      programFolder_(programFolder),
+      steps_(new WizardSteps(this)),
+      DB_(new DBCtlView(services.messages, this)) {
+  build();
+  LoadResStrings(*this);
+  const QString intro = services_.store.getOfWizards("WizardTemplate", "IntroductionScreen", {});
+  if (intro == "ShowIntro") {
+    SetStep(folder, Direction::next);
+  } else {
+    SetStep(introduction, Direction::none);
+  }
+  fitToContents();
+}
+
+frmWizard::~frmWizard() = default;
+
+void frmWizard::build() {
+  setObjectName("frmWizard");
+  setProperty(kTag, kWindowTag);
+  DB_->setObjectName("DB");
+  DB_->hide();
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(steps_, 1);
+  layout->addWidget(makeNavStrip());
+  steps_->PicBrouse->installEventFilter(this);
+  picNav_->installEventFilter(this);
+  timer1_.setObjectName("Timer1");
+  timer1_.setInterval(kTimerMs);
+  connect(&timer1_, &QTimer::timeout, this, &frmWizard::onTimer);
+}
+
+QWidget* frmWizard::makeNavStrip() {
+  picNav_ = new QWidget;
+  picNav_->setObjectName("picNav");
+  auto* row = new QHBoxLayout(picNav_);
+  row->setContentsMargins(0, 0, 0, 0);
+  for (int i = 0; i < kNavCount; ++i) {
+    auto* button = new QPushButton;
+    button->setObjectName(QString("cmdNav%1").arg(i));
+    button->setProperty(kTag, kFirstNavTag + i);
+    connect(button, &QPushButton::clicked, this, [this, i] { onNav(static_cast<Nav>(i)); });
+    row->addWidget(button);
+    if (i == help) row->addStretch(1);
+    cmdNav_[static_cast<std::size_t>(i)] = button;
+  }
+  return picNav_;
+}
+
+// No text is cut off in the least size, whatever the font.
+void frmWizard::fitToContents() {
+  ensurePolished();
+  layout()->activate();
+  const QSize least = layout()->totalMinimumSize();
+  setMinimumSize(least);
+  resize(least);
+}
+
+QWidget* frmWizard::PicBrouse() const {
+  return steps_->PicBrouse;
+}
+
+void frmWizard::SetStep(int step, Direction) {
+  if (step == restore) nav(cancel).setEnabled(false);
+  if (step == closing) FinishOK = true;
+  steps_->turn(CurrentStep, step);
+  SetCaption(step);
+  SetNavBtns(step);
+  focusStep();
+}
+
+void frmWizard::SetCaption(int step) {
+  setWindowTitle("Command And Conquer Generals - Korvane Setup Wizard - " + ResString(steps_->titleId(step)));
+}
+
+void frmWizard::SetNavBtns(int step) {
+  CurrentStep = step;
+  nav(back).setEnabled(step > introduction);
+  nav(next).setEnabled(step < closing);
+  nav(finish).setEnabled(FinishOK);
+}
+
+// The keyboard goes where the step's work is.
+void frmWizard::focusStep() {
+  if (CurrentStep == folder) return steps_->PicBrouse->setFocus();
+  nav(CurrentStep == closing ? finish : next).setFocus();
+}
+
+void frmWizard::showEvent(QShowEvent*) {
+  timer1_.start();
+}
+
+void frmWizard::hideEvent(QHideEvent*) {
+  timer1_.stop();
+}
+
+bool frmWizard::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Resize) {
+    const QSize inner = steps_->PicBrouse->size();
+    services_.chooser.ResizeBrowseTree(0, 0, inner.width(), inner.height());
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void frmWizard::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F1) return onNav(help);
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return pressPrimary();
+  QWidget::keyPressEvent(event);
+}
+
+// Enter presses the button that has the focus, else the one that leads on.
+void frmWizard::pressPrimary() {
+  for (QPushButton* button : cmdNav_) {
+    if (button->hasFocus()) return button->click();
+  }
+  nav(CurrentStep == closing ? finish : next).click();
+}
+
+void frmWizard::cutSelectedFolder() {
+  QString& folderText = services_.chooser.SelectedFolder;
+  const qsizetype end = folderText.indexOf(QChar::Null);
+  if (end >= 0) folderText.truncate(end);
+}
+
+void frmWizard::onTimer() {
+  const WindowCalls::Running running(calls_);
+  cutSelectedFolder();
+  services_.yield.fullTurn();
+  if (closed_) return;
+  if (CurrentStep == folder) {
+    nav(next).setEnabled(gameFolderCheck_.holdsGame(services_.chooser.SelectedFolder));
+  }
+  if (CurrentStep >= closing) nav(next).setEnabled(false);
+}
+
+void frmWizard::onNav(Nav button) {
+  const WindowCalls::Running running(calls_);
+  try {
+    navigate(button);
+  } catch (const DatabaseError& error) {
+    reportFailure(QString::fromUtf8(error.what()), error.number());
+  } catch (const std::exception& error) {
+    reportFailure(QString::fromUtf8(error.what()), 0);
+  }
+  if (CurrentStep >= closing) nav(next).setEnabled(false);
+}
+
+void frmWizard::navigate(Nav button) {
+  switch (button) {
+    case help:
+      return showHelp();
+    case cancel:
+      return giveUp();
+    case back:
+      return SetStep(CurrentStep - 1, Direction::back);
+    case next:
+      return goOn();
+    case finish:
+      return finishUp();
+  }
+}
+
+void frmWizard::showHelp() {
+  services_.help.showTopic(1000 + 10 * (CurrentStep + 1));
+}
+
+void frmWizard::giveUp() {
+  services_.store.deleteSection("Paths");
+  Cancelled = true;
+  services_.chooser.CloseBrowse();
+  close();
+  services_.processEnd.end();
+}
+
+void frmWizard::goOn() {
+  cutSelectedFolder();
+  if (CurrentStep == folder && !gameFolderChosen()) return;
+  services_.store.saveGameFolder(services_.chooser.SelectedFolder);
+  SetStep(CurrentStep + 1, Direction::next);
+  services_.yield.fullTurn();
+  if (CurrentStep == restore && !closed_) restoreStockFiles();
+}
+
+bool frmWizard::gameFolderChosen() {
+  if (HoldsGame(services_.chooser.SelectedFolder)) return true;
+  services_.messages.show({.text = tr("Invalid path, Try a differnet directory"),
+                           .title = tr("Error"),
+                           .icon = Message::Icon::critical},
+                          this);
+  return false;
+}
+
+void frmWizard::finishUp() {
+  StoreFirstTreeFont(services_.store);
+  Finished = true;
+  services_.chooser.CloseBrowse();
+  emit finished();
+  close();
+}
+
+void frmWizard::closeEvent(QCloseEvent*) {
+  if (closed_) return;
+  closed_ = true;
+  SavePlacement(services_.store, *this);
+  if (!Cancelled && !Finished) {
+    services_.chooser.CloseBrowse();
+    services_.processEnd.end();
+  }
+  calls_.whenIdle([this] { emit closedForGood(); });
+}
+
+// Back, another Next and closing the window all happen in the middle of it: it then ends where it is.
+void frmWizard::restoreStockFiles() {
+  const int restoring = ++restorings_;
+  const auto goesOn = [&] { return restoring == restorings_ && CurrentStep == restore && !closed_; };
+  nav(next).setEnabled(false);
+  RestoreStockFiles(DB_->database(), services_.writer, programFolder_, services_.store.gameFolder(),
+                    [&](std::int64_t done, std::int64_t all, bool wasMissing) {
+                      showProgress(static_cast<int>(done), static_cast<int>(all));
+                      wasMissing ? services_.yield.fullTurn() : services_.yield.perLine();
+                      return goesOn();
+                    });
+  if (!goesOn()) return;
+  nav(next).setEnabled(true);
+  nav(next).setFocus();
+  steps_->Label1->setText(tr("The Files Have Been Extracted, Click Next To Continue."));
+}
+
+void frmWizard::showProgress(int done, int all) {
+  QProgressBar& bar = *steps_->ProgressBar1;
+  bar.setRange(1, all);
+  bar.setValue(done);
+  bar.setToolTip(tr("File %1 of %2").arg(done).arg(all));
+  const auto percent = static_cast<int>(std::int64_t{100} * done / all);
+  steps_->Label1->setText(tr("Extracting Files... (%1% Complete)").arg(percent));
+}
+
+void frmWizard::reportFailure(const QString& description, int number) {
+  const bool driverMissing = number == static_cast<int>(DatabaseFailure::noDriver);
+  Message message{.text = {}, .icon = Message::Icon::critical};
+  report_.clear();
+  EAdd("A Error has been detected, ");
+  EAdd("Error Name: " + description);
+  EAdd({});
+  if (driverMissing) {
+    EAdd("Click 'Help' to get help on this error.");
+    message.title = tr("Error");
+    message.helpTopic = kDriverHelpTopic;
+    message.systemModal = true;
+  } else {
+    EAdd("There is not any help on this error,");
+    EAdd("Send the 'Error Name' to " + SupportAddress() + " to get help on this error.");
+  }
+  EAdd("Command And Conquer Generals Korvane will close when you click 'OK'");
+  EFin();
+  message.text = report_;
+  services_.messages.show(message, this);
+  close();
+}
+
+void frmWizard::EAdd(const QString& line) {
+  report_ += line + "\r\n";
+}
+
+void frmWizard::EFin() {
+  report_.chop(2);
+}
+
+}  // namespace korvane

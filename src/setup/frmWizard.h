@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+
+#include <array>
+
+#include "platform/WindowCalls.h"
+#include "setup/GameFolderCheck.h"
+
+class QPushButton;
+
+namespace korvane {
+
+class DBCtlView;
+class EventYield;
+class FileWriter;
+class FolderChooser;
+class HelpViewer;
+class MessageBoxes;
+class ProcessEnd;
+class SettingsStore;
+class WizardSteps;
+
+// The setup wizard: four steps from the choice of the game folder to the stock files restored in it.
+class frmWizard : public QWidget {
+  Q_OBJECT
+
+ public:
+  struct Services {
+    SettingsStore& store;
+    MessageBoxes& messages;
+    HelpViewer& help;
+    ProcessEnd& processEnd;
+    EventYield& yield;
+    FolderChooser& chooser;
+    const FileWriter& writer;
+  };
+
+  enum class Direction { none, back, next };
+
+  // `programFolder`: the folder of the stock database, in the program's path text.
+  frmWizard(const Services& services, const QString& programFolder);
+  ~frmWizard() override;
+
+  // The box that hosts the folder tree.
+  QWidget* PicBrouse() const;
+
+  void SetStep(int step, Direction direction);
+  void SetNavBtns(int step);
+  void SetCaption(int step);
+
+ signals:
+  // The user pressed Finish: start up again. The wizard closes when this has returned.
+  void finished();
+  // Closed, and none of its calls is running any more.
+  void closedForGood();
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  enum Nav { help, cancel, back, next, finish };
+  static constexpr int kNavCount = 5;
+
+  void build();
+  QWidget* makeNavStrip();
+  void fitToContents();
+  QPushButton& nav(Nav button) const { return *cmdNav_[button]; }
+  void pressPrimary();
+  void focusStep();
+
+  void onTimer();
+  void cutSelectedFolder();
+
+  void onNav(Nav button);
+  void navigate(Nav button);
+  void showHelp();
+  void giveUp();
+  void goOn();
+  void finishUp();
+  bool gameFolderChosen();
+
+  void restoreStockFiles();
+  void showProgress(int done, int all);
+
+  void reportFailure(const QString& description, int number);
+  void EAdd(const QString& line);
+  void EFin();
+
+  Services services_;
+  QString programFolder_;
+  WizardSteps* steps_;
+  DBCtlView* DB_;
+  QWidget* picNav_ = nullptr;
+  std::array<QPushButton*, kNavCount> cmdNav_{};
+  QTimer timer1_{this};
+  GameFolderCheck gameFolderCheck_;
+  WindowCalls calls_;
+
+  int CurrentStep = 0;
+  bool FinishOK = false;
+  bool Cancelled = false;
+  bool Finished = false;
+  bool closed_ = false;
+  int restorings_ = 0;  // counted, so that one knows when another has begun since
+  QString report_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,322 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTreeView>
+
+#include "platform/FileWriter.h"
+#include "settings/SettingsStore.h"
+#include "setup/FolderChooser.h"
+#include "setup/StockTable.h"
+#include "setup/frmWizard.h"
+#include "support/Fakes.h"
+#include "support/GameFolder.h"
+
+namespace korvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+using Records = std::vector<std::pair<std::string, std::string>>;
+
+class WizardTest : public testing::Test {
+ protected:
+  enum Nav { help, cancel, back, next, finish };
+
+  void SetUp() override {
+    qputenv("HOME", game.native("").string().c_str());
+    game.write("generals.exe", "");
+    pack({{"Data\\INI\\Weapon.ini", "Weapon A\r\nEnd\r\n"}});
+  }
+
+  void pack(const Records& records) {
+    StockTable table(program.native("Data"));
+    for (const auto& [path, text] : records) table.add(path, text);
+    table.commit();
+  }
+
+  void open() {
+    wizard = std::make_unique<frmWizard>(
+        frmWizard::Services{store, messages, helpViewer, processEnd, yield, chooser, writer},
+        program.qpath());
+    wizard->show();
+    chooser.BrowseHost = wizard->PicBrouse();
+    chooser.BrowseForFolder({});
+  }
+  // Opens the wizard and goes on until the files are restored.
+  void restore() {
+    open();
+    click(next);
+    chooser.SelectedFolder = game.qpath();
+    QTest::qWait(20);
+    click(next);
+  }
+
+  QPushButton* nav(Nav button) const {
+    return wizard->findChild<QPushButton*>(QString("cmdNav%1").arg(button));
+  }
+  void click(Nav button) { QTest::mouseClick(nav(button), Qt::LeftButton); }
+  QString label() const { return wizard->findChild<QLabel*>("Label1")->text(); }
+  bool showsStep(int step) const {
+    const auto* frame = wizard->findChild<QWidget*>(QString("fraStep%1").arg(step));
+    return frame->isEnabled() && frame->x() == 0;
+  }
+  void everyTurn(std::function<void()> action) {
+    yield.onTurn = [this, action] {
+      action();
+      everyTurn(action);
+    };
+  }
+  std::optional<QString> storedFolder() const { return store.find("Paths", "CCPath"); }
+
+  GameFolder game;
+  GameFolder program;
+  QTemporaryDir settings;
+  SettingsStore store{settings.path()};
+  FakeMessageBoxes messages;
+  FakeHelpViewer helpViewer;
+  FakeProcessEnd processEnd;
+  ScriptedYield yield;
+  FolderChooser chooser;
+  FileWriter writer;
+  std::unique_ptr<frmWizard> wizard;
+};
+
+TEST_F(WizardTest, TheKeyboardLeadsFromTheIntroductionToTheEditor) {
+  open();
+  QSignalSpy finished(wizard.get(), &frmWizard::finished);
+  QSignalSpy gone(wizard.get(), &frmWizard::closedForGood);
+  EXPECT_EQ(wizard->windowTitle(), "Command And Conquer Generals - Korvane Setup Wizard - Introduction");
+  QTest::keyClick(nav(next), Qt::Key_Return);
+  EXPECT_EQ(storedFolder(), "");
+  auto* tree = wizard->findChild<QTreeView*>("BrowseTree");
+  QTest::qWait(20);
+  EXPECT_FALSE(nav(next)->isEnabled());
+  tree->setCurrentIndex(tree->model()->index(0, 0));
+  QTest::keyClick(tree, Qt::Key_Down);  // the home folder
+  QTest::qWait(20);
+  QTest::keyClick(tree, Qt::Key_Return);
+  EXPECT_EQ(storedFolder(), game.qpath());
+  EXPECT_EQ(label(), "The Files Have Been Extracted, Click Next To Continue.");
+  EXPECT_EQ(game.read("Data/INI/Weapon.ini"), "Weapon A\r\nEnd\r\n");
+  EXPECT_FALSE(nav(cancel)->isEnabled());
+  click(next);
+  QTest::qWait(20);
+  EXPECT_EQ(wizard->windowTitle(), "Command And Conquer Generals - Korvane Setup Wizard - Finished!");
+  EXPECT_FALSE(nav(next)->isEnabled());
+  QTest::keyClick(nav(finish), Qt::Key_Return);
+  EXPECT_EQ(finished.size(), 1);
+  EXPECT_EQ(gone.size(), 1);
+  EXPECT_EQ(processEnd.ends, 0);
+  EXPECT_EQ(wizard->findChild<QTreeView*>("BrowseTree")->isVisible(), false);
+  EXPECT_EQ(store.GetSet("MenuiBold"), "False");
+  EXPECT_GT(store.GetSet("MenuiFontSize").toInt(), 5);
+}
+
+TEST_F(WizardTest, FinishKeepsATreeFontThatTheUserChose) {
+  store.SaveSet("MenuiItalic", "True");
+  restore();
+  click(next);
+  click(finish);
+  EXPECT_FALSE(store.find("Settings", "MenuiFont"));
+  EXPECT_EQ(store.GetSet("MenuiItalic"), "True");
+}
+
+TEST_F(WizardTest, CancelForgetsTheGameFolderAndEndsTheProgram) {
+  store.saveGameFolder("C:\\Old");
+  open();
+  click(cancel);
+  EXPECT_FALSE(storedFolder());
+  EXPECT_EQ(processEnd.ends, 1);
+  EXPECT_TRUE(store.find("EditWH", "frmWizard_Width"));
+}
+
+TEST_F(WizardTest, ClosingTheWindowEndsTheProgramAndKeepsTheFolder) {
+  restore();
+  wizard->close();
+  EXPECT_EQ(storedFolder(), game.qpath());
+  EXPECT_EQ(processEnd.ends, 1);
+  EXPECT_TRUE(store.find("EditWH", "frmWizard_Width"));
+}
+
+TEST_F(WizardTest, AFolderWithoutTheGameIsRefused) {
+  open();
+  click(next);
+  chooser.SelectedFolder = game.qpath() + "\\Data";
+  nav(next)->setEnabled(true);  // as it stands until the next look
+  click(next);
+  EXPECT_TRUE(showsStep(1));
+  ASSERT_EQ(messages.shown.size(), 1u);
+  EXPECT_EQ(messages.shown[0].text, "Invalid path, Try a differnet directory");
+  EXPECT_EQ(storedFolder(), "");
+}
+
+TEST_F(WizardTest, StepsCanBeGoneBackAndFilesAreRestoredOnlyOnTheWayForward) {
+  restore();
+  click(next);
+  click(back);
+  EXPECT_TRUE(showsStep(2));
+  fs::remove(game.native("Data/INI/Weapon.ini"));
+  click(next);
+  EXPECT_TRUE(showsStep(3));
+  EXPECT_FALSE(fs::exists(game.native("Data/INI/Weapon.ini")));
+  for (int i = 0; i < 5; ++i) click(back);
+  EXPECT_TRUE(showsStep(0));
+  EXPECT_TRUE(nav(finish)->isEnabled());
+}
+
+TEST_F(WizardTest, HelpOpensTheTopicOfTheStep) {
+  open();
+  click(help);
+  click(next);
+  QTest::keyClick(wizard->findChild<QTreeView*>("BrowseTree"), Qt::Key_F1);
+  EXPECT_EQ(helpViewer.topics, (std::vector{1010, 1020}));
+}
+
+TEST_F(WizardTest, TheTimerRunsOnlyWhileTheWizardIsOnTheScreen) {
+  open();
+  auto* timer = wizard->findChild<QTimer*>("Timer1");
+  ASSERT_NE(timer, nullptr);
+  EXPECT_TRUE(timer->isActive());
+  wizard->hide();
+  EXPECT_FALSE(timer->isActive());
+}
+
+TEST_F(WizardTest, RestoringMakesFoldersAndLeavesAloneWhatIsThere) {
+  const std::string bytes("\xff\0 no line end", 14);
+  game.write("Data/INI/Armor.ini", "");
+  game.write("blocked", "a file in a folder's place");
+  pack({{"Data\\INI\\New\\Deep\\Unit.ini", bytes},
+        {"Data\\INI\\Armor.ini", "stock"},
+        {"blocked\\x.ini", "stock"},
+        {"Data\\INI", "a folder has this name"},
+        {"..\\outside.ini", "hostile"},
+        {"\\outside.ini", "hostile"},
+        {"C:\\outside.ini", "hostile"},
+        {"last.ini", "stock"}});
+  restore();
+  EXPECT_EQ(label(), "The Files Have Been Extracted, Click Next To Continue.");
+  EXPECT_EQ(game.read("Data/INI/New/Deep/Unit.ini"), bytes);
+  EXPECT_EQ(game.read("Data/INI/Armor.ini"), "");
+  EXPECT_EQ(game.read("blocked"), "a file in a folder's place");
+  EXPECT_EQ(game.read("last.ini"), "stock");
+  EXPECT_FALSE(fs::exists(game.native("../outside.ini")));
+  EXPECT_FALSE(fs::exists("/outside.ini"));
+}
+
+TEST_F(WizardTest, TheProgressIsExact) {
+  Records records;
+  for (int i = 0; i < 50; ++i) records.emplace_back("f" + std::to_string(i), "x");
+  pack(records);
+  QStringList labels;
+  QString tip;
+  everyTurn([&] {
+    labels += label();
+    if (label().contains("(58%")) tip = wizard->findChild<QProgressBar*>()->toolTip();
+  });
+  restore();
+  EXPECT_EQ(tip, "File 29 of 50");
+  EXPECT_TRUE(labels.contains("Extracting Files... (2% Complete)"));
+  EXPECT_TRUE(labels.contains("Extracting Files... (100% Complete)"));
+}
+
+TEST_F(WizardTest, BackInTheMiddleOfRestoringEndsItAndNextTakesItUpAgain) {
+  pack({{"a.ini", "a"}, {"b.ini", "b"}, {"c.ini", "c"}});
+  bool pressed = false;
+  everyTurn([&] {
+    if (pressed || !label().contains("33%")) return;
+    pressed = true;
+    click(back);
+  });
+  restore();
+  EXPECT_TRUE(showsStep(1));
+  EXPECT_TRUE(fs::exists(game.native("a.ini")));
+  EXPECT_FALSE(fs::exists(game.native("b.ini")));
+  QTest::qWait(20);
+  click(next);
+  EXPECT_EQ(game.read("c.ini"), "c");
+}
+
+TEST_F(WizardTest, ASecondRestoringInTheMiddleOfTheFirstFinishesTheWork) {
+  pack({{"a.ini", "a"}, {"b.ini", "b"}, {"c.ini", "c"}});
+  bool pressed = false;
+  everyTurn([&] {
+    if (pressed || !label().contains("33%")) return;
+    pressed = true;
+    click(back);
+    click(next);
+  });
+  restore();
+  EXPECT_EQ(game.read("c.ini"), "c");
+  EXPECT_TRUE(nav(next)->isEnabled());
+  EXPECT_EQ(label(), "The Files Have Been Extracted, Click Next To Continue.");
+}
+
+TEST_F(WizardTest, ClosingInTheMiddleOfRestoringWritesNoFurtherFile) {
+  pack({{"a.ini", "a"}, {"b.ini", "b"}});
+  std::size_t gone = 0;
+  everyTurn([&] {
+    if (!wizard->isVisible() || !label().contains("50%")) return;
+    QObject::connect(wizard.get(), &frmWizard::closedForGood, [&] { ++gone; });
+    wizard->close();
+    EXPECT_EQ(gone, 0u) << "a call of the window is still running";
+  });
+  restore();
+  EXPECT_EQ(gone, 1u);
+  EXPECT_EQ(processEnd.ends, 1);
+  EXPECT_FALSE(fs::exists(game.native("b.ini")));
+}
+
+struct Damage {
+  const char* name;
+  std::string table;  // contents of the table's file; empty: no such file
+  int helpTopic;
+};
+
+TEST_F(WizardTest, ADatabaseThatCannotBeReadEndsInTheErrorReport) {
+  pack({});
+  const std::string empty = program.read("Data.DBF");
+  const Damage cases[] = {{"no file", "", 0}, {"no records", empty, 0}, {"another format", "PK\3\4 zip", 63}};
+  for (const Damage& damage : cases) {
+    SCOPED_TRACE(damage.name);
+    fs::remove(program.native("Data.DBF"));
+    if (!damage.table.empty()) program.write("Data.DBF", damage.table);
+    messages.shown.clear();
+    chooser = {};
+    processEnd.ends = 0;
+    restore();
+    ASSERT_EQ(messages.shown.size(), 1u);
+    const Message& shown = messages.shown[0];
+    EXPECT_TRUE(shown.text.startsWith("A Error has been detected, \r\nError Name: "));
+    const QString ending = damage.helpTopic != 0
+                               ? "\r\n\r\nClick 'Help' to get help on this error."
+                               : "\r\n\r\nThere is not any help on this error,\r\nSend the 'Error Name' to "
+                                 "support@ferncastle.example to get help on this error.";
+    EXPECT_TRUE(shown.text.endsWith(
+        ending + "\r\nCommand And Conquer Generals Korvane will close when you click 'OK'"));
+    EXPECT_EQ(shown.helpTopic, damage.helpTopic);
+    EXPECT_EQ(shown.systemModal, damage.helpTopic != 0);
+    EXPECT_EQ(processEnd.ends, 1);
+  }
+}
+
+TEST_F(WizardTest, TheFolderTreeIsMadeOnceInARunAndFillsItsBox) {
+  open();
+  EXPECT_EQ(chooser.SelectedFolder, QString(1, QChar::Null));
+  auto* tree = wizard->findChild<QTreeView*>("BrowseTree");
+  click(next);
+  wizard->resize(wizard->size() + QSize(100, 100));
+  EXPECT_EQ(tree->size(), wizard->PicBrouse()->size());
+  chooser.CloseBrowse();
+  chooser.CloseBrowse();
+  QCoreApplication::sendPostedEvents(tree, QEvent::DeferredDelete);
+  chooser.BrowseForFolder({});
+  EXPECT_EQ(wizard->findChild<QTreeView*>("BrowseTree"), nullptr);
+}
+
+}  // namespace
+}  // namespace korvane
