@@ -73,7 +73,7 @@ fs::path NativePath(std::string_view path) {
   const fs::path exact = FromUtf8(text);
   std::error_code error;
   if (fs::exists(exact, error)) return exact;
-  return MatchEachComponent(exact.is_absolute() ? fs::path("/") : fs::path(), exact);
+  return MatchEachComponent(exact.is_absolute() ? fs::path("/") : fs::path("."), exact);
 }
 
 #endif
