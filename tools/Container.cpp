@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Container.h"
 
+#include <stdexcept>
+
+#include "files/NativePath.h"
+#include "ini/IniText.h"
 #include "setup/BigArchive.h"
 #include "setup/DBCtl.h"
 #include "setup/RandomFile.h"
@@ -34,15 +38,18 @@ class ArchiveContainer : public Container {
   std::size_t at_ = 0;
 };
 
-}  // namespace
-
 bool IsArchive(const std::string& path) {
   RandomFile file;
   return file.open(path) && file.read(0, 4) == "BIGF";
 }
 
+}  // namespace
+
 std::unique_ptr<Container> OpenContainer(const std::string& path) {
   if (IsArchive(path)) return std::make_unique<ArchiveContainer>(path);
+  if (FileExists(path) && !ToLowerAscii(path).ends_with(".dbf")) {
+    throw std::runtime_error(path + ": neither a dBASE table (.DBF) nor an archive");
+  }
   return std::make_unique<DatabaseContainer>(path);
 }
 

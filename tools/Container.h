@@ -20,7 +20,4 @@ class Container {
 // Opens what lies at the path. std::runtime_error when it is neither, or damaged.
 std::unique_ptr<Container> OpenContainer(const std::string& path);
 
-// True when the file begins as an archive does.
-bool IsArchive(const std::string& path);
-
 }  // namespace korvane

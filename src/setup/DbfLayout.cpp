@@ -31,9 +31,12 @@ MemoKind MemoKindOf(const std::string& header) {
                       "The database is not a dBASE table of a version that can be read.");
 }
 
+// A character field may be longer than one byte can say; the number of decimals has its high byte then.
 DbfField Field(std::string_view descriptor, std::size_t offset) {
   const std::string_view name = descriptor.substr(0, kNameLength);
-  return {std::string(name.substr(0, name.find('\0'))), descriptor[11], offset, ByteAt(descriptor, 16)};
+  const char type = descriptor[11];
+  const std::size_t length = type == 'C' ? Little16(descriptor, 16) : ByteAt(descriptor, 16);
+  return {std::string(name.substr(0, name.find('\0'))), type, offset, length};
 }
 
 std::vector<DbfField> Fields(std::string_view header, std::uint64_t recordLength) {
