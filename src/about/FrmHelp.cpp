@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSplitter>
@@ -18,6 +19,7 @@
 
 #include <algorithm>
 
+#include "about/HelpText.h"
 #include "controls/Icons.h"
 
 namespace korvane {
@@ -25,10 +27,9 @@ namespace korvane {
 namespace {
 
 constexpr int kPageRole = Qt::UserRole;
-constexpr int kSideWidth = 28;  // widths and heights in average characters and lines
-constexpr int kTextWidth = 74;
-constexpr int kHeight = 34;
-constexpr qreal kMargin = 16;
+constexpr int kSideWidth = 52;  // widths and heights in average characters and lines
+constexpr int kTextWidth = 100;
+constexpr int kHeight = 46;
 constexpr int kLargestZoom = 12;
 constexpr int kSmallestZoom = -4;
 
@@ -48,7 +49,8 @@ FrmHelp::FrmHelp(const QString& path, QWidget* parent) : QMainWindow(parent), fi
   splitter->setSizes({unit * kSideWidth, unit * kTextWidth});
   setCentralWidget(splitter);
   buildToolBar();
-  resize(unit * (kSideWidth + kTextWidth), fontMetrics().lineSpacing() * kHeight);
+  const QSize pleasant(unit * (kSideWidth + kTextWidth), fontMetrics().lineSpacing() * kHeight);
+  resize(pleasant.boundedTo(screen()->availableSize()));
   fillContents();
   if (!file_.problem().isEmpty()) showProblem();
 }
@@ -65,7 +67,7 @@ void FrmHelp::buildToolBar() {
   addCommand(*bar, "zoom-in", tr("&Larger"), {QKeySequence::ZoomIn, Qt::CTRL | Qt::Key_Equal},
              &FrmHelp::zoomIn);
   addCommand(*bar, "zoom-out", tr("S&maller"), {QKeySequence::ZoomOut}, &FrmHelp::zoomOut);
-  addCommand(*bar, "find", tr("Normal Si&ze"), {Qt::CTRL | Qt::Key_0}, &FrmHelp::resetZoom);
+  addCommand(*bar, "zoom-normal", tr("Normal Si&ze"), {Qt::CTRL | Qt::Key_0}, &FrmHelp::resetZoom);
   back_->setEnabled(false);
   forward_->setEnabled(false);
 }
@@ -96,6 +98,7 @@ QWidget* FrmHelp::sidePart() {
   hits_ = new QListWidget;
   hits_->setObjectName("HelpHits");
   hits_->setAccessibleName(tr("Pages found"));
+  hits_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   side_ = new QStackedWidget;
   side_->addWidget(contents_);
   side_->addWidget(hits_);
@@ -120,7 +123,6 @@ void FrmHelp::buildText() {
   text_->setObjectName("HelpText");
   text_->setAccessibleName(tr("Help page"));
   text_->setOpenLinks(false);
-  text_->document()->setDocumentMargin(kMargin);
   connect(text_, &QTextBrowser::anchorClicked, this, &FrmHelp::followLink);
 }
 
@@ -179,7 +181,8 @@ void FrmHelp::rememberScroll() {
 void FrmHelp::showPlace() {
   const Place& place = history_[static_cast<std::size_t>(place_)];
   const HelpPage& page = *file_.page(place.page);
-  text_->document()->setMarkdown(page.markdown);
+  SetHelpText(*text_->document(), page.markdown, palette());
+  text_->setTextCursor(QTextCursor(text_->document()));
   text_->verticalScrollBar()->setValue(place.scroll);
   setWindowTitle(page.title + " - " + tr("Korvane Help"));
   back_->setEnabled(place_ > 0);

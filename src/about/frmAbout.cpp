@@ -20,7 +20,8 @@ namespace korvane {
 namespace {
 
 constexpr int kIconSize = 64;
-constexpr int kTextWidth = 60;  // in average characters: lines that are pleasant to read
+constexpr int kGap = 16;
+constexpr int kTextWidth = 66;  // in average characters: lines that are pleasant to read
 constexpr qreal kTitleScale = 1.4;
 
 const QString kDescription = QStringLiteral(
@@ -69,6 +70,7 @@ frmAbout::frmAbout(SettingsStore& store, MessageBoxes& messages, const Registry&
 QWidget* frmAbout::textPart() {
   auto* part = new QWidget;
   auto* layout = new QHBoxLayout(part);
+  layout->setSpacing(kGap);
   auto* icon = new QLabel;
   icon->setObjectName("picIcon");
   icon->setAccessibleName(tr("Icon"));
@@ -76,7 +78,7 @@ QWidget* frmAbout::textPart() {
   layout->addWidget(icon, 0, Qt::AlignTop);
 
   auto* texts = new QVBoxLayout;
-  layout->addLayout(texts);
+  layout->addLayout(texts, 1);
   QLabel* title = AddLabel(*texts, "lblTitle", ApplicationTitle());
   QFont font = title->font();
   font.setPointSizeF(font.pointSizeF() * kTitleScale);

@@ -41,10 +41,11 @@ bool DesktopMessageBoxes::show(const Message& message, QWidget* owner) {
   box.setIcon(IconOf(message.icon));
   const bool asks = message.buttons == Message::Buttons::yesNo;
   box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
+  box.setEscapeButton(asks ? QMessageBox::No : QMessageBox::Ok);
   if (message.helpTopic != kNoHelpTopic) AddHelpButton(box, help_, message.helpTopic);
-  box.setWindowFlag(Qt::WindowStaysOnTopHint, message.systemModal);
   // Help stays usable beside a box that offers it.
   box.setWindowModality(message.helpTopic != kNoHelpTopic ? Qt::WindowModal : Qt::ApplicationModal);
+  box.setWindowFlag(Qt::WindowStaysOnTopHint, message.systemModal);  // the modality resets it
   const int answer = box.exec();
   return answer == QMessageBox::Yes || answer == QMessageBox::Ok;
 }

@@ -72,6 +72,7 @@ FrmOpt::FrmOpt(SettingsStore& store, FontChooser& fonts, QWidget* parent)
   auto* tabs = new QTabWidget;
   tabs->setObjectName("SSTab1");
   tabs->setAccessibleName("Options");
+  tabs->setUsesScrollButtons(false);  // the window is as wide as its tabs
   tabs->addTab(generalPage(), "&General Settings");
   tabs->addTab(menuPage(), "&Menu Settings");
   tabs->addTab(manualEditorPage(), "Manual &Editor Settings");
