@@ -4,7 +4,10 @@
 #include <QEvent>
 #include <QHeaderView>
 
+#include <algorithm>
+
 #include "controls/InPlaceTableDelegate.h"
+#include "controls/ShownText.h"
 #include "platform/TextEncoding.h"
 #include "platform/Twips.h"
 
@@ -12,6 +15,7 @@ namespace korvane {
 
 namespace {
 
+constexpr qsizetype kMostLines = 12;
 constexpr int kRowSpace = 6;  // above and below a row's text, together
 
 constexpr QAbstractItemView::EditTriggers kEditing =
@@ -77,8 +81,8 @@ std::optional<QString> InPlaceTable::selectedCaption() const {
 }
 
 int InPlaceTable::rowHeightFor(int row) const {
-  const auto lines = 1 + model_.shownRow(row).value.count(QLatin1String("\r\n"));
-  const int text = static_cast<int>(lines) * fontMetrics().lineSpacing();
+  const auto lines = 1 + ShownText(model_.shownRow(row).value).count(QLatin1Char('\n'));
+  const int text = static_cast<int>(std::min(lines, kMostLines)) * fontMetrics().lineSpacing();
   return model_.isSeparator(row) ? text / 2 : text + kRowSpace;
 }
 

@@ -8,6 +8,7 @@
 #include <QPainter>
 
 #include "controls/InPlaceTableModel.h"
+#include "controls/ShownText.h"
 #include "platform/TextEncoding.h"
 
 namespace korvane {
@@ -28,7 +29,8 @@ class ChoiceModel : public QAbstractListModel {
   }
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override {
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole)) return {};
-    return FromBytes((*choices_)[static_cast<std::size_t>(index.row())]);
+    const QString text = FromBytes((*choices_)[static_cast<std::size_t>(index.row())]);
+    return role == Qt::DisplayRole ? ShownText(text) : text;
   }
 
  private:
@@ -40,10 +42,6 @@ QColor CaptionRed(const QPalette& palette) {
   return dark ? QColor(255, 120, 120) : QColor(255, 0, 0);
 }
 
-QString ShownLines(QString text) {
-  return text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-}
-
 QLineEdit* LineOf(QWidget* editor) {
   const auto* box = qobject_cast<QComboBox*>(editor);
   return box ? box->lineEdit() : qobject_cast<QLineEdit*>(editor);
@@ -53,7 +51,7 @@ QLineEdit* LineOf(QWidget* editor) {
 
 void InPlaceTableDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& cell) const {
   QStyledItemDelegate::initStyleOption(option, cell);
-  option->text = ShownLines(option->text);
+  option->text = ShownText(option->text);
   if (cell.column() != InPlaceTableModel::kCaption || !model_.shownRow(cell.row()).redAndBold) return;
   option->font.setBold(true);
   option->palette.setColor(QPalette::Text, CaptionRed(option->palette));

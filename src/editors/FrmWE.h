@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "controls/UnitChoices.h"
+#include "editors/TableEditor.h"
+
+namespace korvane {
+
+// The weapon editor: the weapons that the main window offers as a primary weapon.
+class FrmWE : public TableEditor {
+ public:
+  explicit FrmWE(const TableEditorContext& context) : TableEditor(kWeaponEditor, context) {}
+
+ protected:
+  QStringList readNames() override { return context().units.weaponNames(); }
+};
+
+}  // namespace korvane

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editors/ListAndTable.h"
+
+#include <QStyle>
+#include <QStyledItemDelegate>
+
+#include "controls/ShownText.h"
+#include "platform/Twips.h"
+
+namespace korvane {
+
+namespace {
+
+// Twips.
+constexpr int kMargin = 100;       // left of the list, right of the table, above and below both
+constexpr int kListShorter = 175;  // than the distance from the window's edge to the table
+
+constexpr int kTablePercent = 30;  // where the table begins
+
+class NameDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QString displayText(const QVariant& name, const QLocale&) const override {
+    return ShownText(name.toString());
+  }
+};
+
+}  // namespace
+
+ListAndTable::ListAndTable(QWidget* parent)
+    : QWidget(parent), LstWPN_(new ClickView<QListView>(this)), LVEdit_(new InPlaceTable(this)) {
+  LstWPN_->setObjectName("LstWPN");
+  LstWPN_->setAccessibleName("Entries");
+  LstWPN_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  LstWPN_->setItemDelegate(new NameDelegate(this));
+  LVEdit_->setObjectName("LVEdit");
+  LVEdit_->setAccessibleName("Parameters");
+}
+
+int ListAndTable::widthFor(int columnTwips) const {
+  const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, LVEdit_);
+  const int table = PixelsFromTwips(columnTwips + kMargin, *this) + scrollBar + 2 * LVEdit_->frameWidth();
+  return table * 100 / (100 - kTablePercent) + 1;
+}
+
+void ListAndTable::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  const int margin = PixelsFromTwips(kMargin, *this);
+  const int tableLeft = width() * kTablePercent / 100;
+  const int tableHeight = height() - 2 * margin;
+  LstWPN_->setGeometry(margin, margin, tableLeft - PixelsFromTwips(kListShorter, *this), tableHeight);
+  LVEdit_->setGeometry(tableLeft, margin, width() - tableLeft - margin, tableHeight);
+}
+
+}  // namespace korvane

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editors/TableEditor.h"
+
+#include <QCloseEvent>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <algorithm>
+
+#include "controls/EditorLauncher.h"
+#include "controls/Icons.h"
+#include "controls/ManualEditTarget.h"
+#include "controls/MenuButton.h"
+#include "controls/Placement.h"
+#include "controls/ShownText.h"
+#include "editors/ListAndTable.h"
+#include "ini/IniText.h"
+#include "platform/TextEncoding.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr int kHeight = 480;  // of a window that was never closed, in pixels
+
+bool BeginsWithWord(const QString& text, const QString& word) {
+  if (word.isEmpty() || !text.startsWith(word, Qt::CaseInsensitive)) return false;
+  const QChar next = text.size() > word.size() ? text[word.size()] : QChar(' ');
+  return !next.isLetterOrNumber() && next != QLatin1Char('_');
+}
+
+}  // namespace
+
+TableEditor::TableEditor(const TableEditorEntry& entry, const TableEditorContext& context)
+    : entry_(entry), context_(context), pane_(new ListAndTable) {
+  setObjectName(entry.window);
+  setWindowTitle(entry.title);
+  setWindowIcon(ApplicationIcon());
+  makeMenus();
+  pane_->list().setModel(&names_);
+  connect(&pane_->list(), &QListView::clicked, this, &TableEditor::showEntry);
+  setCentralWidget(pane_);
+  makeColumns();
+  pane_->list().setFocus();
+}
+
+TableEditor::~TableEditor() = default;
+
+InPlaceTable& TableEditor::table() {
+  return pane_->table();
+}
+
+void TableEditor::makeMenus() {
+  MnuFile_ = menuBar()->addMenu("&File");
+  MnuFile_->setObjectName("MnuFile");
+  MnuFile_->addAction(entry_.manualEditCaption, this, &TableEditor::editInManualEditor)
+      ->setObjectName("MnuManEd");
+  MnuFile_->addAction("E&xit", this, &TableEditor::close)->setObjectName("MnuExit");
+
+  auto* popup = new QMenu("PopupMenu", this);
+  popup->setObjectName("MnuPop");
+  popup->addAction(entry_.manualEditCaption, this, &TableEditor::editInManualEditor)
+      ->setObjectName("PopManEd");
+  const auto show = [popup](const QPoint& at) { popup->popup(at); };
+  for (QAbstractItemView* view :
+       {static_cast<QAbstractItemView*>(&pane_->list()), static_cast<QAbstractItemView*>(&pane_->table())}) {
+    // Queued: the view first selects what the button went down on.
+    connect(new MenuButton(*view), &MenuButton::pressed, popup, show, Qt::QueuedConnection);
+  }
+}
+
+void TableEditor::makeColumns() {
+  int twips = 0;
+  for (const TableColumn& column : entry_.columns) {
+    table().addColumn(column.caption, column.width);
+    twips += column.width;
+  }
+  table().setUp(1);
+  resize(pane_->widthFor(twips), kHeight);
+}
+
+void TableEditor::load() {
+  const WindowCalls::Running call(calls_);
+  // Goes on when the parser is taken too: this load is then part of the command that took it.
+  const ParserTurn turn(context_.parser);
+  RestorePlacement(context_.services.settings, *this);
+  fillList(readNames());
+}
+
+QStringList TableEditor::readNames() {
+  QStringList names;
+  const Yield& yield = context_.parser.yield();
+  TVItem reader(yield);
+  reader.NewLine = [&](std::string_view line) {
+    if (entry_.yieldsPerLine && yield) yield();
+    if (!TVItem::CheckText(line, entry_.kind)) return;
+    if (const auto name = HeaderName(line)) names << FromBytes(*name);
+  };
+  reader.OpenFile(IniPath(context_.parser.gameFolder(), entry_.file));
+  return names;
+}
+
+void TableEditor::fillList(QStringList names) {
+  const QString first = names.value(0);
+  if (entry_.sorted) {
+    std::stable_sort(names.begin(), names.end(), [](const QString& a, const QString& b) {
+      return a.compare(b, Qt::CaseInsensitive) < 0;
+    });
+  }
+  names_.setStringList(names);
+  if (selectsFirst()) select(names_.index(static_cast<int>(names.indexOf(first))));
+}
+
+void TableEditor::select(const QModelIndex& entry) {
+  settled_ = entry;
+  pane_->list().setCurrentIndex(entry);
+  if (!entry.isValid()) pane_->list().clearSelection();
+}
+
+void TableEditor::selectEntry(const QString& name) {
+  const QStringList names = names_.stringList();
+  const auto found = std::find_if(names.begin(), names.end(),
+                                  [&](const QString& entry) { return BeginsWithWord(entry, name); });
+  select(found == names.end() ? QModelIndex() : names_.index(static_cast<int>(found - names.begin())));
+}
+
+std::optional<QString> TableEditor::selectedName() const {
+  const QModelIndexList selected = pane_->list().selectionModel()->selectedIndexes();
+  if (selected.isEmpty()) return std::nullopt;
+  return selected.first().data().toString();
+}
+
+void TableEditor::showEntry(const QModelIndex& entry) {
+  const WindowCalls::Running call(calls_);
+  const ParserTurn turn(context_.parser);
+  if (!turn) {
+    select(settled_);
+    return;
+  }
+  settled_ = entry;
+  const QString name = entry.data().toString();
+  setWindowTitle(ShownText(name) + QStringLiteral(" - ") + entry_.title);
+  (context_.parser.*entry_.fill)(ToBytes(name), table());
+  table().setAllCaptionsRedAndBold();
+  table().finish();
+}
+
+std::optional<std::string> TableEditor::readBlock(const QString& name) {
+  const ParserTurn turn(context_.parser);
+  if (!turn) return std::nullopt;
+  context_.parser.ObjectName = ToBytes(name);
+  const std::string text = context_.parser.GetObjectText(entry_.kind, entry_.file);
+  return entry_.trimsBlock ? std::string(TrimSpaces(text)) : text;
+}
+
+void TableEditor::editInManualEditor() {
+  const WindowCalls::Running call(calls_);
+  const auto name = selectedName();
+  const auto text = name ? readBlock(*name) : std::nullopt;
+  if (!text) return;
+  const std::string path = IniPath(context_.parser.gameFolder(), entry_.file);
+  context_.target = {.ManualEditFile = QString::fromStdString(path), .ManualEditPartial = 1};
+  context_.launcher.showManualEditorOnText(*text);
+}
+
+void TableEditor::closeEvent(QCloseEvent* event) {
+  SavePlacement(context_.services.settings, *this);
+  event->accept();
+  calls_.whenIdle([this] { Q_EMIT closedForGood(); });
+}
+
+}  // namespace korvane

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QMainWindow>
+#include <QPersistentModelIndex>
+#include <QStringList>
+#include <QStringListModel>
+
+#include <optional>
+#include <string>
+
+#include "controls/InPlaceTable.h"
+#include "controls/Services.h"
+#include "editors/TableEditorEntry.h"
+#include "platform/WindowCalls.h"
+
+class QMenu;
+
+namespace korvane {
+
+class EditorLauncher;
+class ListAndTable;
+class UnitChoices;
+struct ManualEditTarget;
+
+// What every table editor uses.
+struct TableEditorContext {
+  SParse& parser;
+  const Services& services;
+  EditorLauncher& launcher;
+  ManualEditTarget& target;
+  const UnitChoices& units;
+};
+
+// A window that shows the entries of one game file, and the chosen one's parameters as a table. What is typed
+// into the table is not stored; an entry is changed through the manual editor.
+//
+// Its reads let events run, and one guard holds for all windows: what the user asks for while the parser is
+// taken is ignored.
+class TableEditor : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  TableEditor(const TableEditorEntry& entry, const TableEditorContext& context);
+  ~TableEditor() override;
+
+  // Restores the placement and reads the list. To be called once, when the owner already knows the window:
+  // events run meanwhile.
+  void load();
+
+  // Selects the first entry from the top that begins with the name as a whole word, letter case ignored, or
+  // none. The table stays as it is.
+  void selectEntry(const QString& name);
+
+ Q_SIGNALS:
+  // The window was closed and none of its calls is running any more: its owner lets it go with deleteLater.
+  void closedForGood();
+
+ protected:
+  // The names for the list, in the order in which they are added: those of the file's header lines.
+  virtual QStringList readNames();
+  // True when the entry that was added first is selected after loading.
+  virtual bool selectsFirst() const { return true; }
+
+  QMenu& fileMenu() { return *MnuFile_; }
+  InPlaceTable& table();
+  const TableEditorContext& context() const { return context_; }
+
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void makeMenus();
+  void makeColumns();
+  void fillList(QStringList names);
+  void select(const QModelIndex& entry);
+  std::optional<QString> selectedName() const;
+  void showEntry(const QModelIndex& entry);
+  void editInManualEditor();
+  std::optional<std::string> readBlock(const QString& name);
+
+  const TableEditorEntry& entry_;
+  TableEditorContext context_;
+  QStringListModel names_;
+  ListAndTable* pane_;
+  QMenu* MnuFile_ = nullptr;
+  QPersistentModelIndex settled_;  // the entry to go back to when a choice is refused
+  WindowCalls calls_;
+};
+
+}  // namespace korvane
