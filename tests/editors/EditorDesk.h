@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QListView>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+#include "controls/EditorLauncher.h"
+#include "controls/ManualEditTarget.h"
+#include "controls/UnitChoices.h"
+#include "editors/TableEditor.h"
+#include "settings/SettingsStore.h"
+#include "support/Fakes.h"
+#include "support/GameFolder.h"
+
+namespace korvane {
+
+// Remembers the text that was to be shown in the manual editor.
+class FakeLauncher : public EditorLauncher {
+ public:
+  void showManualEditorOnText(const std::string& text) override { texts.push_back(text); }
+  void showManualEditorOnFile() override {}
+  void showWeaponEditor() override {}
+  void showArmourEditor() override {}
+  void showCommandSetEditor() override {}
+  void showCommandButtonEditor() override {}
+  void selectWeapon(const QString&) override {}
+  void selectArmour(const QString&) override {}
+  void showOptions() override {}
+  void showAbout() override {}
+  void CloseBrowse() override {}
+  std::vector<std::string> texts;
+};
+
+class FakeUnits : public UnitChoices {
+ public:
+  QStringList weaponNames() const override { return weapons; }
+  bool armourChosen() const override { return chosen; }
+  QStringList weapons;
+  bool chosen = false;
+};
+
+// What a table editor needs around it. Reads let events run at every line.
+class EditorDesk : public testing::Test {
+ protected:
+  template <typename Editor>
+  std::unique_ptr<Editor> open() {
+    auto editor = std::make_unique<Editor>(context);
+    editor->load();
+    editor->show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(editor.get()));
+    return editor;
+  }
+
+  static QListView& list(const TableEditor& editor) { return *editor.findChild<QListView*>("LstWPN"); }
+  static InPlaceTable& table(const TableEditor& editor) { return *editor.findChild<InPlaceTable*>("LVEdit"); }
+  static void trigger(const TableEditor& editor, const char* action) {
+    editor.findChild<QAction*>(action)->trigger();
+  }
+
+  static QStringList entries(const TableEditor& editor) {
+    QStringList names;
+    for (int row = 0; row < list(editor).model()->rowCount(); ++row)
+      names << list(editor).model()->index(row, 0).data().toString();
+    return names;
+  }
+  static QString selected(const TableEditor& editor) {
+    const QModelIndexList indexes = list(editor).selectionModel()->selectedIndexes();
+    return indexes.isEmpty() ? QString("none") : indexes.first().data().toString();
+  }
+  static void click(const TableEditor& editor, int row) {
+    QListView& view = list(editor);
+    const QRect entry = view.visualRect(view.model()->index(row, 0));
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, entry.center());
+  }
+  // "caption|value" of every row.
+  static QStringList rows(const TableEditor& editor) {
+    QStringList texts;
+    for (int row = 0; row < table(editor).rowCount(); ++row)
+      texts << table(editor).row(row).caption + '|' + table(editor).row(row).value;
+    return texts;
+  }
+
+  GameFolder game;
+  QTemporaryDir settingsFolder;
+  SettingsStore settings{settingsFolder.path()};
+  FakeMessageBoxes messages;
+  FakeShell shell;
+  FakeHelpViewer help;
+  FakeProcessEnd process;
+  ScriptedYield yield;
+  Folders folders{game.qpath(), "C:\\Korvane"};
+  Services services{settings, messages, shell, help, process, yield, folders};
+  SParse parser{[this] { return game.path(); }, [this] { yield.fullTurn(); }};
+  FakeLauncher launcher;
+  ManualEditTarget target;
+  FakeUnits units;
+  TableEditorContext context{parser, services, launcher, target, units};
+};
+
+}  // namespace korvane
