@@ -31,9 +31,16 @@ int Stored(const SettingsStore& store, const QWidget& window, const char* key, i
   return isNumber ? value : current;
 }
 
-// The widths of the frame around the window's own area.
+// How much larger the outer frame is than the window's own area.
 QSize FrameExtra(const QWidget& window) {
   return window.frameGeometry().size() - window.size();
+}
+
+// Before a window is first shown nobody knows its frame; the one it had when it was closed is then assumed.
+QSize FrameToCome(const SettingsStore& store, const QWidget& window) {
+  const QSize now = FrameExtra(window);
+  if (!now.isNull()) return now;
+  return {Stored(store, window, "_FrameWidth", 0), Stored(store, window, "_FrameHeight", 0)};
 }
 
 QPoint Reachable(QRect frame) {
@@ -66,12 +73,14 @@ void SavePlacement(SettingsStore& store, const QWidget& window) {
     save("_Width", window.frameGeometry().width());
     save("_Top", window.y());
     save("_Left", window.x());
+    save("_FrameHeight", FrameExtra(window).height());
+    save("_FrameWidth", FrameExtra(window).width());
   }
   save("WindowState", state);
 }
 
 void RestorePlacement(const SettingsStore& store, QWidget& window) {
-  const QSize extra = FrameExtra(window);
+  const QSize extra = FrameToCome(store, window);
   const int height = Stored(store, window, "_Height", window.height() + extra.height());
   const int width = Stored(store, window, "_Width", window.width() + extra.width());
   const int left = Stored(store, window, "_Left", window.x());
