@@ -82,7 +82,12 @@ class ObjectDisplay::BusyWindow {
   ~BusyWindow() {
     window_.setEnabled(true);
     if (hadFocus_) tree_.setFocus();
+    showChanges();
+  }
+  // Paints from now on. What was marked for painting before is not painted by itself any more.
+  void showChanges() {
     window_.setUpdatesEnabled(true);
+    window_.repaint();
   }
   BusyWindow(const BusyWindow&) = delete;
   BusyWindow& operator=(const BusyWindow&) = delete;
@@ -167,7 +172,7 @@ void ObjectDisplay::select(const QModelIndex& index) {
     panels_[1]->setText(FromBytes(node->tag) + "  (Error: File does not exist)");
     services_.yield.fullTurn();
   } else if (isObject) {
-    showObject(*node);
+    showObject(*node, busy);
   }
   fields_.CboArmour->setEditText(armour_);
   if (fileIsThere) information_.UpdateLV();
@@ -182,11 +187,11 @@ void ObjectDisplay::reportNode(const ObjectNode& node) {
   panels_[2]->setText("There are " + QString::number(node.children.size()) + " items in this catagory.");
 }
 
-void ObjectDisplay::showObject(const ObjectNode& node) {
+void ObjectDisplay::showObject(const ObjectNode& node, BusyWindow& busy) {
   const std::string file = "Object\\" + Grandparent(node)->key;
   fields_.F_Tab->setEnabled(true);
   FrmColData progress(window_);
-  connect(&progress, &FrmColData::cameUp, &window_, [this] { window_.setUpdatesEnabled(true); });
+  connect(&progress, &FrmColData::cameUp, &progress, [&busy] { busy.showChanges(); });
   bool isNumber = false;
   const int tab = services_.settings.GetSet("InfoTab").toInt(&isNumber);
   if (isNumber) fields_.F_Tab->setCurrentIndex(tab);

@@ -50,7 +50,7 @@ class ObjectDisplay : public QObject {
   void reportNode(const ObjectNode& node);
   std::string objectPath(const ObjectNode& node) const;
 
-  void showObject(const ObjectNode& node);
+  void showObject(const ObjectNode& node, BusyWindow& busy);
   void readTextFields(const std::string& file, FrmColData& progress);
   void readWeaponSets(const std::string& file);
   void readLocomotorTabs();
