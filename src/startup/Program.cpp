@@ -3,33 +3,89 @@
 
 #include "about/FrmFun.h"
 #include "about/frmAbout.h"
+#include "editors/CmdSetFormat.h"
+#include "editors/FrmAmrPar.h"
+#include "editors/FrmArmour.h"
+#include "editors/FrmCmdBtn.h"
+#include "editors/FrmCmdSet.h"
+#include "editors/FrmWE.h"
 #include "mainwindow/FrmEdit.h"
 #include "platform/EventYield.h"
 #include "platform/Registry.h"
 #include "settings/FrmOpt.h"
+#include "setup/frmWizard.h"
 #include "startup/frmSplash.h"
 
 namespace korvane {
+
+namespace {
+
+// A table editor reads its list when it is made; the events that run meanwhile find it in its place.
+template <typename Editor>
+Editor& Loaded(Lazy<Editor>& editor) {
+  if (editor.existing() == nullptr) editor.get().load();
+  return editor.get();
+}
+
+}  // namespace
 
 Program::Program(const Services& services, QString arguments)
     : services_(services),
       arguments_(std::move(arguments)),
       fonts_([this] { return &options_.get(); }),
       registry_(SystemRegistry()),
+      wizard_([this] { return makeWizard(); }),
       options_([this] { return makeOptions(); }),
       about_([this] { return makeAbout(); }),
-      extras_([this] { return new FrmFun(services_.settings); }) {}
+      extras_([this] { return new FrmFun(services_.settings); }),
+      weaponEditor_([this] { return new FrmWE(editorContext()); }),
+      armourEditor_([this] { return makeArmourEditor(); }),
+      damageTypes_([this] { return makeDamageTypes(); }),
+      commandSetEditor_([this] { return makeCommandSetEditor(); }),
+      commandSetFormat_([this] { return new CmdSetFormat(services_.settings); }),
+      commandButtonEditor_([this] { return new FrmCmdBtn(editorContext()); }) {}
 
 Program::~Program() = default;
 
 void Program::StartProgram() {
   services_.yield.fullTurn();
   runSplash();
+  chooser_.BrowseHost = wizard_.get().PicBrouse();
+  chooser_.BrowseForFolder({});
 }
 
 void Program::runSplash() {
   frmSplash splash(services_, *this, arguments_);
   splash.load();
+}
+
+FrmEdit& Program::mainWindow() {
+  if (!mainWindow_) mainWindow_ = std::make_unique<FrmEdit>(services_, *this, target_);
+  return *mainWindow_;
+}
+
+frmWizard* Program::makeWizard() {
+  auto* window = new frmWizard({services_.settings, services_.messages, services_.help, services_.process,
+                                services_.yield, chooser_, files_},
+                               services_.folders.program);
+  QObject::connect(window, &frmWizard::finished, window, [this] { runSplash(); });
+  return window;
+}
+
+bool Program::wizardVisible() {
+  return wizard_.get().isVisible();
+}
+
+void Program::showWizard() {
+  Present(wizard_.get());
+}
+
+void Program::hideWizard() {
+  wizard_.get().hide();
+}
+
+void Program::CloseBrowse() {
+  chooser_.CloseBrowse();
 }
 
 FrmOpt* Program::makeOptions() {
@@ -38,38 +94,76 @@ FrmOpt* Program::makeOptions() {
   return window;
 }
 
+void Program::showOptions() {
+  Present(options_.get());
+}
+
 frmAbout* Program::makeAbout() {
   auto* window = new frmAbout(services_.settings, services_.messages, *registry_, programs_);
   QObject::connect(window, &frmAbout::extrasRequested, window, [this] { Present(extras_.get()); });
   return window;
 }
 
-FrmEdit& Program::mainWindow() {
-  if (!mainWindow_) mainWindow_ = std::make_unique<FrmEdit>(services_, *this, target_);
-  return *mainWindow_;
-}
-
-bool Program::wizardVisible() {
-  return false;
-}
-void Program::showWizard() {}
-void Program::hideWizard() {}
-void Program::CloseBrowse() {}
-
-void Program::showManualEditorOnFile() {}
-void Program::showManualEditorOnText(const std::string&) {}
-void Program::showWeaponEditor() {}
-void Program::showArmourEditor() {}
-void Program::showCommandSetEditor() {}
-void Program::showCommandButtonEditor() {}
-void Program::selectWeapon(const QString&) {}
-void Program::selectArmour(const QString&) {}
-
-void Program::showOptions() {
-  Present(options_.get());
-}
 void Program::showAbout() {
   Present(about_.get());
 }
+
+TableEditorContext Program::editorContext() {
+  return {mainWindow().parser(), services_, *this, target_, mainWindow()};
+}
+
+void Program::showWeaponEditor() {
+  Present(Loaded(weaponEditor_));
+}
+
+void Program::selectWeapon(const QString& name) {
+  Loaded(weaponEditor_).selectEntry(name);
+}
+
+FrmArmour* Program::makeArmourEditor() {
+  auto* window = new FrmArmour(editorContext());
+  QObject::connect(window, &FrmArmour::damageTypesAsked, window, [this] { Present(damageTypes_.get()); });
+  return window;
+}
+
+FrmAmrPar* Program::makeDamageTypes() {
+  auto* window = new FrmAmrPar;
+  QObject::connect(window, &FrmAmrPar::typeChosen, window,
+                   [this](const QString& type) { armourEditor().addDamageType(type); });
+  return window;
+}
+
+// Loaded with the entry that the main window's armour list names, as if it had followed that list all along.
+FrmArmour& Program::armourEditor() {
+  const bool isNew = armourEditor_.existing() == nullptr;
+  FrmArmour& editor = Loaded(armourEditor_);
+  if (isNew && mainWindow().armourChosen()) editor.selectEntry(mainWindow().armourText());
+  return editor;
+}
+
+void Program::showArmourEditor() {
+  Present(armourEditor());
+}
+
+void Program::selectArmour(const QString& name) {
+  if (FrmArmour* editor = armourEditor_.existing()) editor->selectEntry(name);
+}
+
+FrmCmdSet* Program::makeCommandSetEditor() {
+  auto* window = new FrmCmdSet(editorContext());
+  QObject::connect(window, &FrmCmdSet::formatAsked, window, [this] { Present(commandSetFormat_.get()); });
+  return window;
+}
+
+void Program::showCommandSetEditor() {
+  Present(Loaded(commandSetEditor_));
+}
+
+void Program::showCommandButtonEditor() {
+  Present(Loaded(commandButtonEditor_));
+}
+
+void Program::showManualEditorOnFile() {}
+void Program::showManualEditorOnText(const std::string&) {}
 
 }  // namespace korvane

@@ -9,16 +9,26 @@
 #include "controls/FontDialog.h"
 #include "controls/ManualEditTarget.h"
 #include "controls/Services.h"
+#include "platform/FileWriter.h"
 #include "platform/Programs.h"
+#include "setup/FolderChooser.h"
 #include "startup/Lazy.h"
 #include "startup/StartupWindows.h"
 
 namespace korvane {
 
+class CmdSetFormat;
+class FrmAmrPar;
+class FrmArmour;
+class FrmCmdBtn;
+class FrmCmdSet;
 class FrmFun;
 class FrmOpt;
+class FrmWE;
 class Registry;
 class frmAbout;
+class frmWizard;
+struct TableEditorContext;
 
 // The composition root: owns every window, makes each at its first use, and wires them to each other.
 class Program : public EditorLauncher, public StartupWindows {
@@ -48,22 +58,37 @@ class Program : public EditorLauncher, public StartupWindows {
   void hideWizard() override;
 
  private:
+  void runSplash();
+
   FrmOpt* makeOptions();
   frmAbout* makeAbout();
-
-  void runSplash();
+  frmWizard* makeWizard();
+  FrmArmour* makeArmourEditor();
+  FrmAmrPar* makeDamageTypes();
+  FrmCmdSet* makeCommandSetEditor();
+  FrmArmour& armourEditor();
+  TableEditorContext editorContext();
 
   const Services& services_;
   QString arguments_;
   ManualEditTarget target_;
+  FileWriter files_;
   FontDialog fonts_;
+  FolderChooser chooser_;
   SystemPrograms programs_;
   std::unique_ptr<Registry> registry_;
 
   std::unique_ptr<FrmEdit> mainWindow_;
+  Lazy<frmWizard> wizard_;
   Lazy<FrmOpt> options_;
   Lazy<frmAbout> about_;
   Lazy<FrmFun> extras_;
+  Lazy<FrmWE> weaponEditor_;
+  Lazy<FrmArmour> armourEditor_;
+  Lazy<FrmAmrPar> damageTypes_;
+  Lazy<FrmCmdSet> commandSetEditor_;
+  Lazy<CmdSetFormat> commandSetFormat_;
+  Lazy<FrmCmdBtn> commandButtonEditor_;
 };
 
 }  // namespace korvane
