@@ -35,6 +35,26 @@ inline StockRecords ReadAll(DBCtl& database) {
   return records;
 }
 
+inline std::string BigBytes(std::uint32_t number) {
+  std::string bytes = LittleBytes(number, 4);
+  return {bytes.rbegin(), bytes.rend()};
+}
+
+// One of the game's archives with the files in it.
+inline std::string ArchiveBytes(const StockRecords& files) {
+  std::size_t header = 16;
+  for (const auto& [path, text] : files) header += 8 + path.size() + 1;
+  std::string list;
+  std::string texts;
+  for (const auto& [path, text] : files) {
+    list += BigBytes(static_cast<std::uint32_t>(header + texts.size())) +
+            BigBytes(static_cast<std::uint32_t>(text.size())) + path + '\0';
+    texts += text;
+  }
+  return "BIGF" + LittleBytes(header + texts.size(), 4) + BigBytes(static_cast<std::uint32_t>(files.size())) +
+         BigBytes(static_cast<std::uint32_t>(header)) + list + texts;
+}
+
 // A database as bytes, for tests to spoil: 129 bytes of header with the fields PATH (C 20), TEXT (M 10) and
 // SIZE (N 5), records of 36 bytes.
 struct RawDatabase {

@@ -11,25 +11,6 @@
 namespace korvane {
 namespace {
 
-std::string BigBytes(std::uint32_t number) {
-  std::string bytes = LittleBytes(number, 4);
-  return {bytes.rbegin(), bytes.rend()};
-}
-
-std::string ArchiveBytes(const StockRecords& files) {
-  std::size_t header = 16;
-  for (const auto& [path, text] : files) header += 8 + path.size() + 1;
-  std::string list;
-  std::string texts;
-  for (const auto& [path, text] : files) {
-    list += BigBytes(static_cast<std::uint32_t>(header + texts.size())) +
-            BigBytes(static_cast<std::uint32_t>(text.size())) + path + '\0';
-    texts += text;
-  }
-  return "BIGF" + LittleBytes(header + texts.size(), 4) + BigBytes(static_cast<std::uint32_t>(files.size())) +
-         BigBytes(static_cast<std::uint32_t>(header)) + list + texts;
-}
-
 StockRecords Catalogue() {
   StockRecords files;
   for (const DataFile& file : kDataFiles) {

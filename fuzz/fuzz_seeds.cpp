@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// fuzz_seeds FOLDER: writes first inputs for each fuzz program to a folder of its own.
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "setup/StockFiles.h"
+#include "setup/StockTable.h"
+
+namespace {
+
+using namespace korvane;
+namespace fs = std::filesystem;
+
+const StockRecords kRecords = {
+    {"Data\\a.ini", "Object Tank\r\nEnd\r\n"}, {"Data\\b.ini", std::string(600, 'x')}, {"c", "3"}};
+
+constexpr std::string_view kParserSeeds[] = {
+    "Object\nTank\nSpeed\nObject TankHunter\r\n  Speed = 30 ; fast\r\n  SpeedDamaged = 20\r\nEnd\r\nObject "
+    "Tank\r\nEND\r\n",
+    "Weapon\nGun\nPrimaryDamage\n;Weapon\rweapon gun\r\n  PrimaryDamage=5\r  ;PrimaryDamage = 6\r\n\n "
+    "end\r\nEnd ; note",
+    "Object\nTank\nWeapon\nObject Tank\r\n  WeaponSet\r\n    Weapon = PRIMARY Gun\r\n    End\r\n  End\r\n  "
+    "Draw\r\n  End\r\n"
+    "  WeaponSet\r\n    Weapon = NONE\r\n",
+    "CommandSet\nTank\n1\nCommandSet Tank\r\n  1 = Stop\r\n  10 = Go\r\n  ; 1 = Old\r\n   \r\nEnd\r\n",
+};
+
+void Write(const fs::path& file, std::string_view bytes) {
+  std::ofstream(file, std::ios::binary) << bytes;
+}
+
+std::string Read(const fs::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+std::string DatabaseInput(const std::string& table, const std::string& memos) {
+  return LittleBytes(table.size(), 2) + table + memos;
+}
+
+void WriteDatabases(const fs::path& folder) {
+  {
+    StockTable table(folder / "packed");
+    for (const auto& [path, text] : kRecords) table.add(path, text);
+    table.commit();
+  }
+  Write(folder / "packed", DatabaseInput(Read(folder / "packed.DBF"), Read(folder / "packed.DBT")));
+  fs::remove(folder / "packed.DBF");
+  fs::remove(folder / "packed.DBT");
+  for (const MemoKind kind : {MemoKind::version3, MemoKind::version4}) {
+    const RawDatabase raw(kRecords, kind);
+    const char* name = kind == MemoKind::version3 ? "version3" : "version4";
+    Write(folder / name, DatabaseInput(raw.table, raw.memos));
+  }
+  const RawDatabase small({{"a", "1"}}, MemoKind::version4, 16);
+  Write(folder / "small", DatabaseInput(small.table, small.memos));
+}
+
+void WriteParserInputs(const fs::path& folder) {
+  int number = 0;
+  for (const std::string_view seed : kParserSeeds) Write(folder / std::to_string(++number), seed);
+}
+
+fs::path Folder(const fs::path& folder) {
+  fs::create_directories(folder);
+  return folder;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) return 2;
+  const fs::path seeds = argv[1];
+  WriteDatabases(Folder(seeds / "dbase"));
+  Write(Folder(seeds / "big") / "three", ArchiveBytes(kRecords));
+  Write(seeds / "big" / "none", ArchiveBytes({}));
+  WriteParserInputs(Folder(seeds / "parser"));
+  return 0;
+}
