@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// korvane-generate FOLDER [FACTOR]: writes a large made-up game folder, to try the program on.
+#include <charconv>
+#include <exception>
+#include <iostream>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "GameGenerator.h"
+
+namespace {
+
+constexpr int kLargestFactor = 100;  // 800 MB
+
+std::optional<int> FactorOf(std::string_view text) {
+  int factor = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), factor);
+  const bool whole = error == std::errc() && end == text.data() + text.size();
+  if (!whole || factor < 1 || factor > kLargestFactor) return std::nullopt;
+  return factor;
+}
+
+}  // namespace
+
+int main(int count, char** values) {
+  const std::span arguments(values, static_cast<std::size_t>(count));
+  const std::optional<int> factor = count > 2 ? FactorOf(arguments[2]) : 1;
+  if (count < 2 || count > 3 || !factor) {
+    std::cerr << "usage: korvane-generate FOLDER [FACTOR, 1 to " << kLargestFactor << "]\n";
+    return 2;
+  }
+  try {
+    korvane::GenerateGame(arguments[1], *factor);
+  } catch (const std::exception& error) {
+    std::cerr << "korvane-generate: " << error.what() << '\n';
+    return 1;
+  }
+}
