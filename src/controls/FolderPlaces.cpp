@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/FolderPlaces.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QDir>
-#include <QStyle>
 
 #include "controls/Icons.h"
 #include "files/NativePath.h"
@@ -16,10 +15,6 @@ QString WithBackslashes(QString path) {
   return path.replace('/', '\\');
 }
 
-QIcon DriveIcon() {
-  return QApplication::style()->standardIcon(QStyle::SP_DriveHDIcon);
-}
-
 }  // namespace
 
 #ifdef Q_OS_WIN
@@ -28,7 +23,7 @@ QList<FolderPlace> StandardPlaces() {
   QList<FolderPlace> places;
   for (const QFileInfo& drive : QDir::drives()) {
     const QString path = WithBackslashes(drive.path());
-    places += {path, path, drive.path(), DriveIcon()};
+    places += {path, path, drive.path(), ThemeIcon("drive")};
   }
   return places;
 }
@@ -37,13 +32,13 @@ QList<FolderPlace> StandardPlaces() {
 
 QList<FolderPlace> StandardPlaces() {
   const QString home = QDir::homePath();
-  QList<FolderPlace> places = {{"/", "\\", "/", DriveIcon()},
+  QList<FolderPlace> places = {{"/", "\\", "/", ThemeIcon("drive")},
                                {QCoreApplication::translate("FolderPlaces", "Home (%1)").arg(home),
                                 WithBackslashes(home), home, ThemeIcon("home")}};
   const std::string driveC = "C:\\";
   if (FolderExists(driveC)) {
     places += {QString::fromStdString(driveC), QString::fromStdString(driveC),
-               QString::fromStdU16String(NativePath(driveC).u16string()), DriveIcon()};
+               QString::fromStdU16String(NativePath(driveC).u16string()), ThemeIcon("drive")};
   }
   return places;
 }

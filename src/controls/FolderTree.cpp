@@ -22,6 +22,7 @@ FolderTree::FolderTree(const QList<FolderPlace>& places, QWidget* parent)
   setAccessibleName(tr("Folders"));
   setHeaderHidden(true);
   setUniformRowHeights(true);
+  setIconSize(fontMetrics().height() * QSize(1, 1));
   setModel(model_);
   header()->setStretchLastSection(false);
   header()->setResizeContentsPrecision(0);  // the rows on the screen only
@@ -42,6 +43,12 @@ void FolderTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
   if (index.parent().isValid()) model_->look(index);
   QTreeView::drawRow(painter, option, index);
+}
+
+// The bar of the selected row reaches across the tree.
+void FolderTree::resizeEvent(QResizeEvent* event) {
+  header()->setMinimumSectionSize(viewport()->width());
+  QTreeView::resizeEvent(event);
 }
 
 void FolderTree::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {

@@ -17,8 +17,8 @@ namespace korvane {
 namespace {
 
 constexpr int kAside = -10000;          // left edge of a frame that is not shown, in twips
-constexpr int kTextWidth = 52;          // least width of a step's texts, in average characters
-constexpr int kFolderLines = 11;        // least height of the folder tree, in lines
+constexpr int kTextWidth = 62;          // least width of a step's texts, in average characters
+constexpr int kFolderLines = 14;        // least height of the folder tree, in lines
 constexpr int kSpaceAboveProgress = 2;  // in lines
 
 struct Step {

@@ -12,6 +12,7 @@
 #include <exception>
 
 #include "controls/Placement.h"
+#include "controls/Services.h"
 #include "platform/EventYield.h"
 #include "platform/HelpViewer.h"
 #include "platform/MessageBoxes.h"
@@ -39,14 +40,15 @@ enum Step { introduction, folder, restore, closing };
 
 }  // namespace
 
-frmWizard::frmWizard(const Services& services, const QString& programFolder)
+frmWizard::frmWizard(const Services& services, FolderChooser& chooser, const FileWriter& writer)
     : services_(services),
-      programFolder_(programFolder),
+      chooser_(chooser),
+      writer_(writer),
       steps_(new WizardSteps(this)),
       DB_(new DBCtlView(services.messages, this)) {
   build();
   LoadResStrings(*this);
-  const QString intro = services_.store.getOfWizards("WizardTemplate", "IntroductionScreen", {});
+  const QString intro = services_.settings.getOfWizards("WizardTemplate", "IntroductionScreen", {});
   if (intro == "ShowIntro") {
     SetStep(folder, Direction::next);
   } else {
@@ -139,7 +141,7 @@ void frmWizard::hideEvent(QHideEvent*) {
 bool frmWizard::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Resize) {
     const QSize inner = steps_->PicBrouse->size();
-    services_.chooser.ResizeBrowseTree(0, 0, inner.width(), inner.height());
+    chooser_.ResizeBrowseTree(0, 0, inner.width(), inner.height());
   }
   return QWidget::eventFilter(watched, event);
 }
@@ -159,7 +161,7 @@ void frmWizard::pressPrimary() {
 }
 
 void frmWizard::cutSelectedFolder() {
-  QString& folderText = services_.chooser.SelectedFolder;
+  QString& folderText = chooser_.SelectedFolder;
   const qsizetype end = folderText.indexOf(QChar::Null);
   if (end >= 0) folderText.truncate(end);
 }
@@ -170,7 +172,7 @@ void frmWizard::onTimer() {
   services_.yield.fullTurn();
   if (closed_) return;
   if (CurrentStep == folder) {
-    nav(next).setEnabled(gameFolderCheck_.holdsGame(services_.chooser.SelectedFolder));
+    nav(next).setEnabled(gameFolderCheck_.holdsGame(chooser_.SelectedFolder));
   }
   if (CurrentStep >= closing) nav(next).setEnabled(false);
 }
@@ -207,24 +209,24 @@ void frmWizard::showHelp() {
 }
 
 void frmWizard::giveUp() {
-  services_.store.deleteSection("Paths");
+  services_.settings.deleteSection("Paths");
   Cancelled = true;
-  services_.chooser.CloseBrowse();
+  chooser_.CloseBrowse();
   close();
-  services_.processEnd.end();
+  services_.process.end();
 }
 
 void frmWizard::goOn() {
   cutSelectedFolder();
   if (CurrentStep == folder && !gameFolderChosen()) return;
-  services_.store.saveGameFolder(services_.chooser.SelectedFolder);
+  services_.settings.saveGameFolder(chooser_.SelectedFolder);
   SetStep(CurrentStep + 1, Direction::next);
   services_.yield.fullTurn();
   if (CurrentStep == restore && !closed_) restoreStockFiles();
 }
 
 bool frmWizard::gameFolderChosen() {
-  if (HoldsGame(services_.chooser.SelectedFolder)) return true;
+  if (HoldsGame(chooser_.SelectedFolder)) return true;
   services_.messages.show({.text = tr("Invalid path, Try a differnet directory"),
                            .title = tr("Error"),
                            .icon = Message::Icon::critical},
@@ -233,9 +235,9 @@ bool frmWizard::gameFolderChosen() {
 }
 
 void frmWizard::finishUp() {
-  StoreFirstTreeFont(services_.store);
+  StoreFirstTreeFont(services_.settings);
   Finished = true;
-  services_.chooser.CloseBrowse();
+  chooser_.CloseBrowse();
   emit finished();
   close();
 }
@@ -243,10 +245,10 @@ void frmWizard::finishUp() {
 void frmWizard::closeEvent(QCloseEvent*) {
   if (closed_) return;
   closed_ = true;
-  SavePlacement(services_.store, *this);
+  SavePlacement(services_.settings, *this);
   if (!Cancelled && !Finished) {
-    services_.chooser.CloseBrowse();
-    services_.processEnd.end();
+    chooser_.CloseBrowse();
+    services_.process.end();
   }
   calls_.whenIdle([this] { emit closedForGood(); });
 }
@@ -256,7 +258,7 @@ void frmWizard::restoreStockFiles() {
   const int restoring = ++restorings_;
   const auto goesOn = [&] { return restoring == restorings_ && CurrentStep == restore && !closed_; };
   nav(next).setEnabled(false);
-  RestoreStockFiles(DB_->database(), services_.writer, programFolder_, services_.store.gameFolder(),
+  RestoreStockFiles(DB_->database(), writer_, services_.folders.program, services_.settings.gameFolder(),
                     [&](std::int64_t done, std::int64_t all, bool wasMissing) {
                       showProgress(static_cast<int>(done), static_cast<int>(all));
                       wasMissing ? services_.yield.fullTurn() : services_.yield.perLine();

@@ -14,34 +14,20 @@ class QPushButton;
 namespace korvane {
 
 class DBCtlView;
-class EventYield;
 class FileWriter;
 class FolderChooser;
-class HelpViewer;
-class MessageBoxes;
-class ProcessEnd;
-class SettingsStore;
 class WizardSteps;
+struct Services;
 
 // The setup wizard: four steps from the choice of the game folder to the stock files restored in it.
 class frmWizard : public QWidget {
   Q_OBJECT
 
  public:
-  struct Services {
-    SettingsStore& store;
-    MessageBoxes& messages;
-    HelpViewer& help;
-    ProcessEnd& processEnd;
-    EventYield& yield;
-    FolderChooser& chooser;
-    const FileWriter& writer;
-  };
-
   enum class Direction { none, back, next };
 
-  // `programFolder`: the folder of the stock database, in the program's path text.
-  frmWizard(const Services& services, const QString& programFolder);
+  // The stock database lies in the program folder.
+  frmWizard(const Services& services, FolderChooser& chooser, const FileWriter& writer);
   ~frmWizard() override;
 
   // The box that hosts the folder tree.
@@ -93,8 +79,9 @@ class frmWizard : public QWidget {
   void EAdd(const QString& line);
   void EFin();
 
-  Services services_;
-  QString programFolder_;
+  const Services& services_;
+  FolderChooser& chooser_;
+  const FileWriter& writer_;
   WizardSteps* steps_;
   DBCtlView* DB_;
   QWidget* picNav_ = nullptr;

@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QTreeView>
 
+#include "controls/Services.h"
 #include "platform/FileWriter.h"
 #include "settings/SettingsStore.h"
 #include "setup/FolderChooser.h"
@@ -40,9 +41,7 @@ class WizardTest : public testing::Test {
   }
 
   void open() {
-    wizard = std::make_unique<frmWizard>(
-        frmWizard::Services{store, messages, helpViewer, processEnd, yield, chooser, writer},
-        program.qpath());
+    wizard = std::make_unique<frmWizard>(services, chooser, writer);
     wizard->show();
     chooser.BrowseHost = wizard->PicBrouse();
     chooser.BrowseForFolder({});
@@ -81,6 +80,9 @@ class WizardTest : public testing::Test {
   FakeHelpViewer helpViewer;
   FakeProcessEnd processEnd;
   ScriptedYield yield;
+  FakeShell shell;
+  Folders folders{{}, program.qpath()};
+  Services services{store, messages, shell, helpViewer, processEnd, yield, folders};
   FolderChooser chooser;
   FileWriter writer;
   std::unique_ptr<frmWizard> wizard;
