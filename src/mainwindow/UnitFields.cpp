@@ -75,6 +75,7 @@ void AddField(QFormLayout* form, const char* caption, QWidget* field) {
 // A field with a button to its right.
 void AddFieldWithButton(QFormLayout* form, const char* caption, QWidget* field, QPushButton* button) {
   auto* row = new QHBoxLayout;
+  row->setSpacing(10);
   row->addWidget(field);
   row->addWidget(button);
   row->addStretch();
