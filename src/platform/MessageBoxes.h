@@ -34,7 +34,8 @@ class MessageBoxes {
  public:
   virtual ~MessageBoxes() = default;
 
-  // Shows the message and waits for the answer. True for OK and Yes, false for No and for closing the box.
+  // Shows the message and waits for the answer: true for OK and Yes, false for No. Closing the box stands for
+  // No, or for OK where nothing is asked.
   virtual bool show(const Message& message, QWidget* owner) = 0;
 };
 

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include "settings/SettingsStore.h"
+
+namespace korvane {
+namespace {
+
+TEST(SettingsStore, AListComesBackInItsOrder) {
+  const QTemporaryDir folder;
+  const QStringList history{"Object Tank", "", "50%, \"quoted\" = \\x", " blanks "};
+  SettingsStore(folder.path()).SaveList("Search List", history);
+  SettingsStore again(folder.path());
+  EXPECT_EQ(again.LoadList("Search List"), history);
+  EXPECT_EQ(again.get("Search List", "0Name", {}), "Object Tank");
+  EXPECT_EQ(again.get("Search List", "ItemNum", {}), "4");
+
+  again.deleteSection("Search List");
+  EXPECT_TRUE(again.LoadList("Search List").isEmpty());
+}
+
+TEST(SettingsStore, ADamagedCountGivesNoList) {
+  const QTemporaryDir folder;
+  SettingsStore store(folder.path());
+  for (const char* count : {"", "-1", "many", "99999999999999"}) {
+    store.save("Search List", "ItemNum", count);
+    EXPECT_TRUE(store.LoadList("Search List").isEmpty()) << count;
+  }
+  store.save("Search List", "ItemNum", "2000000000");
+  EXPECT_LT(store.LoadList("Search List").size(), 100000);
+}
+
+TEST(SettingsStore, TwoCopiesOfTheProgramShareOneStore) {
+  const QTemporaryDir folder;
+  SettingsStore one(folder.path());
+  SettingsStore other(folder.path());
+  one.SaveSet("Exit", "0");
+  other.SaveSet("InfoTab", "3");
+  const SettingsStore later(folder.path());
+  EXPECT_EQ(later.GetSet("Exit"), "0");
+  EXPECT_EQ(later.GetSet("InfoTab"), "3");
+  EXPECT_EQ(later.GetSet("MenuiFont"), "1");
+}
+
+TEST(SettingsStore, AFolderThatCannotBeWrittenKeepsTheSettingsForThisRun) {
+  const QTemporaryDir folder;
+  SettingsStore store(folder.filePath("file/below"));
+  QFile inTheWay(folder.filePath("file"));
+  ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+  store.SaveSet("Exit", "0");
+  EXPECT_EQ(store.GetSet("Exit"), "0");
+}
+
+TEST(SettingsStore, FlagsAreReadFromNumbersAndWords) {
+  const std::pair<const char*, std::optional<bool>> cases[] = {
+      {"1", true},      {"-1", true},  {"0", false}, {"0.0", false},        {"True", true},
+      {"fALSE", false}, {" 2 ", true}, {"", {}},     {"yes", std::nullopt}, {"1,5", std::nullopt},
+  };
+  for (const auto& [text, flag] : cases) EXPECT_EQ(FlagOf(text), flag) << text;
+}
+
+}  // namespace
+}  // namespace korvane
