@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+// The text control holds a file's text as UTF-8, one character for each byte of the file.
+QByteArray Utf8OfFile(std::string_view bytes);
+
+// A character of the text that no file can hold.
+struct CharacterWithoutByte {
+  char32_t character = 0;
+  qsizetype position = 0;  // in the UTF-8 text, in bytes
+};
+
+struct FileBytesOfText {
+  std::string bytes;                            // up to the first character that has no byte
+  std::optional<CharacterWithoutByte> refused;  // that character
+};
+
+// The bytes of a file that holds the text: every line ends in CR LF, nothing else changes.
+FileBytesOfText FileOfUtf8(std::string_view utf8);
+
+// The same for a text that is to be kept whatever it holds: UTF-8 where a character has no byte.
+std::string KeepableOfUtf8(std::string_view utf8);
+
+}  // namespace korvane

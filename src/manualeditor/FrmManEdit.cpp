@@ -1,0 +1,351 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "manualeditor/FrmManEdit.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QDateTime>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLocale>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+
+#include <algorithm>
+#include <utility>
+
+#include "controls/FontDialog.h"
+#include "controls/Icons.h"
+#include "controls/ManualEditTarget.h"
+#include "controls/Placement.h"
+#include "controls/Services.h"
+#include "manualeditor/FindBar.h"
+#include "manualeditor/FrmReplace.h"
+#include "manualeditor/IniTextEdit.h"
+#include "manualeditor/OpenText.h"
+#include "manualeditor/TextFont.h"
+#include "platform/EventYield.h"
+#include "platform/MessageBoxes.h"
+#include "settings/SettingsStore.h"
+
+namespace korvane {
+
+namespace {
+
+const QString kCaption = QStringLiteral("Manual Editor");
+constexpr int kClockInterval = 500;  // milliseconds
+constexpr int kBarsHeight = 48;  // pixels of the toolbar and the status bar together, where they have room
+constexpr int kStatusBarHeight = 22;
+constexpr QSize kDesignSize(900, 620);
+constexpr QSize kIconSize(16, 16);
+
+enum Panel { linePanel, statePanel, timePanel, datePanel, filePanel };
+constexpr std::array kPanelStretch = {3, 2, 3, 3, 10};
+
+}  // namespace
+
+FrmManEdit::FrmManEdit(const Services& services, ManualEditTarget& target, const FileWriter& files,
+                       const KeptVersions& versions, FontChooser& fonts)
+    : services_(services),
+      target_(target),
+      fonts_(fonts),
+      TB1_(addToolBar("Toolbar")),
+      TxtManEdit_(new IniTextEdit(this)),
+      find_(new FindBar(*TxtManEdit_, *TB1_)),
+      openText_(new OpenText(*TxtManEdit_, services, files, versions)),
+      replace_(new FrmReplace(*TxtManEdit_, this)),
+      Timer1_(new QTimer(this)) {
+  setObjectName("FrmManEdit");
+  setWindowTitle(kCaption);
+  setWindowIcon(ApplicationIcon());
+  TxtManEdit_->setObjectName("TxtManEdit");
+  setCentralWidget(TxtManEdit_);
+  openText_->setParent(this);
+  buildMenus();
+  buildStatusBar();
+  buildToolBar();
+  resize(kDesignSize);
+  connect(TxtManEdit_, &IniTextEdit::cursorMayHaveMoved, this, &FrmManEdit::showLine);
+  Timer1_->setObjectName("Timer1");
+  connect(Timer1_, &QTimer::timeout, this, &FrmManEdit::showClock);
+  Timer1_->start(kClockInterval);
+}
+
+void FrmManEdit::buildMenus() {
+  struct Entry {
+    const char* name;
+    const char* caption;                  // empty: a separator
+    void (FrmManEdit::*run)() = nullptr;  // none: a menu that holds the entries after it
+    const char* shortcut = "";
+  };
+  constexpr Entry kSeparator{"", ""};
+  // Undo and Redo show a message here; their usual keys belong to the text.
+  constexpr std::array kEntries = {
+      Entry{"MnuFile", "&File"},
+      Entry{"MnuSave", "&Save", &FrmManEdit::save, "Ctrl+S"},
+      kSeparator,
+      Entry{"MnuExit", "E&xit", &FrmManEdit::exitCommand},
+      Entry{"MnuEdit", "&Edit"},
+      Entry{"MnuUndo", "&Undo", &FrmManEdit::tellAboutUndo},
+      Entry{"MnuRedo", "&Redo", &FrmManEdit::tellAboutUndo},
+      kSeparator,
+      Entry{"MnuCut", "Cu&t", &FrmManEdit::cut},
+      Entry{"MnuCopy", "&Copy", &FrmManEdit::copy},
+      Entry{"MnuPaste", "&Paste", &FrmManEdit::paste},
+      Entry{"MnuDelete", "&Delete", &FrmManEdit::deleteSelection},
+      kSeparator,
+      Entry{"MnuFind", "&Find...", &FrmManEdit::focusFind, "Ctrl+F"},
+      Entry{"MnuFindNext", "Find &Next", &FrmManEdit::findNext, "F3"},
+      Entry{"MnuReplace", "R&eplace...", &FrmManEdit::showReplace, "Ctrl+H"},
+      kSeparator,
+      Entry{"MnuSelAll", "Select &All", &FrmManEdit::selectAll},
+      Entry{"MnuFormat", "F&ormat"},
+      Entry{"MnuFont", "&Fonts", &FrmManEdit::chooseFont},
+  };
+  QMenu* menu = nullptr;
+  for (const Entry& entry : kEntries) {
+    if (*entry.caption == '\0') {
+      menu->addSeparator();
+    } else if (entry.run == nullptr) {
+      menu = menuBar()->addMenu(entry.caption);
+      menu->setObjectName(entry.name);
+    } else {
+      QAction* action = menu->addAction(entry.caption, this, entry.run);
+      action->setObjectName(entry.name);
+      action->setShortcut(QKeySequence(QString(entry.shortcut)));
+    }
+  }
+}
+
+void FrmManEdit::buildToolBar() {
+  TB1_->setObjectName("TB1");
+  TB1_->setMovable(false);
+  TB1_->setContextMenuPolicy(Qt::PreventContextMenu);
+  TB1_->setIconSize(kIconSize);
+  QAction* beforeFind = TB1_->insertSeparator(TB1_->actions().value(0));
+  for (const char* key : {"Save", "Cut", "Copy", "Paste", "Undo", "Redo"}) {
+    auto* action = new QAction(ThemeIcon(QString(key).toLower()), key, TB1_);
+    action->setObjectName(key);
+    action->setToolTip(key);
+    TB1_->insertAction(beforeFind, action);
+  }
+  TB1_->setFixedHeight(std::max(kBarsHeight - statusBar()->height(), TB1_->sizeHint().height()));
+  connect(TB1_, &QToolBar::actionTriggered, this,
+          [this](const QAction* action) { runToolButton(action->toolTip()); });
+}
+
+void FrmManEdit::runToolButton(const QString& tooltip) {
+  constexpr std::array<std::pair<const char*, void (FrmManEdit::*)()>, 6> kButtons = {
+      {{"Save", &FrmManEdit::save},
+       {"Cut", &FrmManEdit::cut},
+       {"Copy", &FrmManEdit::copy},
+       {"Paste", &FrmManEdit::paste},
+       {"Undo", &FrmManEdit::tellAboutUndo},
+       {"Redo", &FrmManEdit::tellAboutUndo}}};
+  for (const auto& [key, run] : kButtons) {
+    if (tooltip == QLatin1String(key)) (this->*run)();
+  }
+}
+
+void FrmManEdit::buildStatusBar() {
+  statusBar()->setObjectName("SB1");
+  for (std::size_t i = 0; i < panels_.size(); ++i) {
+    panels_[i] = new QLabel;
+    panels_[i]->setObjectName("Panel" + QString::number(i + 1));
+    panels_[i]->setTextFormat(Qt::PlainText);
+    // A long path must not widen the window.
+    panels_[i]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    statusBar()->addWidget(panels_[i], kPanelStretch[i]);
+  }
+  statusBar()->setFixedHeight(std::max(kStatusBarHeight, statusBar()->sizeHint().height()));
+}
+
+bool FrmManEdit::loadFile(const QString& path) {
+  if (!openText_->load(path, target_.ManualEditPartial != 0)) return false;
+  opened();
+  return true;
+}
+
+void FrmManEdit::setText(std::string_view bytes) {
+  openText_->set(bytes, target_.ManualEditFile, target_.ManualEditPartial != 0);
+  opened();
+}
+
+void FrmManEdit::opened() {
+  closed_ = false;
+  reopened_ = true;
+  setUpSoon();
+}
+
+void FrmManEdit::keepUnsavedText() {
+  openText_->keepUnsaved();
+}
+
+// A window that is active already, or whose display never activates one, gets its set-up all the same.
+void FrmManEdit::setUpSoon() {
+  QMetaObject::invokeMethod(this, &FrmManEdit::setUp, Qt::QueuedConnection);
+}
+
+bool FrmManEdit::event(QEvent* event) {
+  const bool handled = QMainWindow::event(event);
+  if (event->type() == QEvent::WindowActivate) setUp();
+  return handled;
+}
+
+void FrmManEdit::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  setUpSoon();
+}
+
+void FrmManEdit::setUp() {
+  if (target_.ManEditInitDone || settingUp_ || closed_ || !isVisible()) return;
+  const WindowCalls::Running call(calls_);
+  settingUp_ = true;
+  do {
+    reopened_ = false;
+    runSetUp();
+  } while (reopened_ && !closed_);
+  settingUp_ = false;
+}
+
+void FrmManEdit::runSetUp() {
+  RestorePlacement(services_.settings, *this);
+  show();
+  setEnabled(false);
+  showClock();
+  showState("Loading...");
+  if (!showStep("Loading...")) return;
+  setWindowTitle("Loading, Calculating Number Of Lines...");
+  lineTotal_ = TxtManEdit_->lineCount();
+  if (!prepareSearchList()) return;
+  setWindowTitle("Loading, Setting Font...");
+  TxtManEdit_->setTextFont(StoredTextFont(services_.settings, TxtManEdit_->textFont()));
+  if (!showStep(windowTitle())) return;
+  finishSetUp();
+}
+
+bool FrmManEdit::prepareSearchList() {
+  find_->clear();
+  if (!showStep(windowTitle())) return false;
+  setWindowTitle("Loading, Loading Search List...");
+  find_->load(services_.settings);
+  if (!showStep(windowTitle())) return false;
+  find_->removeDuplicates();
+  return showStep(windowTitle());
+}
+
+// Lets the window be seen with its caption. False when it was closed meanwhile.
+bool FrmManEdit::showStep(const QString& caption) {
+  setWindowTitle(caption);
+  services_.yield.fullTurn();
+  return !closed_;
+}
+
+void FrmManEdit::finishSetUp() {
+  TxtManEdit_->moveToStart();
+  showLine();
+  setEnabled(true);
+  setWindowTitle(kCaption);
+  showState("Idle");
+  TxtManEdit_->setFocus();
+  target_.ManEditInitDone = true;
+}
+
+void FrmManEdit::closeEvent(QCloseEvent* event) {
+  SavePlacement(services_.settings, *this);
+  find_->save(services_.settings);
+  openText_->keepUnsaved();
+  closed_ = true;
+  QMainWindow::closeEvent(event);
+  calls_.whenIdle([this] {
+    if (closed_) Q_EMIT closedForGood();
+  });
+}
+
+void FrmManEdit::showState(const QString& state) {
+  panels_[statePanel]->setText(state);
+}
+
+void FrmManEdit::showLine() {
+  panels_[linePanel]->setText(
+      QStringLiteral("Line %1 of %2").arg(TxtManEdit_->cursorLine() + 1).arg(lineTotal_));
+}
+
+void FrmManEdit::showClock() {
+  const QDateTime now = QDateTime::currentDateTime();
+  const QLocale locale;
+  const QString file = openText_->isPart() ? QString() : openText_->file();
+  panels_[timePanel]->setText("Time: " + locale.toString(now.time(), QLocale::ShortFormat));
+  panels_[datePanel]->setText("Date: " + locale.toString(now.date(), QLocale::ShortFormat));
+  panels_[filePanel]->setText(file);
+  panels_[filePanel]->setToolTip(file);
+}
+
+void FrmManEdit::save() {
+  const WindowCalls::Running call(calls_);
+  showState("Saving...");
+  openText_->save();
+  showState("Idle");
+}
+
+void FrmManEdit::cut() {
+  QGuiApplication::clipboard()->clear();
+  copy();
+  deleteSelection();
+}
+
+void FrmManEdit::copy() {
+  QGuiApplication::clipboard()->setText(TxtManEdit_->selectedText());
+}
+
+void FrmManEdit::paste() {
+  TxtManEdit_->replaceSelection(QGuiApplication::clipboard()->text());
+}
+
+void FrmManEdit::deleteSelection() {
+  TxtManEdit_->replaceSelection({});
+}
+
+void FrmManEdit::tellAboutUndo() {
+  const WindowCalls::Running call(calls_);
+  services_.messages.show(
+      {.text =
+           "I am working on this feature, I will realease a new version as soon as I have finished it.\r\n"
+           "If yoy want to use 'Undo', Right-click on some text and click on 'Undo'"},
+      this);
+}
+
+void FrmManEdit::focusFind() {
+  find_->focus();
+}
+
+void FrmManEdit::findNext() {
+  find_->findNext();
+}
+
+void FrmManEdit::showReplace() {
+  replace_->open(find_->soughtText());
+}
+
+void FrmManEdit::selectAll() {
+  TxtManEdit_->selectAll();
+}
+
+void FrmManEdit::chooseFont() {
+  const WindowCalls::Running call(calls_);
+  const FontRecord record = fonts_.ShowFontDialog();
+  if (record.cancelled()) return;
+  TxtManEdit_->setTextFont(ChosenFont(record, TxtManEdit_->textFont()));
+  SaveTextFont(services_.settings, TxtManEdit_->textFont());
+  services_.yield.fullTurn();
+}
+
+void FrmManEdit::exitCommand() {
+  SavePlacement(services_.settings, *this);
+  close();
+}
+
+}  // namespace korvane

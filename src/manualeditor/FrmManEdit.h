@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QMainWindow>
+
+#include <array>
+#include <string_view>
+
+#include "platform/WindowCalls.h"
+
+class QLabel;
+class QMenu;
+class QTimer;
+class QToolBar;
+
+namespace korvane {
+
+class FileWriter;
+class FindBar;
+class FontChooser;
+class FrmReplace;
+class IniTextEdit;
+class KeptVersions;
+class OpenText;
+struct ManualEditTarget;
+struct Services;
+
+// The manual editor: one of the game's files, or a part of one, as plain text. An opening command sets the
+// manual edit target, hands over the text and shows the window, which then sets itself up, once.
+class FrmManEdit : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  FrmManEdit(const Services& services, ManualEditTarget& target, const FileWriter& files,
+             const KeptVersions& versions, FontChooser& fonts);
+
+  // The text of the file at the program's path. False, after a message, when it cannot be read; the window
+  // then keeps what it holds.
+  bool loadFile(const QString& path);
+  // A part of the target's file, in the file's bytes.
+  void setText(std::string_view bytes);
+
+  // Keeps an unsaved text among the former versions of its file, for the moment before the program ends.
+  void keepUnsavedText();
+
+ Q_SIGNALS:
+  // The window is closed and none of its calls is running: it can go.
+  void closedForGood();
+
+ protected:
+  bool event(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void buildMenus();
+  void buildToolBar();
+  void buildStatusBar();
+  void runToolButton(const QString& tooltip);
+
+  void opened();
+  void setUpSoon();
+  void setUp();
+  void runSetUp();
+  bool showStep(const QString& caption);
+  bool prepareSearchList();
+  void finishSetUp();
+
+  void showState(const QString& state);
+  void showLine();
+  void showClock();
+
+  void save();
+  void cut();
+  void copy();
+  void paste();
+  void deleteSelection();
+  void tellAboutUndo();
+  void focusFind();
+  void findNext();
+  void showReplace();
+  void selectAll();
+  void chooseFont();
+  void exitCommand();
+
+  const Services& services_;
+  ManualEditTarget& target_;
+  FontChooser& fonts_;
+
+  QToolBar* TB1_;
+  IniTextEdit* TxtManEdit_;
+  FindBar* find_;
+  OpenText* openText_;
+  FrmReplace* replace_;
+  QTimer* Timer1_;
+  std::array<QLabel*, 5> panels_{};
+  int lineTotal_ = 0;
+
+  WindowCalls calls_;
+  bool settingUp_ = false;
+  bool reopened_ = false;  // another text arrived while the set-up was running
+  bool closed_ = false;
+};
+
+}  // namespace korvane

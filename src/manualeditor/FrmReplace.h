@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDialog>
+
+class QCheckBox;
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+
+namespace korvane {
+
+class IniTextEdit;
+
+// Finds and replaces in the text of the manual editor; modeless, and belongs to its window.
+class FrmReplace : public QDialog {
+  Q_OBJECT
+
+ public:
+  FrmReplace(IniTextEdit& text, QWidget* owner);
+
+  // Shows the window with a text to find, ready to be typed over.
+  void open(const QString& sought);
+
+ private:
+  void buildFields(QGridLayout& layout);
+  void buildButtons(QGridLayout& layout);
+  void findNext();
+  void replace();
+  void replaceAll();
+
+  IniTextEdit& text_;
+  QLineEdit* TxtFind_;
+  QLineEdit* TxtReplace_;
+  QCheckBox* ChkMatchCase_;
+  QLabel* LblResult_;
+};
+
+}  // namespace korvane

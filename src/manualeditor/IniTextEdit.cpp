@@ -1,0 +1,311 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "manualeditor/IniTextEdit.h"
+
+#include <QEvent>
+#include <QFontDatabase>
+#include <QStringDecoder>
+#include <QVBoxLayout>
+#include <Qsci/qsciscintilla.h>
+
+#include <algorithm>
+#include <array>
+
+#include "manualeditor/LineColours.h"
+
+namespace korvane {
+
+namespace {
+
+using Sci = QsciScintillaBase;
+
+constexpr int kSizeFactor = Sci::SC_FONT_SIZE_MULTIPLIER;
+constexpr int kNumberMargin = 0;
+constexpr int kSymbolMargin = 1;
+constexpr int kStrikeIndicator = 20;
+constexpr int kColourStep = 1 << 18;   // bytes that are coloured in one go
+constexpr int kCurrentLineShare = 20;  // of the highlight colour in the current line's background, in percent
+constexpr int kNumberShare = 55;       // of the text colour in the line numbers
+
+struct KindColour {
+  TextKind kind;
+  QRgb onLight;
+  QRgb onDark;
+};
+constexpr std::array kKindColours = {
+    KindColour{TextKind::comment, 0xFF4F7A4F, 0xFF8FB88F},
+    KindColour{TextKind::header, 0xFF1F4E9C, 0xFF8AB4F0},
+    KindColour{TextKind::end, 0xFF7D4A94, 0xFFC9A0DC},
+    KindColour{TextKind::key, 0xFF1E6478, 0xFF86C5D8},
+};
+
+QColor Mixed(const QColor& a, const QColor& b, int percentOfA) {
+  const auto part = [percentOfA](int x, int y) { return (x * percentOfA + y * (100 - percentOfA)) / 100; };
+  return {part(a.red(), b.red()), part(a.green(), b.green()), part(a.blue(), b.blue())};
+}
+
+QString WithCrLf(QString text) {
+  return text.replace("\r\n", "\n").replace('\r', '\n').replace('\n', "\r\n");
+}
+
+Qt::CaseSensitivity CaseOf(bool matchCase) {
+  return matchCase ? Qt::CaseSensitive : Qt::CaseInsensitive;
+}
+
+// Unlike the toolkit's plain conversion, keeps a byte order mark that somebody pasted.
+QString Characters(std::string_view utf8) {
+  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+  return decoder.decode(QByteArrayView(utf8.data(), static_cast<qsizetype>(utf8.size())));
+}
+
+long Utf8Size(QStringView text) {
+  return static_cast<long>(text.toUtf8().size());
+}
+
+}  // namespace
+
+IniTextEdit::IniTextEdit(QWidget* parent)
+    : QWidget(parent),
+      text_(new QsciScintilla(this)),
+      font_(QFontDatabase::systemFont(QFontDatabase::FixedFont)) {
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins({});
+  layout->addWidget(text_);
+  setFocusProxy(text_);
+  prepare();
+  applyFont();
+  text_->installEventFilter(this);
+  text_->viewport()->installEventFilter(this);
+  connect(text_, &QsciScintilla::cursorPositionChanged, this, &IniTextEdit::cursorMayHaveMoved);
+  connect(text_, &QsciScintilla::textChanged, this, &IniTextEdit::edited);
+  connect(text_, &Sci::SCN_STYLENEEDED, this, &IniTextEdit::colourTo);
+}
+
+void IniTextEdit::prepare() {
+  text_->setUtf8(true);
+  text_->setEolMode(QsciScintilla::EolWindows);
+  text_->setTabWidth(4);
+  text_->setCaretLineVisible(true);
+  text_->setMarginLineNumbers(kNumberMargin, true);
+  text_->setMarginWidth(kSymbolMargin, 0);
+  send(Sci::SCI_SETMODEVENTMASK, Sci::SC_MOD_INSERTTEXT | Sci::SC_MOD_DELETETEXT);
+  send(Sci::SCI_SETSCROLLWIDTH, 1);
+  send(Sci::SCI_SETSCROLLWIDTHTRACKING, 1);
+  send(Sci::SCI_SETPASTECONVERTENDINGS, 1);
+  connect(text_, &QsciScintilla::linesChanged, this, &IniTextEdit::fitNumberMargin);
+}
+
+void IniTextEdit::fitNumberMargin() {
+  text_->setMarginWidth(kNumberMargin, QString::number(std::max(lineCount(), 999)) + ' ');
+}
+
+void IniTextEdit::setBytes(std::string_view bytes) {
+  const QByteArray utf8 = Utf8OfFile(bytes);
+  send(Sci::SCI_SETUNDOCOLLECTION, 0);
+  send(Sci::SCI_CLEARALL);
+  sendText(Sci::SCI_ADDTEXT, utf8.size(), utf8.constData());
+  send(Sci::SCI_SETUNDOCOLLECTION, 1);
+  send(Sci::SCI_EMPTYUNDOBUFFER);
+  setUnmodified();
+  strikeOut();
+  moveToStart();
+}
+
+FileBytesOfText IniTextEdit::fileBytes() const {
+  return FileOfUtf8(utf8());
+}
+
+std::string IniTextEdit::keepableBytes() const {
+  return KeepableOfUtf8(utf8());
+}
+
+bool IniTextEdit::isModified() const {
+  return text_->isModified();
+}
+
+void IniTextEdit::setUnmodified() {
+  send(Sci::SCI_SETSAVEPOINT);
+}
+
+int IniTextEdit::lineCount() const {
+  return static_cast<int>(send(Sci::SCI_GETLINECOUNT));
+}
+
+int IniTextEdit::cursorLine() const {
+  return placeOf(send(Sci::SCI_GETCURRENTPOS)).line;
+}
+
+IniTextEdit::Place IniTextEdit::placeOf(qsizetype position) const {
+  const long line = send(Sci::SCI_LINEFROMPOSITION, position);
+  const long start = send(Sci::SCI_POSITIONFROMLINE, line);
+  const long column = send(Sci::SCI_COUNTCHARACTERS, start, position);
+  return {static_cast<int>(line), static_cast<int>(column)};
+}
+
+void IniTextEdit::moveToStart() {
+  select(0, 0);
+}
+
+void IniTextEdit::selectCharacterAt(qsizetype position) {
+  select(position, send(Sci::SCI_POSITIONAFTER, position));
+}
+
+void IniTextEdit::selectAll() {
+  text_->selectAll();
+  Q_EMIT cursorMayHaveMoved();
+}
+
+void IniTextEdit::select(long from, long to) {
+  send(Sci::SCI_SETSEL, from, to);
+  Q_EMIT cursorMayHaveMoved();
+}
+
+QString IniTextEdit::selectedText() const {
+  if (send(Sci::SCI_SELECTIONISRECTANGLE) != 0) return text_->selectedText();
+  const auto start = static_cast<std::size_t>(send(Sci::SCI_GETSELECTIONSTART));
+  const auto end = static_cast<std::size_t>(send(Sci::SCI_GETSELECTIONEND));
+  return Characters(utf8().substr(start, end - start));  // the control itself would give spaces for NUL bytes
+}
+
+void IniTextEdit::replaceSelection(const QString& text) {
+  const QByteArray utf8 = WithCrLf(text).toUtf8();
+  send(Sci::SCI_BEGINUNDOACTION);
+  if (send(Sci::SCI_GETSELECTIONEMPTY) == 0) send(Sci::SCI_CLEAR);
+  if (!utf8.isEmpty()) sendText(Sci::SCI_ADDTEXT, utf8.size(), utf8.constData());
+  send(Sci::SCI_ENDUNDOACTION);
+  send(Sci::SCI_SCROLLCARET);
+  Q_EMIT cursorMayHaveMoved();
+}
+
+bool IniTextEdit::find(const QString& text, From from, bool matchCase) {
+  const long start = from == From::start ? 0 : send(Sci::SCI_GETSELECTIONEND);
+  const QString searched = Characters(utf8().substr(static_cast<std::size_t>(start)));
+  const qsizetype found = text.isEmpty() ? -1 : searched.indexOf(text, 0, CaseOf(matchCase));
+  if (found < 0) return false;
+  const QStringView view(searched);
+  const long hit = start + Utf8Size(view.left(found));
+  select(hit, hit + Utf8Size(view.mid(found, text.size())));
+  return true;
+}
+
+bool IniTextEdit::isSelected(const QString& text, bool matchCase) const {
+  return selectedText().compare(text, CaseOf(matchCase)) == 0;
+}
+
+int IniTextEdit::replaceAll(const QString& text, const QString& replacement, bool matchCase) {
+  if (text.isEmpty()) return 0;
+  const QString searched = Characters(utf8());
+  const QStringView view(searched);
+  const QByteArray replacing = WithCrLf(replacement).toUtf8();
+  int count = 0;
+  long target = 0;     // where the last replacement ends in the new text
+  qsizetype done = 0;  // where what it replaced ends in the old one
+  send(Sci::SCI_BEGINUNDOACTION);
+  for (qsizetype hit = 0; (hit = searched.indexOf(text, done, CaseOf(matchCase))) >= 0; ++count) {
+    target += Utf8Size(view.mid(done, hit - done));
+    send(Sci::SCI_SETTARGETRANGE, target, target + Utf8Size(view.mid(hit, text.size())));
+    sendText(Sci::SCI_REPLACETARGET, replacing.size(), replacing.constData());
+    target += replacing.size();
+    done = hit + text.size();
+  }
+  send(Sci::SCI_ENDUNDOACTION);
+  Q_EMIT cursorMayHaveMoved();
+  return count;
+}
+
+void IniTextEdit::setTextFont(const QFont& font) {
+  font_ = font;
+  applyFont();
+}
+
+void IniTextEdit::applyFont() {
+  const QByteArray family = font_.family().toUtf8();
+  constexpr auto kAll = Sci::STYLE_DEFAULT;
+  sendText(Sci::SCI_STYLESETFONT, kAll, family.constData());
+  send(Sci::SCI_STYLESETSIZEFRACTIONAL, kAll, qRound(font_.pointSizeF() * kSizeFactor));
+  send(Sci::SCI_STYLESETWEIGHT, kAll, font_.weight());
+  send(Sci::SCI_STYLESETITALIC, kAll, font_.italic());
+  send(Sci::SCI_STYLESETUNDERLINE, kAll, font_.underline());
+  applyColours();
+  fitNumberMargin();
+  strikeOut();
+}
+
+void IniTextEdit::applyColours() {
+  const QColor paper = palette().color(QPalette::Base);
+  const QColor ink = palette().color(QPalette::Text);
+  const QColor highlight = palette().color(QPalette::Highlight);
+  const bool dark = paper.lightness() < ink.lightness();
+  const auto setColour = [this](unsigned message, int style, const QColor& colour) {
+    text_->SendScintilla(message, static_cast<unsigned long>(style), colour);
+  };
+  setColour(Sci::SCI_STYLESETFORE, Sci::STYLE_DEFAULT, ink);
+  setColour(Sci::SCI_STYLESETBACK, Sci::STYLE_DEFAULT, paper);
+  send(Sci::SCI_STYLECLEARALL);
+  for (const KindColour& colour : kKindColours) {
+    setColour(Sci::SCI_STYLESETFORE, static_cast<int>(colour.kind),
+              QColor(dark ? colour.onDark : colour.onLight));
+  }
+  setColour(Sci::SCI_STYLESETFORE, Sci::STYLE_LINENUMBER, Mixed(ink, paper, kNumberShare));
+  send(Sci::SCI_STYLESETUNDERLINE, Sci::STYLE_LINENUMBER, 0);
+  text_->setCaretForegroundColor(ink);
+  text_->setCaretLineBackgroundColor(Mixed(highlight, paper, kCurrentLineShare));
+  text_->setSelectionBackgroundColor(highlight);
+  text_->setSelectionForegroundColor(palette().color(QPalette::HighlightedText));
+  text_->setIndicatorForegroundColor(ink, kStrikeIndicator);
+}
+
+// The control's styles know no strike-through, so an indicator draws it over all of the text.
+void IniTextEdit::strikeOut() {
+  send(Sci::SCI_INDICSETSTYLE, kStrikeIndicator, Sci::INDIC_STRIKE);
+  send(Sci::SCI_SETINDICATORCURRENT, kStrikeIndicator);
+  const auto fill = font_.strikeOut() ? Sci::SCI_INDICATORFILLRANGE : Sci::SCI_INDICATORCLEARRANGE;
+  send(fill, 0, send(Sci::SCI_GETLENGTH));
+}
+
+// Asked for the text that is about to be shown, from where the colours end; an edit moves that place up.
+void IniTextEdit::colourTo(int position) {
+  const long line = send(Sci::SCI_LINEFROMPOSITION, send(Sci::SCI_GETENDSTYLED));
+  long from = send(Sci::SCI_POSITIONFROMLINE, line);
+  send(Sci::SCI_STARTSTYLING, from);
+  while (from < position) from = colourLines(from, std::min<long>(from + kColourStep, position));
+}
+
+// Colours from the start of a line to the end of the line that holds `to`, and gives where that is.
+long IniTextEdit::colourLines(long from, long to) {
+  const long line = send(Sci::SCI_LINEFROMPOSITION, to - 1);
+  const long end =
+      line + 1 < lineCount() ? send(Sci::SCI_POSITIONFROMLINE, line + 1) : send(Sci::SCI_GETLENGTH);
+  const auto size = static_cast<std::size_t>(end - from);
+  std::string text(size + 1, '\0');
+  std::string kinds(size, '\0');
+  text_->SendScintilla(Sci::SCI_GETTEXTRANGE, from, end, text.data());
+  KindsOf(std::string_view(text).substr(0, size), kinds.data());
+  sendText(Sci::SCI_SETSTYLINGEX, end - from, kinds.data());
+  return end;
+}
+
+std::string_view IniTextEdit::utf8() const {
+  const auto* start = static_cast<const char*>(text_->SendScintillaPtrResult(Sci::SCI_GETCHARACTERPOINTER));
+  return {start, static_cast<std::size_t>(send(Sci::SCI_GETLENGTH))};
+}
+
+long IniTextEdit::send(unsigned message, long first, long second) const {
+  return text_->SendScintilla(message, static_cast<unsigned long>(first), second);
+}
+
+long IniTextEdit::sendText(unsigned message, long first, const char* second) const {
+  return text_->SendScintilla(message, static_cast<std::uintptr_t>(first), second);
+}
+
+void IniTextEdit::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) applyColours();
+}
+
+bool IniTextEdit::eventFilter(QObject* watched, QEvent* event) {
+  const bool released = event->type() == QEvent::KeyRelease || event->type() == QEvent::MouseButtonRelease;
+  if (released) Q_EMIT cursorMayHaveMoved();
+  return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace korvane

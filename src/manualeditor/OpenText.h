@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+
+#include <string_view>
+
+#include "platform/KeptVersions.h"
+
+namespace korvane {
+
+class FileWriter;
+class IniTextEdit;
+class MessageBoxes;
+struct Services;
+
+// The text in the manual editor and its file: how it comes from the disk and goes back, and that it is not
+// lost in between.
+class OpenText : public QObject {
+  Q_OBJECT
+
+ public:
+  // Messages belong to the window that holds the text.
+  OpenText(IniTextEdit& text, const Services& services, const FileWriter& files,
+           const KeptVersions& versions);
+
+  // Both keep the unsaved text that was there before.
+  // False, after a message, when the file cannot be read whole; the text then stays.
+  bool load(const QString& path, bool part);
+  void set(std::string_view bytes, const QString& path, bool part);
+
+  // The program's path of the file, and whether the text is only a part of it, from the moment the text was
+  // handed over.
+  const QString& file() const { return file_; }
+  bool isPart() const { return part_; }
+
+  // Writes the file, or says why not.
+  void save();
+  // Keeps an unsaved text among the former versions of its file.
+  void keepUnsaved();
+
+ private:
+  void noteUnsaved();
+  void refuse(char32_t character, qsizetype position);
+  void tell(const QString& text);
+
+  IniTextEdit& text_;
+  const Services& services_;
+  const FileWriter& files_;
+  const KeptVersions& versions_;
+  QString file_;
+  bool part_ = false;
+  UnsavedJournal journal_;
+  QTimer noteTimer_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QClipboard>
+
+#include "manualeditor/FrmManEdit.h"
+#include "manualeditor/ManEditFixture.h"
+
+namespace korvane {
+namespace {
+
+const std::string kFile =
+    GameFolder::CrLf("Weapon Gun\n  Damage = 10 ; much\nEnd\nWeapon Knife\n  damage = 2\nEnd\n");
+
+TEST_F(ManEditTest, OpeningShowsTheTextFromItsStart) {
+  openFile(kFile);
+  EXPECT_EQ(window_->windowTitle(), "Manual Editor");
+  EXPECT_TRUE(window_->isEnabled());
+  EXPECT_EQ(panel(1), "Line 1 of 7");
+  EXPECT_EQ(panel(2), "Idle");
+  EXPECT_TRUE(panel(3).startsWith("Time: "));
+  EXPECT_TRUE(panel(4).startsWith("Date: "));
+  EXPECT_EQ(panel(5), path_);
+  EXPECT_EQ(QApplication::focusWidget(), text().focusProxy());
+}
+
+TEST_F(ManEditTest, APartShowsNoFileAndIsNeverSaved) {
+  openFile(kFile);
+  openPart("Weapon Gun\r\nEnd\r\n");
+  EXPECT_EQ(panel(1), "Line 1 of 3");
+  EXPECT_EQ(panel(5), "");
+  type("x");
+  trigger("MnuSave");
+  ASSERT_EQ(messages_.shown.size(), 1U);
+  EXPECT_EQ(messages_.shown[0].text,
+            "Sorry, Command And Conquer Generals Korvane can only save 'Files' not 'Objects'");
+  EXPECT_EQ(saved(), kFile);
+  EXPECT_EQ(panel(2), "Idle");
+}
+
+TEST_F(ManEditTest, TheLineCounterFollowsTheCursorAndKeepsItsTotal) {
+  openFile(kFile);
+  QTest::keyClick(text().focusProxy(), Qt::Key_Down);
+  EXPECT_EQ(panel(1), "Line 2 of 7");
+  QTest::keyClick(text().focusProxy(), Qt::Key_Return);
+  EXPECT_EQ(panel(1), "Line 3 of 7");
+  find("Knife");
+  EXPECT_EQ(panel(1), "Line 5 of 7");
+}
+
+TEST_F(ManEditTest, EditingAndSavingWritesTheFileAndKeepsTheFormerOne) {
+  openFile(kFile);
+  type("; mine");
+  part<QAction>("Save")->trigger();
+  EXPECT_EQ(saved(), "; mine" + kFile);
+  EXPECT_TRUE(messages_.shown.empty());
+  EXPECT_EQ(keptNames().size(), 1);
+  window_->close();
+  EXPECT_EQ(keptNames().size(), 1);
+}
+
+TEST_F(ManEditTest, ASaveThatFailsSaysWhyAndKeepsTheText) {
+  openFile(kFile);
+  std::filesystem::remove(game_.native("Data/INI/Weapon.ini"));
+  std::filesystem::create_directory(game_.native("Data/INI/Weapon.ini"));
+  type("x");
+  trigger("MnuSave");
+  ASSERT_EQ(messages_.shown.size(), 1U);
+  EXPECT_TRUE(messages_.shown[0].text.contains(path_)) << messages_.shown[0].text.toStdString();
+  EXPECT_TRUE(text().isModified());
+  EXPECT_EQ(text().fileBytes().bytes, "x" + kFile);
+}
+
+TEST_F(ManEditTest, ACharacterThatNoFileCanHoldIsNamedAndSelectedAndNothingIsWritten) {
+  openFile(kFile);
+  find("much");
+  QGuiApplication::clipboard()->setText(QString::fromUtf8("ä😀"));
+  trigger("MnuPaste");
+  trigger("MnuSave");
+  ASSERT_EQ(messages_.shown.size(), 1U);
+  for (const char* named : {"U+1F600", "line 2", "column 18"}) {
+    EXPECT_TRUE(messages_.shown[0].text.contains(named)) << messages_.shown[0].text.toStdString();
+  }
+  EXPECT_EQ(text().selectedText(), QString::fromUtf8("😀"));
+  EXPECT_EQ(saved(), kFile);
+}
+
+TEST_F(ManEditTest, AnOpeningThatComesToNothingChangesNeitherTextNorItsFile) {
+  openFile(kFile);
+  target_.ManualEditFile = game_.qpath() + "\\Data\\INI\\Armor.ini";
+  EXPECT_FALSE(window_->loadFile(target_.ManualEditFile));
+  type("x");
+  trigger("MnuSave");
+  EXPECT_EQ(saved(), "x" + kFile);
+  EXPECT_FALSE(std::filesystem::exists(game_.native("Data/INI/Armor.ini")));
+}
+
+TEST_F(ManEditTest, UnsavedTextIsKeptWhenItIsClosedOrReplaced) {
+  openFile(kFile);
+  type("first");
+  openPart("Weapon Gun\r\n");
+  EXPECT_EQ(keptNames().size(), 1);
+  text().replaceSelection(QString::fromUtf8("second \u20BF"));
+  window_->close();
+  EXPECT_EQ(keptNames().size(), 2);
+  EXPECT_EQ(keptNames().filter("unsaved part of Weapon.ini").size(), 1);
+  EXPECT_EQ(saved(), kFile);
+  EXPECT_EQ(closed_, 1);
+}
+
+TEST_F(ManEditTest, AWindowClosedDuringItsSetUpGoesAfterIt) {
+  game_.write("Data/INI/Weapon.ini", kFile);
+  target_ = {path_, 0, false};
+  ASSERT_TRUE(window_->loadFile(path_));
+  bool heldBack = false;
+  yield_.onTurn = [&] {
+    window_->close();
+    heldBack = closed_ == 0;
+  };
+  window_->show();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return closed_ == 1; }));
+  EXPECT_TRUE(heldBack);
+  EXPECT_FALSE(window_->isVisible());
+}
+
+TEST_F(ManEditTest, ATextOpenedDuringTheSetUpIsSetUpToo) {
+  yield_.onTurn = [&] {
+    target_.ManEditInitDone = false;
+    window_->setText("one\r\ntwo");
+  };
+  openFile(kFile);
+  EXPECT_EQ(panel(1), "Line 1 of 2");
+}
+
+TEST_F(ManEditTest, PlacementComesBack) {
+  openFile(kFile);
+  window_->resize(700, 400);
+  trigger("MnuExit");
+  EXPECT_EQ(closed_, 1);
+  remake();
+  openFile(kFile);
+  EXPECT_EQ(window_->size(), QSize(700, 400));
+}
+
+TEST_F(ManEditTest, ClipboardCommandsWorkOnTheSelection) {
+  openFile("one two");
+  QClipboard& clipboard = *QGuiApplication::clipboard();
+  find("one");
+  trigger("MnuCut");
+  EXPECT_EQ(clipboard.text(), "one");
+  clipboard.setText("a\nb");
+  part<QAction>("Paste")->trigger();
+  trigger("MnuSelAll");
+  trigger("MnuCopy");
+  EXPECT_EQ(clipboard.text(), "a\r\nb two");
+  trigger("MnuDelete");
+  EXPECT_EQ(text().fileBytes().bytes, "");
+}
+
+TEST_F(ManEditTest, UndoAndRedoOfTheWindowOnlyTell) {
+  openFile("one");
+  type("x");
+  for (const char* name : {"MnuUndo", "MnuRedo", "Undo", "Redo"}) trigger(name);
+  ASSERT_EQ(messages_.shown.size(), 4U);
+  EXPECT_EQ(messages_.shown[0].text,
+            "I am working on this feature, I will realease a new version as soon as I have finished it.\r\n"
+            "If yoy want to use 'Undo', Right-click on some text and click on 'Undo'");
+  EXPECT_EQ(text().fileBytes().bytes, "xone");
+  QTest::keyClick(text().focusProxy(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(text().fileBytes().bytes, "one");
+}
+
+TEST_F(ManEditTest, TheChosenFontIsUsedAndComesBack) {
+  openFile("one");
+  const QFont before = text().textFont();
+  fonts_.answer = FontRecord{.faceName = "No Such Font", .weight = 700, .strikeOut = 1, .tenthsOfPoint = 165};
+  trigger("MnuFont");
+  window_->close();
+  remake();
+  openFile("one");
+  QFont expected = before;
+  expected.setBold(true);
+  expected.setStrikeOut(true);
+  expected.setPointSizeF(16.5);
+  EXPECT_EQ(text().textFont(), expected);
+}
+
+TEST_F(ManEditTest, ACancelledFontDialogChangesAndStoresNothing) {
+  openFile("one");
+  const QFont before = text().textFont();
+  trigger("MnuFont");
+  EXPECT_EQ(text().textFont(), before);
+  EXPECT_EQ(settings_.GetSet("ManEditName", "none"), "none");
+}
+
+}  // namespace
+}  // namespace korvane

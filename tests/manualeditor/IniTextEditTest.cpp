@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "manualeditor/IniTextEdit.h"
+#include "manualeditor/LineColours.h"
+
+namespace korvane {
+namespace {
+
+std::string AllBytesButLineEnds() {
+  std::string bytes;
+  for (int i = 0; i < 256; ++i) {
+    if (i != '\r' && i != '\n') bytes += static_cast<char>(i);
+  }
+  return bytes;
+}
+
+TEST(IniTextEdit, EveryByteComesBackAndLoneLineEndsBecomeCrLf) {
+  const std::string all = AllBytesButLineEnds();
+  const std::string mark("\xEF\xBB\xBF");  // three letters like any others
+  const struct {
+    std::string file;
+    std::string saved;
+  } kCases[] = {
+      {"", ""},
+      {"\r\n", "\r\n"},
+      {mark + all + "\r\n" + all, mark + all + "\r\n" + all},
+      {all + all + "\r\n\r\n", all + all + "\r\n\r\n"},
+      {std::string("\0\0\r\n\0", 5), std::string("\0\0\r\n\0", 5)},
+      {"a\nb\rc\r\r\n\n\r", "a\r\nb\r\nc\r\n\r\n\r\n\r\n"},
+  };
+  IniTextEdit text;
+  for (const auto& [file, saved] : kCases) {
+    text.setBytes(file);
+    EXPECT_FALSE(text.isModified());
+    EXPECT_FALSE(text.fileBytes().refused);
+    EXPECT_EQ(text.fileBytes().bytes, saved);
+  }
+}
+
+TEST(IniTextEdit, TheSelectionCanHoldAnyByte) {
+  IniTextEdit text;
+  text.setBytes(std::string("a\0b", 3));
+  text.selectAll();
+  const QString selected = text.selectedText();
+  EXPECT_EQ(selected.size(), 3);
+  text.replaceSelection(selected + "\nc");
+  EXPECT_EQ(text.fileBytes().bytes, std::string("a\0b\r\nc", 6));
+}
+
+TEST(LineColours, EachPartOfALineHasItsKind) {
+  // p plain, c comment, h header, e end, k key, v value
+  const std::pair<std::string, std::string> kCases[] = {
+      {"Weapon Gun ; x", "hhhhhhhhhhhccc"},
+      {"  Damage = 1 //x", "ppkkkkkkvvvvvccc"},
+      {"End", "eee"},
+      {"\tEND ;x", "peeepcc"},
+      {"Ending = 1", "hhhhhhhhhh"},
+      {"  Endow=1", "ppkkkkkvv"},
+      {";x\r\n  A\rB\n", "ccppppkphp"},
+      {"   ", "ppp"},
+  };
+  for (const auto& [text, letters] : kCases) {
+    std::string kinds(text.size(), '?');
+    KindsOf(text, kinds.data());
+    for (char& kind : kinds) kind = "pchekv"[static_cast<int>(kind)];
+    EXPECT_EQ(kinds, letters) << text;
+  }
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "controls/FontDialog.h"
+#include "controls/ManualEditTarget.h"
+#include "controls/Services.h"
+#include "manualeditor/FrmManEdit.h"
+#include "manualeditor/IniTextEdit.h"
+#include "platform/FileWriter.h"
+#include "platform/KeptVersions.h"
+#include "settings/SettingsStore.h"
+#include "support/Fakes.h"
+#include "support/GameFolder.h"
+
+namespace korvane {
+
+class FakeFontChooser : public FontChooser {
+ public:
+  FontRecord ShowFontDialog() override { return answer; }
+  FontRecord answer;
+};
+
+// The real window on a small game folder, opened the way the commands open it.
+class ManEditTest : public testing::Test {
+ protected:
+  ManEditTest() { remake(); }
+
+  void remake() {
+    window_ = std::make_unique<FrmManEdit>(services_, target_, files_, versions_, fonts_);
+    QObject::connect(window_.get(), &FrmManEdit::closedForGood, [this] { ++closed_; });
+  }
+
+  void openFile(std::string_view bytes) {
+    game_.write("Data/INI/Weapon.ini", bytes);
+    target_ = {path_, 0, false};
+    ASSERT_TRUE(window_->loadFile(path_));
+    show();
+  }
+  void openPart(std::string_view bytes) {
+    target_ = {path_, 1, false};
+    window_->setText(bytes);
+    show();
+  }
+  void show() {
+    window_->show();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return target_.ManEditInitDone; }));
+  }
+
+  template <typename Type>
+  Type* part(const char* name) const {
+    return window_->findChild<Type*>(name);
+  }
+  QString panel(int number) const {
+    return part<QLabel>(QByteArray("Panel").append(QByteArray::number(number)).constData())->text();
+  }
+  IniTextEdit& text() const { return *part<IniTextEdit>("TxtManEdit"); }
+  void trigger(const char* action) const { part<QAction>(action)->trigger(); }
+  void type(const QString& keys) const { QTest::keyClicks(text().focusProxy(), keys); }
+  void find(const QString& sought) const {
+    part<QComboBox>("CboFind")->setEditText(sought);
+    part<QPushButton>("BtnFind")->click();
+  }
+  std::string saved() const { return game_.read("Data/INI/Weapon.ini"); }
+  QStringList keptNames() const { return QDir(versions_.folderOf(path_)).entryList(QDir::Files); }
+
+  QTemporaryDir folder_;
+  GameFolder game_;
+  const QString path_ = game_.qpath() + "\\Data\\INI\\Weapon.ini";
+  SettingsStore settings_{folder_.path()};
+  FakeMessageBoxes messages_;
+  FakeShell shell_;
+  FakeHelpViewer help_;
+  FakeProcessEnd process_;
+  ScriptedYield yield_;
+  Folders folders_{game_.qpath(), {}};
+  const Services services_{settings_, messages_, shell_, help_, process_, yield_, folders_};
+  ManualEditTarget target_;
+  FileWriter files_;
+  KeptVersions versions_{files_, folder_.filePath("versions")};
+  FakeFontChooser fonts_;
+  int closed_ = 0;
+  std::unique_ptr<FrmManEdit> window_;
+};
+
+}  // namespace korvane
