@@ -13,7 +13,8 @@ if(NOT MSVC)
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
 endif()
 # GCC 12, optimising, warns of overlaps in "text" + std::string that are not there (GCC bug 105651).
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13 AND
+   (CMAKE_BUILD_TYPE STREQUAL "Release" OR KORVANE_SANITIZE))
   target_compile_options(korvane_options INTERFACE -Wno-restrict)
 endif()
 if(KORVANE_SANITIZE)
