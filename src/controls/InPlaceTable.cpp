@@ -40,7 +40,20 @@ InPlaceTable::InPlaceTable(QWidget* parent) : QTableView(parent) {
 
 void InPlaceTable::addColumn(const QString& caption, int widthTwips) {
   model_.addColumn(caption);
-  setColumnWidth(model_.columnCount() - 1, PixelsFromTwips(widthTwips, *this));
+  const int width = PixelsFromTwips(widthTwips, *this);
+  columnsWidth_ += width;
+  horizontalHeader()->setStretchLastSection(false);  // or the width would not be kept
+  setColumnWidth(model_.columnCount() - 1, width);
+  fitColumns();
+}
+
+void InPlaceTable::fitColumns() {
+  horizontalHeader()->setStretchLastSection(viewport()->width() > columnsWidth_);
+}
+
+void InPlaceTable::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  fitColumns();
 }
 
 void InPlaceTable::setUp(int mode) {

@@ -20,6 +20,7 @@ class InPlaceTable : public QTableView, public TableSink {
  public:
   explicit InPlaceTable(QWidget* parent = nullptr);
 
+  // The last column is wider where there is room.
   void addColumn(const QString& caption, int widthTwips);
   // Lets the user edit the values, each as its kind allows.
   void setUp(int mode);
@@ -54,14 +55,17 @@ class InPlaceTable : public QTableView, public TableSink {
   bool edit(const QModelIndex& cell, EditTrigger trigger, QEvent* event) override;
   void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void fitColumns();
   void fitRows();
   int rowHeightFor(int row) const;
   // The nearest value after (step 1) or before (step -1) the row that can be edited.
   QModelIndex nextEditable(int row, int step) const;
 
   InPlaceTableModel model_;
+  int columnsWidth_ = 0;  // as asked for, in pixels
 };
 
 }  // namespace korvane

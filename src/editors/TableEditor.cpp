@@ -6,6 +6,7 @@
 #include <QMenuBar>
 
 #include <algorithm>
+#include <utility>
 
 #include "controls/EditorLauncher.h"
 #include "controls/Icons.h"
@@ -21,7 +22,9 @@ namespace korvane {
 
 namespace {
 
-constexpr int kHeight = 480;  // of a window that was never closed, in pixels
+// Of a window that was never closed, in pixels.
+constexpr int kWidth = 860;  // at least, or the list would be narrow
+constexpr int kHeight = 480;
 
 bool BeginsWithWord(const QString& text, const QString& word) {
   if (word.isEmpty() || !text.startsWith(word, Qt::CaseInsensitive)) return false;
@@ -76,10 +79,11 @@ void TableEditor::makeColumns() {
     twips += column.width;
   }
   table().setUp(1);
-  resize(pane_->widthFor(twips), kHeight);
+  resize(std::max(kWidth, pane_->widthFor(twips)), kHeight);
 }
 
 void TableEditor::load() {
+  if (std::exchange(loaded_, true)) return;
   const WindowCalls::Running call(calls_);
   // Goes on when the parser is taken too: this load is then part of the command that took it.
   const ParserTurn turn(context_.parser);
@@ -166,7 +170,9 @@ void TableEditor::editInManualEditor() {
 void TableEditor::closeEvent(QCloseEvent* event) {
   SavePlacement(context_.services.settings, *this);
   event->accept();
-  calls_.whenIdle([this] { Q_EMIT closedForGood(); });
+  calls_.whenIdle([this] {
+    if (isHidden()) Q_EMIT closedForGood();
+  });
 }
 
 }  // namespace korvane

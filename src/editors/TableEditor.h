@@ -44,8 +44,8 @@ class TableEditor : public QMainWindow {
   TableEditor(const TableEditorEntry& entry, const TableEditorContext& context);
   ~TableEditor() override;
 
-  // Restores the placement and reads the list. To be called once, when the owner already knows the window:
-  // events run meanwhile.
+  // Restores the placement and reads the list; nothing the second time. Events run meanwhile, so the owner
+  // calls it only when it already knows the window.
   void load();
 
   // Selects the first entry from the top that begins with the name as a whole word, letter case ignored, or
@@ -53,7 +53,8 @@ class TableEditor : public QMainWindow {
   void selectEntry(const QString& name);
 
  Q_SIGNALS:
-  // The window was closed and none of its calls is running any more: its owner lets it go with deleteLater.
+  // The window was closed and none of its calls is running any more: its owner lets it go with deleteLater. Not
+  // sent when it was shown again before the last call returned.
   void closedForGood();
 
  protected:
@@ -84,6 +85,7 @@ class TableEditor : public QMainWindow {
   ListAndTable* pane_;
   QMenu* MnuFile_ = nullptr;
   QPersistentModelIndex settled_;  // the entry to go back to when a choice is refused
+  bool loaded_ = false;
   WindowCalls calls_;
 };
 

@@ -42,7 +42,9 @@ std::string_view DamageType(std::string_view line) {
 
 std::string SParse::GetWeaponData(std::string_view selected, TableSink& table) {
   ObjectName = selected;
-  std::string text = GetObjectText("Weapon", kWeaponFile).append(kLineEnd);
+  std::string text;  // an entry without a name has no block
+  if (!selected.empty()) text = GetObjectText("Weapon", kWeaponFile);
+  text += kLineEnd;
   FillRows(kWeaponRows, table, [&](std::string_view key) { return GetWeaponValue(key, text); });
   return text;
 }

@@ -107,7 +107,8 @@ TEST_F(TableFills, ABlockThatIsNotThereLeavesNoRowOfTheOneBefore) {
   EXPECT_EQ(table.rows.size(), 1u);
   parser.GetArmourData("Missing", table);
   EXPECT_TRUE(table.rows.empty());
-  EXPECT_EQ(parser.GetWeaponData("Missing", table), "\r\n");
+  game.ini("Weapon.ini", "Weapon Rocket\n  PrimaryDamage = 40.0\nEnd\n");
+  for (const char* name : {"Missing", ""}) EXPECT_EQ(parser.GetWeaponData(name, table), "\r\n") << name;
   EXPECT_EQ(table.rows.front(), "Weapon Damage");
 }
 
