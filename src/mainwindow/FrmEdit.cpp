@@ -174,7 +174,7 @@ void FrmEdit::showRemark(const QString& text) {
 }
 
 void FrmEdit::nameFileButton() {
-  const ObjectNode* node = objects_.node(TVMenu_->currentIndex());
+  const ObjectNode* node = display_->selectedNode();
   const ObjectNode* file = node == nullptr ? nullptr : Grandparent(*node);
   if (file != nullptr) fields_.CmdME_FINI->setText("Manual Edit " + FromBytes(file->key));
 }

@@ -111,7 +111,7 @@ ObjectDisplay::ObjectDisplay(QWidget& window, QTreeView& tree, const ObjectTreeM
       services_(services),
       information_(fields,
                    [this] {
-                     const ObjectNode* node = model_.node(tree_.currentIndex());
+                     const ObjectNode* node = selectedNode();
                      return node == nullptr ? QString() : FromBytes(node->text);
                    }),
       TVItem1_(parser.yield()),
@@ -144,8 +144,13 @@ void ObjectDisplay::connectFields() {
   connect(fields_.CboLocomotor, &QComboBox::textActivated, this, &ObjectDisplay::renameLocomotorTab);
 }
 
+// The current node alone will not do: a tree that gets the focus makes its first node the current one.
+const ObjectNode* ObjectDisplay::selectedNode() const {
+  return model_.node(tree_.selectionModel()->selectedIndexes().value(0));
+}
+
 SelectedObject ObjectDisplay::selectedObject() const {
-  const ObjectNode* node = model_.node(tree_.currentIndex());
+  const ObjectNode* node = selectedNode();
   return node == nullptr ? SelectedObject{} : SelectedObject{node->text, node->tag};
 }
 

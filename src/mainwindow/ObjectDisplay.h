@@ -40,6 +40,8 @@ class ObjectDisplay : public QObject {
   void readWeapons();
 
   InformationList& information() { return information_; }
+  // The tree's selected node, or nothing.
+  const ObjectNode* selectedNode() const;
   // The selected node as an object of the parser; empty texts when nothing is selected.
   SelectedObject selectedObject() const;
 

@@ -5,37 +5,16 @@
 
 #include <QAction>
 #include <QListView>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
 
-#include "controls/EditorLauncher.h"
 #include "controls/ManualEditTarget.h"
 #include "controls/UnitChoices.h"
 #include "editors/TableEditor.h"
-#include "settings/SettingsStore.h"
-#include "support/Fakes.h"
-#include "support/GameFolder.h"
+#include "support/TestDesk.h"
 
 namespace korvane {
-
-// Remembers the text that was to be shown in the manual editor.
-class FakeLauncher : public EditorLauncher {
- public:
-  void showManualEditorOnText(const std::string& text) override { texts.push_back(text); }
-  void showManualEditorOnFile() override {}
-  void showWeaponEditor() override {}
-  void showArmourEditor() override {}
-  void showCommandSetEditor() override {}
-  void showCommandButtonEditor() override {}
-  void selectWeapon(const QString&) override {}
-  void selectArmour(const QString&) override {}
-  void showOptions() override {}
-  void showAbout() override {}
-  void CloseBrowse() override {}
-  std::vector<std::string> texts;
-};
 
 class FakeUnits : public UnitChoices {
  public:
@@ -46,7 +25,7 @@ class FakeUnits : public UnitChoices {
 };
 
 // What a table editor needs around it. Reads let events run at every line.
-class EditorDesk : public testing::Test {
+class EditorDesk : public testing::Test, protected TestDesk {
  protected:
   template <typename Editor>
   std::unique_ptr<Editor> open() {
@@ -86,16 +65,6 @@ class EditorDesk : public testing::Test {
     return texts;
   }
 
-  GameFolder game;
-  QTemporaryDir settingsFolder;
-  SettingsStore settings{settingsFolder.path()};
-  FakeMessageBoxes messages;
-  FakeShell shell;
-  FakeHelpViewer help;
-  FakeProcessEnd process;
-  ScriptedYield yield;
-  Folders folders{game.qpath(), "C:\\Korvane"};
-  Services services{settings, messages, shell, help, process, yield, folders};
   SParse parser{[this] { return game.path(); }, [this] { yield.fullTurn(); }};
   FakeLauncher launcher;
   ManualEditTarget target;

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow/MainWindow.h"
+#include "mainwindow/ObjectDisplay.h"
+
+namespace korvane {
+namespace {
+
+class ObjectDisplayTest : public MainWindow {};
+
+TEST_F(ObjectDisplayTest, ACategoryShowsItsPathAndEmptiesTheArmourOnly) {
+  open();
+  click("Jeep");
+  click("Other");
+  EXPECT_EQ(panel(1), "Player Units\\Other");
+  EXPECT_EQ(panel(2), "FactionUnit.ini");
+  EXPECT_EQ(panel(3), "There are 3 items in this catagory.");
+  EXPECT_EQ(chosen("CboArmour"), "");
+  EXPECT_EQ(text("MHealth"), "240.05");
+  EXPECT_FALSE(get<QTabWidget>("F_Tab").isEnabled());
+  EXPECT_EQ(informationOf("Name"), "Other");
+}
+
+TEST_F(ObjectDisplayTest, AnObjectFillsEveryField) {
+  settings.SaveSet("InfoTab", "2");
+  open();
+  click("Jeep");
+  EXPECT_EQ(panel(1), "Player Units\\Other\\Jeep");
+  EXPECT_EQ(panel(3), "There are 0 items in this catagory.");
+  EXPECT_EQ(get<QTabWidget>("F_Tab").currentIndex(), 2);
+  EXPECT_EQ(text("MHealth"), "240.05");  // two lines run together
+  EXPECT_EQ(text("IHealth"), "200");
+  EXPECT_EQ(text("TxtCost"), "1500");
+  EXPECT_EQ(text("TxtBS"), "8.5");
+  EXPECT_EQ(text("TxtVisRange"), "150");
+  EXPECT_EQ(text("TxtSCR"), "300");
+  EXPECT_EQ(chosen("CboArmour"), "Plate");
+  EXPECT_EQ(get<QComboBox>("CboArmour").count(), 2);
+  EXPECT_EQ(window->weaponNames(), (QStringList{"Gun", "Rocket", ""}));
+  EXPECT_EQ(chosen("Conditions"), "None");
+  EXPECT_EQ(get<QComboBox>("CondCombo").count(), 2);
+  EXPECT_EQ(QStringList({chosen("PWeapon"), chosen("SWeapon"), chosen("TWeapon")}),
+            QStringList({"Gun", "Rocket", ""}));
+  const QTabBar& tabs = get<QTabBar>("LocoTab");
+  EXPECT_EQ(tabs.count(), 2);
+  EXPECT_EQ(tabs.tabData(1), "PvKey2");
+  EXPECT_EQ(chosen("CboLocomotor"), "Wheels");
+  EXPECT_TRUE(window->isEnabled());
+}
+
+TEST_F(ObjectDisplayTest, AValueThatTheMaskCannotTakeStandsWhole) {
+  open();
+  click("Jeep");
+  EXPECT_EQ(handling(0), "GROUND");
+  EXPECT_EQ(handling(1), "40__ dist/sec");
+  EXPECT_EQ(handling(2), "22.5 dist/sec");
+  EXPECT_EQ(handling(3), "-90 degrees/sec");
+  EXPECT_EQ(handling(4), "____ degrees/sec");
+  press("HS_ClearBtn2");
+  EXPECT_EQ(handling(2), "____ dist/sec");
+  get<QTabBar>("LocoTab").setCurrentIndex(1);
+  EXPECT_EQ(handling(0), "");
+  EXPECT_EQ(handling(1), "15__ dist/sec");
+  EXPECT_EQ(handling(7), "123456_ dist/(sec^2)");
+}
+
+TEST_F(ObjectDisplayTest, ListsOfConditionsAndLocomotorsFollowEachOther) {
+  open();
+  click("Jeep");
+  choose("CondCombo", 1);
+  EXPECT_EQ(get<QComboBox>("Conditions").currentIndex(), 1);
+  // The switch takes the second place and pushes the other weapon down.
+  EXPECT_EQ(QStringList({chosen("PWeapon"), chosen("SWeapon"), chosen("TWeapon")}),
+            QStringList({"Rocket", "", "Gun"}));
+  EXPECT_EQ(informationOf("Tertiary Weapon"), "Gun");
+  choose("Conditions", 0);
+  EXPECT_EQ(get<QComboBox>("CondCombo").currentIndex(), 0);
+  EXPECT_EQ(informationOf("Primary Weapon"), "Gun");
+  choose("CboLoco", 1);
+  EXPECT_EQ(chosen("CboLocomotor"), "Tracks");
+  get<QComboBox>("CboLocomotor").lineEdit()->selectAll();
+  QTest::keyClicks(get<QComboBox>("CboLocomotor").lineEdit(), "Rails");
+  EXPECT_EQ(get<QTabBar>("LocoTab").tabText(1), "Rails");
+}
+
+TEST_F(ObjectDisplayTest, AnObjectWithoutAnythingEmptiesTheFields) {
+  open();
+  click("Jeep");
+  click("Hut");
+  EXPECT_EQ(text("MHealth"), "900");
+  for (const char* field : {"IHealth", "TxtCost", "TxtBS", "TxtVisRange", "TxtSCR"})
+    EXPECT_EQ(text(field), "") << field;
+  for (const char* list :
+       {"CboArmour", "PWeapon", "SWeapon", "TWeapon", "Conditions", "CboLoco", "CboLocomotor"}) {
+    EXPECT_EQ(chosen(list), "") << list;
+  }
+  EXPECT_EQ(get<QTabBar>("LocoTab").count(), 0);
+  EXPECT_EQ(handling(1), "____ dist/sec");
+  click("Ghost");  // not in the file any more
+  EXPECT_EQ(text("MHealth"), "");
+}
+
+TEST_F(ObjectDisplayTest, AMissingFileIsToldAndLeavesTheFields) {
+  open();
+  click("Jeep");
+  const QStringList before = information();
+  click("Lost");
+  EXPECT_EQ(panel(2), "Gone.ini  (Error: File does not exist)");
+  EXPECT_EQ(text("MHealth"), "240.05");
+  EXPECT_EQ(information(), before);
+  EXPECT_TRUE(window->isEnabled());
+}
+
+TEST_F(ObjectDisplayTest, MissingListFilesLeaveTheListsEmpty) {
+  for (const char* name : {"Weapon.ini", "Armor.ini", "Locomotor.ini"}) {
+    std::filesystem::remove(game.native(std::string("Data/INI/") + name));
+  }
+  open();
+  click("Jeep");
+  EXPECT_TRUE(window->weaponNames().isEmpty());
+  EXPECT_EQ(chosen("PWeapon"), "Gun");
+  EXPECT_EQ(chosen("CboLocomotor"), "Wheels");
+  EXPECT_EQ(handling(1), "____ dist/sec");
+}
+
+TEST_F(ObjectDisplayTest, TheKeyboardWalksDownTheObjects) {
+  open();
+  click("Jeep");
+  QTreeView& tree = get<QTreeView>("TVMenu");
+  window->activateWindow();
+  tree.setFocus();
+  QTest::keyClick(&tree, Qt::Key_Down);
+  EXPECT_EQ(text("MHealth"), "900");
+  EXPECT_EQ(window->focusWidget(), &tree);
+}
+
+TEST_F(ObjectDisplayTest, AClickInTheMiddleOfAReadIsIgnored) {
+  open();
+  click("Hut");
+  bool disabled = false;
+  yield.onTurn = [&] {
+    disabled = !window->isEnabled();
+    Q_EMIT get<QTreeView>("TVMenu").clicked(node("Hut"));
+    get<QTabBar>("LocoTab").setCurrentIndex(0);
+  };
+  click("Jeep");
+  EXPECT_TRUE(disabled);
+  EXPECT_EQ(text("MHealth"), "240.05");
+  EXPECT_EQ(get<QTreeView>("TVMenu").currentIndex(), node("Jeep"));
+}
+
+TEST_F(ObjectDisplayTest, ValuesAreReadAnewAtEachClick) {
+  open();
+  click("Hut");
+  game.objects("FactionUnit.ini", "Object Hut\n  MaxHealth = 901\nEnd\n");
+  click("Hut");
+  EXPECT_EQ(text("MHealth"), "901");
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <string>
+#include <vector>
+
+#include "controls/EditorLauncher.h"
+#include "controls/Services.h"
+#include "settings/SettingsStore.h"
+#include "support/Fakes.h"
+#include "support/GameFolder.h"
+
+namespace korvane {
+
+// Remembers what the windows ask of each other.
+class FakeLauncher : public EditorLauncher {
+ public:
+  void showManualEditorOnText(const std::string& text) override {
+    calls += "manual text";
+    texts.push_back(text);
+  }
+  void showManualEditorOnFile() override { calls += "manual file"; }
+  void showWeaponEditor() override { calls += "weapons"; }
+  void showArmourEditor() override { calls += "armours"; }
+  void showCommandSetEditor() override { calls += "command sets"; }
+  void showCommandButtonEditor() override { calls += "command buttons"; }
+  void selectWeapon(const QString& name) override { calls += "select weapon " + name; }
+  void selectArmour(const QString& name) override { calls += "select armour " + name; }
+  void showOptions() override { calls += "options"; }
+  void showAbout() override { calls += "about"; }
+  void CloseBrowse() override { calls += "close browse"; }
+
+  QStringList takeCalls() { return std::exchange(calls, {}); }
+
+  QStringList calls;
+  std::vector<std::string> texts;
+};
+
+// A desktop of a test's own: a small game folder, empty settings, and fakes for the user and the system.
+struct TestDesk {
+  GameFolder game;
+  QTemporaryDir settingsFolder;
+  SettingsStore settings{settingsFolder.path()};
+  FakeMessageBoxes messages;
+  FakeShell shell;
+  FakeHelpViewer help;
+  FakeProcessEnd process;
+  ScriptedYield yield;
+  Folders folders{game.qpath(), "C:\\Korvane"};
+  Services services{settings, messages, shell, help, process, yield, folders};
+};
+
+}  // namespace korvane
