@@ -60,7 +60,6 @@ class Extraction {
     std::filesystem::create_directories(target.parent_path());
     WholeFile file(target);
     file.write(bytes);
-    file.flush();
     file.commit();
     ++written_;
   }

@@ -71,7 +71,7 @@ std::uint64_t PackFiles(const std::vector<std::string>& paths, const PackSources
   std::uint64_t bytes = 0;
   Progress progress("Packing", static_cast<std::int64_t>(paths.size()));
   for (const std::string& path : paths) {
-    const std::string text = SourceOf(path, sources)->read(path);
+    const std::string_view text = SourceOf(path, sources)->read(path);
     table.add(path, text);
     bytes += text.size();
     progress.stepDone();

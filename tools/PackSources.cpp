@@ -31,10 +31,9 @@ class FolderSource : public PackSource {
 
   bool has(std::string_view path) override { return FileExists(full(path)); }
 
-  std::string read(std::string_view path) override {
-    FileBytes file;
-    if (!file.read(full(path), {})) throw std::runtime_error(full(path) + ": the file cannot be read");
-    return std::string(file.bytes());
+  std::string_view read(std::string_view path) override {
+    if (!file_.read(full(path), {})) throw std::runtime_error(full(path) + ": the file cannot be read");
+    return file_.bytes();
   }
 
   std::vector<std::string> filesBelow(std::string_view folder) override {
@@ -52,6 +51,7 @@ class FolderSource : public PackSource {
   std::string full(std::string_view path) const { return folder_ + "\\" + std::string(path); }
 
   std::string folder_;
+  FileBytes file_;
 };
 
 class ArchiveSource : public PackSource {
@@ -63,7 +63,10 @@ class ArchiveSource : public PackSource {
 
   bool has(std::string_view path) override { return entries_.contains(ToLowerAscii(path)); }
 
-  std::string read(std::string_view path) override { return archive_.read(*entries_.at(ToLowerAscii(path))); }
+  std::string_view read(std::string_view path) override {
+    bytes_ = archive_.read(*entries_.at(ToLowerAscii(path)));
+    return bytes_;
+  }
 
   std::vector<std::string> filesBelow(std::string_view folder) override {
     std::vector<std::string> found;
@@ -76,6 +79,7 @@ class ArchiveSource : public PackSource {
  private:
   BigArchive archive_;
   std::map<std::string, const BigArchive::Entry*> entries_;  // by the path in small letters
+  std::string bytes_;
 };
 
 std::vector<std::string> ArchivesIn(const std::string& folder) {

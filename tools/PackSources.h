@@ -15,7 +15,8 @@ class PackSource {
  public:
   virtual ~PackSource() = default;
   virtual bool has(std::string_view path) = 0;
-  virtual std::string read(std::string_view path) = 0;  // std::runtime_error when it cannot be read
+  // The file's bytes, until the next read. std::runtime_error when it cannot be read.
+  virtual std::string_view read(std::string_view path) = 0;
   // All files of the source whose path begins with the folder (with a backslash at its end).
   virtual std::vector<std::string> filesBelow(std::string_view folder) = 0;
 };

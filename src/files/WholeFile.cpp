@@ -72,12 +72,10 @@ void WholeFile::rewrite(std::uint64_t offset, std::string_view bytes) {
   if (!SeekTo(file_.get(), offset) || !Put(file_.get(), bytes) || !SeekTo(file_.get(), size_)) fail();
 }
 
-void WholeFile::flush() {
-  if (std::fflush(file_.get()) != 0 || !SyncToDisk(file_.get())) fail();
-  if (std::fclose(file_.release()) != 0) fail();
-}
-
 void WholeFile::commit() {
+  if (std::fflush(file_.get()) != 0) fail();
+  if (fs::exists(target_) && !SyncToDisk(file_.get())) fail();
+  if (std::fclose(file_.release()) != 0) fail();
   fs::rename(part_, target_);
   part_.clear();
 }

@@ -25,9 +25,8 @@ class WholeFile {
   void rewrite(std::uint64_t offset, std::string_view bytes);
   std::uint64_t size() const { return size_; }
 
-  // Waits until all bytes are on the disk. Nothing can be written any more.
-  void flush();
-  // Puts the file in its place, after a flush().
+  // Puts the file in its place. What stood there before is given up only when the new bytes are on the disk;
+  // a new file gets there as the system sees fit. Nothing can be written any more.
   void commit();
 
  private:

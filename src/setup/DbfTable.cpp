@@ -89,7 +89,7 @@ const DbfField& DbfTable::field(std::string_view name) const {
   for (const DbfField& field : layout_.fields) {
     if (ToLowerAscii(field.name) == wanted) return field;
   }
-  NoSuchField("\"" + std::string(name) + "\"");
+  NoSuchField(std::string(name));
 }
 
 std::uint64_t DbfTable::offsetOf(std::int64_t record) const {

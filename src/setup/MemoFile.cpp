@@ -36,14 +36,16 @@ std::uint64_t BlockSize(MemoKind kind, std::uint64_t claimed) {
 
 }  // namespace
 
-std::string MemoBlocks(MemoKind kind, std::string_view text, std::uint64_t blockSize) {
-  std::string bytes;
-  bytes.reserve(RoundedUp(text.size() + kHead4, blockSize));
-  if (kind == MemoKind::version4) bytes.append(kMark4).append(LittleBytes(text.size() + kHead4, 4));
-  bytes.append(text);
-  if (kind == MemoKind::version3) bytes.append(kEnd3);
-  bytes.resize(RoundedUp(bytes.size(), blockSize), '\0');
-  return bytes;
+std::string MemoHead(MemoKind kind, std::uint64_t textSize) {
+  if (kind == MemoKind::version3) return {};
+  return std::string(kMark4) + LittleBytes(textSize + kHead4, 4);
+}
+
+std::string MemoTail(MemoKind kind, std::uint64_t textSize, std::uint64_t blockSize) {
+  const bool is3 = kind == MemoKind::version3;
+  std::string tail(is3 ? kEnd3 : std::string_view());
+  const std::uint64_t filled = textSize + (is3 ? kEnd3.size() : kHead4);
+  return tail.append(RoundedUp(filled, blockSize) - filled, '\0');
 }
 
 std::string MemoFileHeader(std::uint64_t firstFree, std::uint64_t blockSize) {
@@ -108,7 +110,9 @@ MemoFile::Grown MemoFile::withText(std::string_view text) {
   if (bytes.size() != file_.size()) Damaged("it cannot be read");
   bytes.resize(RoundedUp(std::max<std::uint64_t>(bytes.size(), kHeaderSize), blockSize_), '\0');
   const std::uint64_t block = bytes.size() / blockSize_;
-  bytes += MemoBlocks(kind_, text, blockSize_);
+  bytes += MemoHead(kind_, text.size());
+  bytes += text;
+  bytes += MemoTail(kind_, text.size(), blockSize_);
   bytes.replace(0, 4, LittleBytes(bytes.size() / blockSize_, 4));
   return {std::move(bytes), block};
 }

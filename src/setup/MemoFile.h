@@ -14,8 +14,9 @@ enum class MemoKind {
   version4,  // FF FF 08 00, the length with these eight bytes, the text
 };
 
-// A memo as it lies in the file, filled up to whole blocks.
-std::string MemoBlocks(MemoKind kind, std::string_view text, std::uint64_t blockSize);
+// What stands before and behind a text of the size in the memo file, so that it fills whole blocks.
+std::string MemoHead(MemoKind kind, std::uint64_t textSize);
+std::string MemoTail(MemoKind kind, std::uint64_t textSize, std::uint64_t blockSize);
 
 // A memo file with `firstFree` as the number of its first free block, and nothing in it.
 std::string MemoFileHeader(std::uint64_t firstFree, std::uint64_t blockSize);

@@ -73,17 +73,21 @@ void StockTable::add(std::string_view path, std::string_view text) {
   const std::string block = text.empty() ? std::string() : std::to_string(memos_.size() / kBlockSize);
   std::string record = ' ' + Padded(path, kColumns[0].length, ' ');
   record.append(kColumns[1].length - block.size(), ' ').append(block);
-  if (!text.empty()) memos_.write(MemoBlocks(MemoKind::version4, text, kBlockSize));
   table_.write(record);
   ++records_;
+  if (!text.empty()) addMemo(text);
+}
+
+void StockTable::addMemo(std::string_view text) {
+  memos_.write(MemoHead(MemoKind::version4, text.size()));
+  memos_.write(text);
+  memos_.write(MemoTail(MemoKind::version4, text.size(), kBlockSize));
 }
 
 void StockTable::commit() {
   table_.write("\x1a");
   table_.rewrite(0, TableHeader(records_));
   memos_.rewrite(0, MemoFileHeader(memos_.size() / kBlockSize, kBlockSize));
-  table_.flush();
-  memos_.flush();
   memos_.commit();  // first: a table without its memos would be worse than memos without a table
   table_.commit();
 }

@@ -23,6 +23,8 @@ class StockTable {
   void commit();
 
  private:
+  void addMemo(std::string_view text);
+
   WholeFile table_;
   WholeFile memos_;
   std::uint32_t records_ = 0;

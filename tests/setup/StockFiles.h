@@ -76,7 +76,7 @@ struct RawDatabase {
     for (const auto& [path, text] : records) {
       table += ' ' + right(path, 20) + left(std::to_string(memos.size() / block), 10) +
                left(std::to_string(text.size()), 5);
-      memos += MemoBlocks(kind, text, block);
+      memos += MemoHead(kind, text.size()) + text + MemoTail(kind, text.size(), block);
     }
   }
 
