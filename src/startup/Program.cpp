@@ -65,9 +65,7 @@ FrmEdit& Program::mainWindow() {
 }
 
 frmWizard* Program::makeWizard() {
-  auto* window = new frmWizard({services_.settings, services_.messages, services_.help, services_.process,
-                                services_.yield, chooser_, files_},
-                               services_.folders.program);
+  auto* window = new frmWizard(services_, chooser_, files_);
   QObject::connect(window, &frmWizard::finished, window, [this] { runSplash(); });
   return window;
 }
