@@ -10,7 +10,9 @@
 namespace korvane {
 
 // A file that is written piece by piece beside its place ("Data.DBF.part") and takes its place whole, or not
-// at all. For what is too large to hold in memory. Every failure is a std::filesystem::filesystem_error.
+// at all. For the command-line tool, whose files may be too large for memory and which does without the
+// toolkit; the program writes its user's files through platform/FileWriter. Every failure is a
+// std::filesystem::filesystem_error.
 class WholeFile {
  public:
   // Begins the file. The folder must exist; what stands at the place stays there until commit().

@@ -33,23 +33,18 @@ DBCtl::~DBCtl() = default;
 void DBCtl::LoadDatabase(std::string_view Path, std::string_view Filename) {
   table_.reset();
   const std::string base = BasePath(Path, Filename);
-  auto table = std::make_unique<DbfTable>(base + std::string(kTableEnding), base + std::string(kMemoEnding));
-  table_ = std::move(table);
-  rewind();
+  table_ = std::make_unique<DbfTable>(base + std::string(kTableEnding), base + std::string(kMemoEnding));
+  row_ = -1;
+  position_ = -1;
+  count_.reset();
   try {
     stepForward();
-    if (AtEnd()) NoCurrentRecord();
+    if (AtEnd()) throw DatabaseError(DatabaseFailure::noCurrentRecord, "The database has no records.");
     readCurrent();
   } catch (const DatabaseError&) {
     table_.reset();
     throw;
   }
-}
-
-void DBCtl::rewind() {
-  row_ = -1;
-  position_ = -1;
-  count_.reset();
 }
 
 DbfTable& DBCtl::table() const {

@@ -38,7 +38,7 @@ class DBCtl {
   void LoadDatabase(std::string_view Path, std::string_view Filename);
 
   // One record on or back: at most to the places behind the last and before the first record, where there is
-  // no current record. A further step fails.
+  // no current record. A further step fails. After a failure there is no current record either.
   void MoveNext();
   void MovePrevious();
   // To the record at the zero-based position; behind the last record when there are fewer.
@@ -66,7 +66,6 @@ class DBCtl {
  private:
   DbfTable& table() const;
   const std::string& currentRecord() const;
-  void rewind();
   void stepForward();
   void stepBack();
   void readCurrent();

@@ -141,15 +141,14 @@ TEST_F(StockDatabase, TellsWhatIsWrongWithDamagedFiles) {
       {"records too long", [](RawDatabase& raw) { Put(raw.table, 10, "\xff\xff"); }, 3274, "do not fill"},
       {"field too long", [](RawDatabase& raw) { raw.table[32 + 16] = '\xff'; }, 3274, "do not fill"},
       {"no fields", [](RawDatabase& raw) { raw.table[32] = '\r'; }, 3274, "do not fill"},
-      {"no records", [](RawDatabase& raw) { raw = RawDatabase({}); }, 3021, "no current record"},
-      {"count of 0", [](RawDatabase& raw) { Put(raw.table, 4, LittleBytes(0, 4)); }, 3021,
-       "no current record"},
+      {"no records", [](RawDatabase& raw) { raw = RawDatabase({}); }, 3021, "no records"},
+      {"count of 0", [](RawDatabase& raw) { Put(raw.table, 4, LittleBytes(0, 4)); }, 3021, "no records"},
       {"4 GB claimed, nothing there",
        [](RawDatabase& raw) {
          raw.table.resize(record);
          Put(raw.table, 4, "\xff\xff\xff\xff");
        },
-       3021, "no current"},
+       3021, "no records"},
       {"last record cut off", [](RawDatabase& raw) { raw.table.pop_back(); }, 3274, "last record is cut off"},
       {"no deletion mark", [](RawDatabase& raw) { raw.table[record + RawDatabase::kRecord] = 'x'; }, 3274,
        "no beginning"},
