@@ -30,6 +30,9 @@ class EditorLauncher {
   virtual void showOptions() = 0;
   virtual void showAbout() = 0;
 
+  // Keeps the unsaved text of the manual editor, if there is any: the program is about to end.
+  virtual void keepUnsavedTexts() = 0;
+
   // Destroys the embedded folder chooser, if there is one.
   virtual void CloseBrowse() = 0;
 };

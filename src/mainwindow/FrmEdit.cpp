@@ -213,6 +213,7 @@ void FrmEdit::closeEvent(QCloseEvent* event) {
 }
 
 void FrmEdit::CloseSoft() {
+  launcher_.keepUnsavedTexts();
   launcher_.CloseBrowse();
   services_.process.end();
 }
@@ -220,6 +221,7 @@ void FrmEdit::CloseSoft() {
 void FrmEdit::exitCommand() {
   ConfirmExit_ = false;
   SavePlacement(services_.settings, *this);
+  launcher_.keepUnsavedTexts();
   launcher_.CloseBrowse();
   close();
   services_.process.end();

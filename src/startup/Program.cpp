@@ -10,7 +10,9 @@
 #include "editors/FrmCmdSet.h"
 #include "editors/FrmWE.h"
 #include "mainwindow/FrmEdit.h"
+#include "manualeditor/FrmManEdit.h"
 #include "platform/EventYield.h"
+#include "platform/KeptVersions.h"
 #include "platform/Registry.h"
 #include "settings/FrmOpt.h"
 #include "setup/frmWizard.h"
@@ -32,9 +34,11 @@ Editor& Loaded(Lazy<Editor>& editor) {
 Program::Program(const Services& services, QString arguments)
     : services_(services),
       arguments_(std::move(arguments)),
+      versions_(std::make_unique<KeptVersions>(files_)),
       fonts_([this] { return &options_.get(); }),
       registry_(SystemRegistry()),
       wizard_([this] { return makeWizard(); }),
+      manualEditor_([this] { return makeManualEditor(); }),
       options_([this] { return makeOptions(); }),
       about_([this] { return makeAbout(); }),
       extras_([this] { return new FrmFun(services_.settings); }),
@@ -161,7 +165,21 @@ void Program::showCommandButtonEditor() {
   Present(Loaded(commandButtonEditor_));
 }
 
-void Program::showManualEditorOnFile() {}
-void Program::showManualEditorOnText(const std::string&) {}
+FrmManEdit* Program::makeManualEditor() {
+  return new FrmManEdit(services_, target_, files_, *versions_, fonts_);
+}
+
+void Program::showManualEditorOnFile() {
+  if (manualEditor_.get().loadFile(target_.ManualEditFile)) Present(manualEditor_.get());
+}
+
+void Program::showManualEditorOnText(const std::string& text) {
+  manualEditor_.get().setText(text);
+  Present(manualEditor_.get());
+}
+
+void Program::keepUnsavedTexts() {
+  if (FrmManEdit* editor = manualEditor_.existing()) editor->keepUnsavedText();
+}
 
 }  // namespace korvane

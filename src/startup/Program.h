@@ -23,8 +23,10 @@ class FrmArmour;
 class FrmCmdBtn;
 class FrmCmdSet;
 class FrmFun;
+class FrmManEdit;
 class FrmOpt;
 class FrmWE;
+class KeptVersions;
 class Registry;
 class frmAbout;
 class frmWizard;
@@ -51,6 +53,7 @@ class Program : public EditorLauncher, public StartupWindows {
   void showOptions() override;
   void showAbout() override;
   void CloseBrowse() override;
+  void keepUnsavedTexts() override;
 
   FrmEdit& mainWindow() override;
   bool wizardVisible() override;
@@ -60,6 +63,7 @@ class Program : public EditorLauncher, public StartupWindows {
  private:
   void runSplash();
 
+  FrmManEdit* makeManualEditor();
   FrmOpt* makeOptions();
   frmAbout* makeAbout();
   frmWizard* makeWizard();
@@ -73,6 +77,7 @@ class Program : public EditorLauncher, public StartupWindows {
   QString arguments_;
   ManualEditTarget target_;
   FileWriter files_;
+  std::unique_ptr<KeptVersions> versions_;
   FontDialog fonts_;
   FolderChooser chooser_;
   SystemPrograms programs_;
@@ -80,6 +85,7 @@ class Program : public EditorLauncher, public StartupWindows {
 
   std::unique_ptr<FrmEdit> mainWindow_;
   Lazy<frmWizard> wizard_;
+  Lazy<FrmManEdit> manualEditor_;
   Lazy<FrmOpt> options_;
   Lazy<frmAbout> about_;
   Lazy<FrmFun> extras_;

@@ -20,7 +20,7 @@ TEST_F(UnloadTest, ClosingWithNoKeepsTheProgramRunning) {
   window->close();
   EXPECT_EQ(process.ends, 1);
   EXPECT_TRUE(settings.find("EditWH", "FrmEdit_Width"));
-  EXPECT_EQ(launcher.takeCalls(), QStringList{"close browse"});
+  EXPECT_EQ(launcher.takeCalls(), (QStringList{"keep texts", "close browse"}));
 }
 
 TEST_F(UnloadTest, WithTheQuestionOffClosingAsksNothing) {

@@ -32,6 +32,7 @@ class FakeLauncher : public EditorLauncher {
   void showOptions() override { calls += "options"; }
   void showAbout() override { calls += "about"; }
   void CloseBrowse() override { calls += "close browse"; }
+  void keepUnsavedTexts() override { calls += "keep texts"; }
 
   QStringList takeCalls() { return std::exchange(calls, {}); }
 
