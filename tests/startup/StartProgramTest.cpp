@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeView>
+
+#include "mainwindow/FrmEdit.h"
+#include "setup/StockTable.h"
+#include "startup/Program.h"
+#include "support/TestDesk.h"
+
+namespace korvane {
+namespace {
+
+// The program's own folder and the game folder are two small folders of the test.
+class StartProgramTest : public testing::Test, protected TestDesk {
+ protected:
+  void SetUp() override {
+    qputenv("HOME", own.native("").string().c_str());
+    qputenv("XDG_DATA_HOME", own.native("home").string().c_str());
+    folders.program = own.qpath();
+    packStock();
+    game.write("generals.exe", "");
+    game.objects("FactionUnit.ini", "Object GLABike\n  MaxHealth = 90\nEnd\n");
+    game.ini("Weapon.ini", "Weapon Gun\nEnd\n");
+  }
+  void packStock() {
+    StockTable table(own.native("Data"));
+    table.add("Data\\INI\\Armor.ini", "Armor Plate\r\nEnd\r\n");
+    table.commit();
+  }
+  void chooseGame() { settings.saveGameFolder(game.qpath()); }
+  void start(const QString& arguments = {}) {
+    program = std::make_unique<Program>(services, arguments);
+    program->StartProgram();
+  }
+
+  static QWidget* visible(const char* name) {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (window->objectName() == name && window->isVisible()) return window;
+    }
+    return nullptr;
+  }
+  void expectWindows(bool editor, bool wizard) {
+    EXPECT_EQ(visible("FrmEdit") != nullptr, editor);
+    EXPECT_EQ(visible("frmWizard") != nullptr, wizard);
+    EXPECT_EQ(visible("frmSplash"), nullptr);
+  }
+
+  GameFolder own;
+  std::unique_ptr<Program> program;
+};
+
+TEST_F(StartProgramTest, AStoredGameFolderOpensTheEditor) {
+  chooseGame();
+  start();
+  expectWindows(true, false);
+  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_EQ(program->mainWindow().weaponNames(), QStringList{"Gun"});
+  EXPECT_EQ(settings.get("TVPos", "Pos", {}), "1");
+  EXPECT_EQ(program->mainWindow().findChild<QLabel*>("Panel1")->text(), "");
+}
+
+TEST_F(StartProgramTest, WithoutAStoredFolderTheWizardRuns) {
+  start();
+  expectWindows(false, true);
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].text,
+            "C:\\Program Files\\EA Games\\Command and Conquer Generals\\Data\\INI does not exist, \r\n"
+            "Command And Conquer Generals Korvane will now run the setup wizard.");
+}
+
+TEST_F(StartProgramTest, AFolderWithoutDataRunsTheWizardAndStaysStored) {
+  settings.saveGameFolder("C:\\nowhere");
+  start();
+  expectWindows(false, true);
+  EXPECT_EQ(settings.gameFolder(), "C:\\nowhere");
+}
+
+TEST_F(StartProgramTest, TheSwitchAloneRunsTheWizard) {
+  struct Case {
+    const char* arguments;
+    bool wizard;
+  };
+  for (const Case& c : {Case{"-REINSTALL", true}, Case{"-Reinstall now", false}, Case{"/Reinstall", false}}) {
+    chooseGame();
+    start(c.arguments);
+    SCOPED_TRACE(c.arguments);
+    expectWindows(!c.wizard, c.wizard);
+    program.reset();
+  }
+}
+
+TEST_F(StartProgramTest, MissingStockDataStopsTheProgram) {
+  chooseGame();
+  QFile::remove(QString::fromStdString(own.native("Data.DBF").string()));
+  own.write("Data.DBT", "");  // of length 0, but there
+  start();
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(
+      messages.shown[0].text,
+      "The following files are missing:\r\n" + own.qpath() +
+          "\\Data.DBF\r\n\r\nPlease re-install Command And Conquer Generals Korvane or send a E-mail to "
+          "support@ferncastle.example to get a download link to the files.");
+  EXPECT_EQ(messages.shown[0].title, "Error");
+  EXPECT_EQ(messages.shown[0].helpTopic, 62);
+  EXPECT_TRUE(messages.shown[0].systemModal);
+  EXPECT_EQ(process.ends, 1);
+  expectWindows(false, false);
+}
+
+TEST_F(StartProgramTest, AManifestIsDeletedAndStopsTheProgram) {
+  chooseGame();
+  own.write("Korvane.exe.manifest", "x");
+  QFile::remove(QString::fromStdString(own.native("Data.DBF").string()));
+  start();
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].text,
+            own.qpath() +
+                "\\Korvane.exe.manifest has been detected,\r\nThis file will be deleted, Click OK and Run "
+                "Command And Conquer Generals Korvane again.");
+  EXPECT_EQ(process.ends, 1);
+  EXPECT_FALSE(std::filesystem::exists(own.native("Korvane.exe.manifest")));
+}
+
+TEST_F(StartProgramTest, EscapeDuringLoadingEndsWithoutTheMainWindow) {
+  chooseGame();
+  yield.onTurn = [this] {
+    yield.onTurn = [] {
+      if (QWidget* splash = visible("frmSplash")) QTest::keyClick(splash, Qt::Key_Escape);
+    };
+  };
+  start();
+  EXPECT_EQ(process.ends, 1);
+  expectWindows(false, false);
+}
+
+TEST_F(StartProgramTest, UnixLineEndsAreToldInTheStatusBar) {
+  chooseGame();
+  game.write("Data/INI/Weapon.ini", "Weapon Gun\nEnd\n");
+  game.write("Data/INI/Armor.ini", "");
+  start();
+  EXPECT_EQ(program->mainWindow().findChild<QLabel*>("Panel1")->text(),
+            "Weapon.ini has Unix line ends and reads as one line; open and save it in the manual editor to "
+            "convert it");
+}
+
+TEST_F(StartProgramTest, TheWizardLeadsFromAnEmptyStoreToTheEditor) {
+  start("-Reinstall");
+  QWidget* wizard = visible("frmWizard");
+  ASSERT_NE(wizard, nullptr);
+  const auto press = [wizard](const char* button) { wizard->findChild<QPushButton*>(button)->click(); };
+  press("cmdNav3");
+  auto* folderTree = wizard->findChild<QTreeView*>();
+  ASSERT_NE(folderTree, nullptr);
+  EXPECT_FALSE(wizard->findChild<QPushButton*>("cmdNav3")->isEnabled());
+  const QAbstractItemModel& model = *folderTree->model();
+  QModelIndex at;
+  for (int row = 0; row < model.rowCount() && !at.isValid(); ++row) {
+    if (model.index(row, 0).data().toString() == "\\") at = model.index(row, 0);
+  }
+  for (const QString& name : game.qpath().split(u'\\', Qt::SkipEmptyParts)) {
+    folderTree->expand(at);
+    QTRY_VERIFY2(!model.match(model.index(0, 0, at), Qt::DisplayRole, name, 1, Qt::MatchExactly).isEmpty(),
+                 qPrintable(name));
+    at = model.match(model.index(0, 0, at), Qt::DisplayRole, name, 1, Qt::MatchExactly).at(0);
+  }
+  folderTree->setCurrentIndex(at);
+  QTRY_VERIFY(wizard->findChild<QPushButton*>("cmdNav3")->isEnabled());
+  press("cmdNav3");
+  EXPECT_EQ(game.read("Data/INI/Armor.ini"), "Armor Plate\r\nEnd\r\n");
+  press("cmdNav3");
+  press("cmdNav4");
+  expectWindows(true, false);
+  EXPECT_EQ(settings.gameFolder(), game.qpath());
+  EXPECT_EQ(process.ends, 0);
+}
+
+}  // namespace
+}  // namespace korvane
