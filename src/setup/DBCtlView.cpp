@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/DBCtlView.h"
 
+#include "platform/FileWriter.h"
 #include "platform/MessageBoxes.h"
 
 namespace korvane {
@@ -9,9 +10,16 @@ namespace {
 
 constexpr QSize kSize(32, 32);
 
+ReplaceFile ReplaceWith(const FileWriter& writer) {
+  return [&writer](std::string_view path, std::string_view bytes) {
+    return writer.replace(QString::fromUtf8(path), bytes).toStdString();
+  };
+}
+
 }  // namespace
 
-DBCtlView::DBCtlView(MessageBoxes& messages, QWidget* parent) : QWidget(parent), messages_(messages) {
+DBCtlView::DBCtlView(MessageBoxes& messages, const FileWriter& writer, QWidget* parent)
+    : QWidget(parent), messages_(messages), database_(ReplaceWith(writer)) {
   setFixedSize(kSize);
 }
 

@@ -7,13 +7,14 @@
 
 namespace korvane {
 
+class FileWriter;
 class MessageBoxes;
 
 // The database reader as a component of a window: of a fixed size, and a click on it tells the position of
 // the current record.
 class DBCtlView : public QWidget {
  public:
-  DBCtlView(MessageBoxes& messages, QWidget* parent);
+  DBCtlView(MessageBoxes& messages, const FileWriter& writer, QWidget* parent);
 
   DBCtl& database() { return database_; }
 

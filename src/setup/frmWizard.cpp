@@ -17,10 +17,10 @@
 #include "platform/HelpViewer.h"
 #include "platform/MessageBoxes.h"
 #include "platform/ProcessEnd.h"
-#include "platform/SupportAddress.h"
 #include "settings/SettingsStore.h"
 #include "setup/DBCtlView.h"
 #include "setup/DatabaseError.h"
+#include "setup/ErrorReport.h"
 #include "setup/FirstTreeFont.h"
 #include "setup/FolderChooser.h"
 #include "setup/ResStrings.h"
@@ -34,7 +34,6 @@ namespace {
 constexpr int kWindowTag = 10;
 constexpr int kFirstNavTag = 100;
 constexpr int kTimerMs = 1;
-constexpr int kDriverHelpTopic = 63;
 
 enum Step { introduction, folder, restore, closing };
 
@@ -45,7 +44,7 @@ frmWizard::frmWizard(const Services& services, FolderChooser& chooser, const Fil
       chooser_(chooser),
       writer_(writer),
       steps_(new WizardSteps(this)),
-      DB_(new DBCtlView(services.messages, this)) {
+      DB_(new DBCtlView(services.messages, writer, this)) {
   build();
   LoadResStrings(*this);
   const QString intro = services_.settings.getOfWizards("WizardTemplate", "IntroductionScreen", {});
@@ -182,9 +181,9 @@ void frmWizard::onNav(Nav button) {
   try {
     navigate(button);
   } catch (const DatabaseError& error) {
-    reportFailure(QString::fromUtf8(error.what()), error.number());
+    endWith(FailureMessage(QString::fromUtf8(error.what()), error.number()));
   } catch (const std::exception& error) {
-    reportFailure(QString::fromUtf8(error.what()), 0);
+    endWith(FailureMessage(QString::fromUtf8(error.what()), 0));
   }
   if (CurrentStep >= closing) nav(next).setEnabled(false);
 }
@@ -279,35 +278,9 @@ void frmWizard::showProgress(int done, int all) {
   steps_->Label1->setText(tr("Extracting Files... (%1% Complete)").arg(percent));
 }
 
-void frmWizard::reportFailure(const QString& description, int number) {
-  const bool driverMissing = number == static_cast<int>(DatabaseFailure::noDriver);
-  Message message{.text = {}, .icon = Message::Icon::critical};
-  report_.clear();
-  EAdd("A Error has been detected, ");
-  EAdd("Error Name: " + description);
-  EAdd({});
-  if (driverMissing) {
-    EAdd("Click 'Help' to get help on this error.");
-    message.title = tr("Error");
-    message.helpTopic = kDriverHelpTopic;
-    message.systemModal = true;
-  } else {
-    EAdd("There is not any help on this error,");
-    EAdd("Send the 'Error Name' to " + SupportAddress() + " to get help on this error.");
-  }
-  EAdd("Command And Conquer Generals Korvane will close when you click 'OK'");
-  EFin();
-  message.text = report_;
-  services_.messages.show(message, this);
+void frmWizard::endWith(const Message& failure) {
+  services_.messages.show(failure, this);
   close();
-}
-
-void frmWizard::EAdd(const QString& line) {
-  report_ += line + "\r\n";
-}
-
-void frmWizard::EFin() {
-  report_.chop(2);
 }
 
 }  // namespace korvane

@@ -17,6 +17,7 @@ class DBCtlView;
 class FileWriter;
 class FolderChooser;
 class WizardSteps;
+struct Message;
 struct Services;
 
 // The setup wizard: four steps from the choice of the game folder to the stock files restored in it.
@@ -75,9 +76,8 @@ class frmWizard : public QWidget {
   void restoreStockFiles();
   void showProgress(int done, int all);
 
-  void reportFailure(const QString& description, int number);
-  void EAdd(const QString& line);
-  void EFin();
+  // Tells the user, then closes the wizard and ends the program.
+  void endWith(const Message& failure);
 
   const Services& services_;
   FolderChooser& chooser_;
@@ -96,7 +96,6 @@ class frmWizard : public QWidget {
   bool Finished = false;
   bool closed_ = false;
   int restorings_ = 0;  // counted, so that one knows when another has begun since
-  QString report_;
 };
 
 }  // namespace korvane

@@ -11,6 +11,7 @@
 #include "controls/Services.h"
 #include "platform/FileWriter.h"
 #include "settings/SettingsStore.h"
+#include "setup/DBCtlView.h"
 #include "setup/FolderChooser.h"
 #include "setup/StockTable.h"
 #include "setup/frmWizard.h"
@@ -304,6 +305,21 @@ TEST_F(WizardTest, ADatabaseThatCannotBeReadEndsInTheErrorReport) {
     EXPECT_EQ(shown.systemModal, damage.helpTopic != 0);
     EXPECT_EQ(processEnd.ends, 1);
   }
+}
+
+TEST_F(WizardTest, AClickOnTheDatabaseTellsItsPositionAndItsChangesReachTheDisk) {
+  restore();
+  auto* db = static_cast<DBCtlView*>(wizard->findChild<QWidget*>("DB"));
+  db->database().SetRecord(0);
+  db->database().SetData(1, "changed");
+  db->resize(500, 500);
+  QTest::mouseClick(db, Qt::LeftButton);
+  ASSERT_EQ(messages.shown.size(), 1u);
+  EXPECT_EQ(messages.shown[0].text, "0");
+  EXPECT_LT(db->width(), 100);
+  DBCtl again;
+  again.LoadDatabase(program.path(), "Data");
+  EXPECT_EQ(again.GetData(1), "changed");
 }
 
 TEST_F(WizardTest, TheFolderTreeIsMadeOnceInARunAndFillsItsBox) {
