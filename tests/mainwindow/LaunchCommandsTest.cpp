@@ -91,7 +91,8 @@ TEST_F(LaunchCommandsTest, ButtonsHandTheSelectedObjectToTheManualEditor) {
   for (const char* button : {"CmdME_FINI", "Btn_LEdit", "Btn_FEdit"}) press(button);  // nothing selected
   EXPECT_TRUE(launcher.takeCalls().isEmpty());
   click("Jeep");
-  QTRY_COMPARE(get<QPushButton>("CmdME_FINI").text(), QString("Manual Edit FactionUnit.ini"));
+  EXPECT_TRUE(QTest::qWaitFor(
+      [this] { return get<QPushButton>("CmdME_FINI").text() == "Manual Edit FactionUnit.ini"; }));
   launcher.takeCalls();
   press("CmdME_FINI");
   EXPECT_EQ(target.ManualEditPartial, 0);

@@ -45,6 +45,20 @@ class StartProgramTest : public testing::Test, protected TestDesk {
     }
     return nullptr;
   }
+  // Opens the folders on the way and gives the node of the path, which begins at the root.
+  static QModelIndex reach(QTreeView& folders, const QString& path) {
+    const QAbstractItemModel& model = *folders.model();
+    const auto child = [&model](const QModelIndex& parent, const QString& name) {
+      return model.match(model.index(0, 0, parent), Qt::DisplayRole, name, 1, Qt::MatchExactly).value(0);
+    };
+    QModelIndex at = child({}, "/");
+    for (const QString& name : path.split(u'\\', Qt::SkipEmptyParts)) {
+      folders.expand(at);
+      if (!QTest::qWaitFor([&] { return child(at, name).isValid(); })) return {};
+      at = child(at, name);
+    }
+    return at;
+  }
   void expectWindows(bool editor, bool wizard) {
     EXPECT_EQ(visible("FrmEdit") != nullptr, editor);
     EXPECT_EQ(visible("frmWizard") != nullptr, wizard);
@@ -158,19 +172,10 @@ TEST_F(StartProgramTest, TheWizardLeadsFromAnEmptyStoreToTheEditor) {
   auto* folderTree = wizard->findChild<QTreeView*>();
   ASSERT_NE(folderTree, nullptr);
   EXPECT_FALSE(wizard->findChild<QPushButton*>("cmdNav3")->isEnabled());
-  const QAbstractItemModel& model = *folderTree->model();
-  QModelIndex at;
-  for (int row = 0; row < model.rowCount() && !at.isValid(); ++row) {
-    if (model.index(row, 0).data().toString() == "\\") at = model.index(row, 0);
-  }
-  for (const QString& name : game.qpath().split(u'\\', Qt::SkipEmptyParts)) {
-    folderTree->expand(at);
-    QTRY_VERIFY2(!model.match(model.index(0, 0, at), Qt::DisplayRole, name, 1, Qt::MatchExactly).isEmpty(),
-                 qPrintable(name));
-    at = model.match(model.index(0, 0, at), Qt::DisplayRole, name, 1, Qt::MatchExactly).at(0);
-  }
-  folderTree->setCurrentIndex(at);
-  QTRY_VERIFY(wizard->findChild<QPushButton*>("cmdNav3")->isEnabled());
+  const QModelIndex gameNode = reach(*folderTree, game.qpath());
+  ASSERT_TRUE(gameNode.isValid());
+  folderTree->setCurrentIndex(gameNode);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return wizard->findChild<QPushButton*>("cmdNav3")->isEnabled(); }));
   press("cmdNav3");
   EXPECT_EQ(game.read("Data/INI/Armor.ini"), "Armor Plate\r\nEnd\r\n");
   press("cmdNav3");
