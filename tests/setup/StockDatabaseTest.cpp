@@ -73,6 +73,24 @@ TEST_F(StockDatabase, DoesNotShowDeletedRecords) {
   }
 }
 
+TEST_F(StockDatabase, FindsItsWayInALongTable) {
+  constexpr std::size_t rows = 5000;
+  StockRecords expected;
+  for (std::size_t row = 0; row < rows; ++row) expected.emplace_back(std::to_string(row), "x");
+  RawDatabase raw(expected, MemoKind::version4, 16);
+  for (std::size_t row = rows; row-- > 0;) {
+    if (row % 7 != 0 && row < 4000) continue;
+    raw.table[RawDatabase::kHeader + row * RawDatabase::kRecord] = '*';
+    expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(row));
+  }
+  load(raw);
+  database.SetRecord(3000);
+  EXPECT_EQ(database.GetData(0), expected[3000].first);
+  database.SetRecord(0);
+  EXPECT_EQ(database.RecordCount(), static_cast<std::int64_t>(expected.size()));
+  EXPECT_EQ(ReadAll(database), expected);
+}
+
 TEST_F(StockDatabase, KnowsBothKindsOfMemosInAnyBlockSize) {
   StockRecords records;
   for (const std::size_t size :
