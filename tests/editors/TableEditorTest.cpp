@@ -144,7 +144,9 @@ TEST_F(DuringAFill, TheRowsBeforeItAreSeen) {
 TEST_F(TableEditorTest, EachEditorComesBackWhereItWasClosed) {
   auto editor = open<FrmWE>();
   editor->setGeometry(70, 60, 700, 400);
+  QSignalSpy closed(editor.get(), &TableEditor::closedForGood);
   editor->close();
+  EXPECT_EQ(closed.count(), 1);
   open<FrmCmdBtn>()->close();
   editor = open<FrmWE>();
   EXPECT_EQ(editor->geometry(), QRect(70, 60, 700, 400));
