@@ -12,6 +12,7 @@ packages='
 build   cmake ninja-build g++ python3 qt6-base-dev libqt6svg6-dev libqscintilla2-qt6-dev libcli11-dev libgtest-dev
 run     libqt6svg6 fonts-dejavu-core xvfb openbox
 test    python3 fonts-dejavu-core libdbd-xbase-perl python3-dbf python3-dbfread desktop-file-utils appstream
+package dpkg-dev file fakeroot xdotool
 bench   libbenchmark-dev
 format  clang-format
 '
@@ -81,4 +82,56 @@ build() {
   shift
   say "Building $preset"
   cmake --build --preset "$preset" --parallel "$(nproc)" ${1:+--target "$@"}
+}
+
+# copy_game <folder>: kept when it is there already, with whatever was edited in it.
+copy_game() {
+  [[ -d $1 ]] && return
+  say "Copying the sample game folder to ${1#"$root"/}"
+  rm -rf "$1.new"
+  mkdir -p "$(dirname "$1")"
+  cp -r sample/game "$1.new"
+  chmod -R u+w "$1.new"
+  mv "$1.new" "$1"
+}
+
+# settings_text <game folder>: Korvane writes paths with backslashes, and its settings file doubles each.
+settings_text() {
+  local path=${1//\//\\\\}
+  cat <<END
+[Paths]
+CCPath="${path//\"/\\\"}"
+
+[Settings]
+MenuiFont=DejaVu Sans
+MenuiFontSize=10
+MenuiBold=False
+MenuiItalic=False
+MenuiUnderline=False
+MenuiStrikeout=False
+END
+}
+
+# use_home <folder> <game folder>: settings and kept versions go below the folder, never to the user's own.
+use_home() {
+  export XDG_CONFIG_HOME=$1/config XDG_DATA_HOME=$1/data
+  local file="$XDG_CONFIG_HOME/Ferncastle Software/Command And Conquer Generals Korvane.ini"
+  [[ -e $file ]] && return
+  mkdir -p "$(dirname "$file")" "$XDG_DATA_HOME"
+  settings_text "$2" >"$file"
+}
+
+# The server picks a free number by itself. A window manager belongs to it: windows get frames, focus and places
+# as on a desktop.
+on_virtual_display() {
+  local answer number server
+  exec {answer}< <(exec Xvfb -displayfd 1 -screen 0 1600x1200x24 -nolisten tcp 2>/dev/null)
+  server=$!
+  read -r -u "$answer" number || fail "No virtual display could be started."
+  export DISPLAY=:$number QT_QPA_PLATFORM=xcb
+  unset WAYLAND_DISPLAY
+  openbox &>/dev/null &
+  # shellcheck disable=SC2064  # the numbers of now
+  trap "kill $! $server" EXIT
+  "$@"
 }
