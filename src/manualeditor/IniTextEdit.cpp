@@ -22,6 +22,9 @@ constexpr int kSizeFactor = Sci::SC_FONT_SIZE_MULTIPLIER;
 constexpr int kNumberMargin = 0;
 constexpr int kSymbolMargin = 1;
 constexpr int kStrikeIndicator = 20;
+// Above this size edits are not announced to screen readers one by one: for each, the control counts every
+// character of the text before it.
+constexpr std::size_t kAnnounced = 1 << 17;
 constexpr int kColourStep = 1 << 18;   // bytes that are coloured in one go
 constexpr int kCurrentLineShare = 20;  // of the highlight colour in the current line's background, in percent
 constexpr int kNumberShare = 55;       // of the text colour in the line numbers
@@ -76,7 +79,7 @@ IniTextEdit::IniTextEdit(QWidget* parent)
   text_->installEventFilter(this);
   text_->viewport()->installEventFilter(this);
   connect(text_, &QsciScintilla::cursorPositionChanged, this, &IniTextEdit::cursorMayHaveMoved);
-  connect(text_, &QsciScintilla::textChanged, this, &IniTextEdit::edited);
+  connect(text_, &Sci::SCEN_CHANGE, this, &IniTextEdit::edited);
   connect(text_, &Sci::SCN_STYLENEEDED, this, &IniTextEdit::colourTo);
 }
 
@@ -87,11 +90,9 @@ void IniTextEdit::prepare() {
   text_->setCaretLineVisible(true);
   text_->setMarginLineNumbers(kNumberMargin, true);
   text_->setMarginWidth(kSymbolMargin, 0);
-  send(Sci::SCI_SETMODEVENTMASK, Sci::SC_MOD_INSERTTEXT | Sci::SC_MOD_DELETETEXT);
   send(Sci::SCI_SETSCROLLWIDTH, 1);
   send(Sci::SCI_SETSCROLLWIDTHTRACKING, 1);
   send(Sci::SCI_SETPASTECONVERTENDINGS, 1);
-  connect(text_, &QsciScintilla::linesChanged, this, &IniTextEdit::fitNumberMargin);
 }
 
 void IniTextEdit::fitNumberMargin() {
@@ -101,11 +102,14 @@ void IniTextEdit::fitNumberMargin() {
 void IniTextEdit::setBytes(std::string_view bytes) {
   const QByteArray utf8 = Utf8OfFile(bytes);
   send(Sci::SCI_SETUNDOCOLLECTION, 0);
+  send(Sci::SCI_SETMODEVENTMASK,
+       bytes.size() > kAnnounced ? 0 : Sci::SC_MOD_INSERTTEXT | Sci::SC_MOD_DELETETEXT);
   send(Sci::SCI_CLEARALL);
   sendText(Sci::SCI_ADDTEXT, utf8.size(), utf8.constData());
   send(Sci::SCI_SETUNDOCOLLECTION, 1);
   send(Sci::SCI_EMPTYUNDOBUFFER);
   setUnmodified();
+  fitNumberMargin();
   strikeOut();
   moveToStart();
 }
@@ -194,22 +198,21 @@ bool IniTextEdit::isSelected(const QString& text, bool matchCase) const {
 int IniTextEdit::replaceAll(const QString& text, const QString& replacement, bool matchCase) {
   if (text.isEmpty()) return 0;
   const QString searched = Characters(utf8());
-  const QStringView view(searched);
-  const QByteArray replacing = WithCrLf(replacement).toUtf8();
-  int count = 0;
-  long target = 0;     // where the last replacement ends in the new text
-  qsizetype done = 0;  // where what it replaced ends in the old one
-  send(Sci::SCI_BEGINUNDOACTION);
-  for (qsizetype hit = 0; (hit = searched.indexOf(text, done, CaseOf(matchCase))) >= 0; ++count) {
-    target += Utf8Size(view.mid(done, hit - done));
-    send(Sci::SCI_SETTARGETRANGE, target, target + Utf8Size(view.mid(hit, text.size())));
-    sendText(Sci::SCI_REPLACETARGET, replacing.size(), replacing.constData());
-    target += replacing.size();
-    done = hit + text.size();
-  }
-  send(Sci::SCI_ENDUNDOACTION);
-  Q_EMIT cursorMayHaveMoved();
-  return count;
+  const QString replaced = QString(searched).replace(text, WithCrLf(replacement), CaseOf(matchCase));
+  const auto count = searched.count(text, CaseOf(matchCase));
+  if (count > 0) replaceAllText(replaced.toUtf8());
+  return static_cast<int>(count);
+}
+
+// As one step to undo, the view as little moved as can be.
+void IniTextEdit::replaceAllText(const QByteArray& utf8) {
+  const long topLine = send(Sci::SCI_GETFIRSTVISIBLELINE);
+  const Place cursor = placeOf(send(Sci::SCI_GETCURRENTPOS));
+  send(Sci::SCI_TARGETWHOLEDOCUMENT);
+  sendText(Sci::SCI_REPLACETARGET, utf8.size(), utf8.constData());
+  const long position = send(Sci::SCI_FINDCOLUMN, cursor.line, cursor.column);
+  select(position, position);
+  send(Sci::SCI_SETFIRSTVISIBLELINE, topLine);
 }
 
 void IniTextEdit::setTextFont(const QFont& font) {

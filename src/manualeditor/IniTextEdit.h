@@ -78,6 +78,7 @@ class IniTextEdit : public QWidget {
   void colourTo(int position);
   long colourLines(long from, long to);
   void select(long from, long to);
+  void replaceAllText(const QByteArray& utf8);
   // A message to the control underneath.
   long send(unsigned message, long first = 0, long second = 0) const;
   long sendText(unsigned message, long first, const char* second) const;
