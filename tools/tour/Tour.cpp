@@ -1,0 +1,255 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tour/Tour.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QListView>
+#include <QPixmap>
+#include <QScreen>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+#include <QTreeView>
+
+#include <cstdio>
+
+#include "mainwindow/FrmEdit.h"
+#include "startup/Program.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr int kSettle = 250;  // milliseconds for a window to be laid out and painted
+
+// The tabs of the main window, by the names of their pictures.
+constexpr const char* kTabPictures[] = {"tab-handling", "tab-health",      "tab-weapons", "tab-advanced",
+                                        "tab-cost",     "tab-information", "tab-other"};
+constexpr int kInformationTab = 5;
+
+struct ObjectStop {
+  const char* group;
+  const char* picture;
+};
+
+// One object of each kind.
+constexpr ObjectStop kObjectStops[] = {
+    {"Player Buildings", "object-player-building"}, {"Player Units", "object-player-unit"},
+    {"Player Props", "object-player-prop"},         {"Civilian Buildings", "object-civilian-building"},
+    {"Civilian Units", "object-civilian-unit"},     {"Civilian Props", "object-civilian-prop"},
+    {"Nature Props", "object-nature-prop"},         {"Nature Units", "object-nature-unit"},
+};
+
+// The first leaf below the node, in the order of the tree, that is deeper than a group without objects.
+QModelIndex FirstObject(const QAbstractItemModel& model, const QModelIndex& category) {
+  for (int row = 0; row < model.rowCount(category); ++row) {
+    const QModelIndex child = model.index(row, 0, category);
+    if (model.rowCount(child) > 0) return model.index(0, 0, child);
+    if (child.data().toString().size() > QString("Cinematic").size()) return child;
+  }
+  return {};
+}
+
+// The node of a folder, after its way from the root has been opened.
+QModelIndex Reach(QTreeView& folders, const QString& path) {
+  const QAbstractItemModel& model = *folders.model();
+  const auto child = [&model](const QModelIndex& parent, const QString& name) {
+    return model.match(model.index(0, 0, parent), Qt::DisplayRole, name, 1, Qt::MatchExactly).value(0);
+  };
+  QModelIndex at = model.index(0, 0);
+  for (const QString& name : path.split(u'\\', Qt::SkipEmptyParts)) {
+    folders.expand(at);
+    if (!QTest::qWaitFor([&] { return child(at, name).isValid(); })) return {};
+    at = child(at, name);
+  }
+  return at;
+}
+
+}  // namespace
+
+bool Tour::run() {
+  start();
+  objects();
+  tabs();
+  manualEditor();
+  tableEditors();
+  options();
+  aboutAndHelp();
+  messages();
+  wizard();
+  return complete_;
+}
+
+void Tour::fail(const QString& reason) {
+  std::fprintf(stderr, "%s\n", qPrintable(reason));
+  complete_ = false;
+}
+
+QWidget* Tour::window(const QString& name) {
+  for (QWidget* shown : QApplication::topLevelWidgets()) {
+    if (shown->objectName() == name && shown->isVisible()) return shown;
+  }
+  fail("There is no window " + name);
+  return nullptr;
+}
+
+void Tour::picture(QWidget* shown, const QString& name) {
+  if (shown == nullptr) return;
+  QTest::qWait(kSettle);
+  const QString file = folder_ + '/' + name + ".png";
+  if (!shown->grab().save(file)) fail("Cannot write " + file);
+  std::printf("%s\n", qPrintable(file));
+}
+
+void Tour::trigger(const QString& windowName, const QString& action) {
+  QWidget* shown = window(windowName);
+  auto* found = shown == nullptr ? nullptr : shown->findChild<QAction*>(action);
+  if (found == nullptr) return fail("There is no command " + action);
+  found->trigger();
+  QTest::qWait(kSettle);
+}
+
+void Tour::start() {
+  // The splash shows itself while start-up lets events run.
+  bool seen = false;
+  QTimer watch;
+  QObject::connect(&watch, &QTimer::timeout, [&] {
+    for (QWidget* shown : QApplication::topLevelWidgets()) {
+      if (seen || shown->objectName() != "frmSplash" || !shown->isVisible()) continue;
+      seen = true;
+      const QString file = folder_ + "/splash.png";
+      if (!shown->grab().save(file)) fail("Cannot write " + file);
+      std::printf("%s\n", qPrintable(file));
+    }
+  });
+  watch.start(0);
+  program_.StartProgram();
+  if (!seen) fail("The splash was not seen");
+  picture(window("FrmEdit"), "start");
+}
+
+void Tour::showObject(const QString& group, const QString& pictureName) {
+  auto* tree = program_.mainWindow().findChild<QTreeView*>("TVMenu");
+  const QAbstractItemModel& model = *tree->model();
+  const QModelIndex category =
+      model.match(model.index(0, 0), Qt::DisplayRole, group, 1, Qt::MatchExactly).value(0);
+  const QModelIndex object = FirstObject(model, category);
+  if (!object.isValid()) return fail("There is no object below " + group);
+  tree->scrollTo(object, QAbstractItemView::PositionAtCenter);
+  QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(object).center());
+  picture(window("FrmEdit"), pictureName);
+}
+
+void Tour::objects() {
+  for (const ObjectStop& stop : kObjectStops) showObject(stop.group, stop.picture);
+}
+
+void Tour::tabs() {
+  showObject("Player Units", "main");
+  auto* tabBox = program_.mainWindow().findChild<QTabWidget*>("F_Tab");
+  for (int tab = 0; tab < tabBox->count(); ++tab) {
+    tabBox->setCurrentIndex(tab);
+    picture(window("FrmEdit"), kTabPictures[tab]);
+  }
+  tabBox->setCurrentIndex(kInformationTab);
+}
+
+void Tour::manualEditor() {
+  trigger("FrmEdit", "MnuFileEdit0");
+  picture(window("FrmManEdit"), "manual-editor");
+  trigger("FrmManEdit", "MnuReplace");
+  picture(window("FrmReplace"), "replace");
+  if (QWidget* replace = window("FrmReplace")) replace->close();
+  if (QWidget* editor = window("FrmManEdit")) editor->close();
+}
+
+void Tour::editor(const char* action, const char* windowName, const QString& entry,
+                  const QString& pictureName) {
+  trigger("FrmEdit", action);
+  QWidget* shown = window(windowName);
+  if (shown == nullptr) return;
+  auto* list = shown->findChild<QListView*>("LstWPN");
+  const QModelIndex item = list->model()->index(entry.toInt(), 0);
+  list->scrollTo(item);
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(item).center());
+  picture(shown, pictureName);
+}
+
+void Tour::tableEditors() {
+  editor("MnuWe", "FrmWE", "0", "weapon-editor");
+  editor("MnuArmour", "FrmArmour", "0", "armour-editor");
+  trigger("FrmArmour", "Test");
+  picture(window("FrmAmrPar"), "insert-parameter");
+  editor("MnuCmdSetEditor", "FrmCmdSet", "0", "command-set-editor");
+  trigger("FrmCmdSet", "MnuCmdFormat");
+  picture(window("CmdSetFormat"), "command-set-format");
+  editor("MnuCmdBtnEditor", "FrmCmdBtn", "0", "command-button-editor");
+  for (const char* name : {"FrmAmrPar", "CmdSetFormat", "FrmWE", "FrmArmour", "FrmCmdSet", "FrmCmdBtn"}) {
+    if (QWidget* shown = window(name)) shown->close();
+  }
+}
+
+void Tour::options() {
+  trigger("FrmEdit", "MnuOpt");
+  QWidget* shown = window("FrmOpt");
+  if (shown == nullptr) return;
+  auto* tabBox = shown->findChild<QTabWidget*>("SSTab1");
+  const char* const names[] = {"options-general", "options-menu", "options-manual-editor"};
+  for (int tab = 0; tab < tabBox->count(); ++tab) {
+    tabBox->setCurrentIndex(tab);
+    picture(shown, names[tab]);
+  }
+  shown->close();
+}
+
+void Tour::aboutAndHelp() {
+  trigger("FrmEdit", "MnuHelp_About");
+  picture(window("frmAbout"), "about");
+  trigger("frmAbout", "MnuFun");
+  picture(window("FrmFun"), "extras");
+  for (const char* name : {"FrmFun", "frmAbout"}) {
+    if (QWidget* shown = window(name)) shown->close();
+  }
+  trigger("FrmEdit", "MnuHelp_HelpCont");
+  picture(window("FrmHelp"), "help");
+  if (QWidget* shown = window("FrmHelp")) shown->close();
+}
+
+void Tour::message(const std::function<void()>& action, const QString& name) {
+  QTimer::singleShot(kSettle, [this, name] {
+    QWidget* box = QApplication::activeModalWidget();
+    if (box == nullptr) return fail("There is no message for " + name);
+    picture(box, name);
+    box->close();
+  });
+  action();
+}
+
+void Tour::messages() {
+  const auto press = [this](const char* button) {
+    program_.mainWindow().findChild<QAbstractButton*>(button)->click();
+  };
+  message([&] { press("DISK12"); }, "message-note");
+  message([this] { program_.mainWindow().close(); }, "message-quit");
+}
+
+void Tour::wizard() {
+  program_.showWizard();
+  QWidget* shown = window("frmWizard");
+  if (shown == nullptr) return;
+  const auto next = [shown] { shown->findChild<QAbstractButton*>("cmdNav3")->click(); };
+  picture(shown, "wizard-introduction");
+  next();
+  auto* folders = shown->findChild<QTreeView*>("BrowseTree");
+  if (folders == nullptr) return fail("There is no folder tree");
+  folders->setCurrentIndex(Reach(*folders, gameFolder_));
+  folders->scrollTo(folders->currentIndex(), QAbstractItemView::PositionAtCenter);
+  picture(shown, "wizard-folder");
+  next();
+  picture(shown, "wizard-files");
+  next();
+  picture(shown, "wizard-finished");
+}
+
+}  // namespace korvane
