@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Container.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "files/NativePath.h"
@@ -51,6 +52,12 @@ std::unique_ptr<Container> OpenContainer(const std::string& path) {
     throw std::runtime_error(path + ": neither a dBASE table (.DBF) nor an archive");
   }
   return std::make_unique<DatabaseContainer>(path);
+}
+
+std::string Printable(std::string path) {
+  std::replace_if(
+      path.begin(), path.end(), [](unsigned char c) { return c < 0x20 || c == 0x7f; }, '?');
+  return path;
 }
 
 }  // namespace korvane

@@ -20,4 +20,7 @@ class Container {
 // Opens what lies at the path. std::runtime_error when it is neither, or damaged.
 std::unique_ptr<Container> OpenContainer(const std::string& path);
 
+// A path out of a container as it may be printed: it could hold anything, such as orders to the terminal.
+std::string Printable(std::string path);
+
 }  // namespace korvane

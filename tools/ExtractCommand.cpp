@@ -44,7 +44,7 @@ class Extraction {
   }
 
   void fail(const std::string& why) {
-    std::cerr << why << '\n';
+    std::cerr << Printable(why) << '\n';
     ++failed_;
   }
 

@@ -32,7 +32,10 @@ class FolderSource : public PackSource {
   bool has(std::string_view path) override { return FileExists(full(path)); }
 
   std::string_view read(std::string_view path) override {
-    if (!file_.read(full(path), {})) throw std::runtime_error(full(path) + ": the file cannot be read");
+    const bool isRead = file_.read(full(path), {});
+    if (!isRead || file_.bytes().size() != fs::file_size(NativePath(full(path)))) {
+      throw std::runtime_error(full(path) + ": the file cannot be read");
+    }
     return file_.bytes();
   }
 

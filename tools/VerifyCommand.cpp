@@ -14,7 +14,7 @@ bool List(const std::string& container) {
   const auto files = OpenContainer(container);
   for (std::int64_t i = 0; i < files->count(); ++i) {
     files->goTo(i);
-    std::printf("%10zu  %s\n", files->bytes().size(), files->path().c_str());
+    std::printf("%10zu  %s\n", files->bytes().size(), Printable(files->path()).c_str());
   }
   return true;
 }
@@ -32,7 +32,7 @@ bool Verify(const std::string& container) {
       bytes += files->bytes().size();
     } catch (const std::runtime_error& error) {
       progress.clear();
-      std::cerr << "File " << i + 1 << ": " << error.what() << '\n';
+      std::cerr << "File " << i + 1 << ": " << Printable(error.what()) << '\n';
       ++faults;
     }
     progress.stepDone();

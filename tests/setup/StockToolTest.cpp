@@ -61,7 +61,8 @@ TEST_F(StockTool, MakesADatabaseFromTheGamesArchives) {
 
 TEST_F(StockTool, TellsWhatItCannotDo) {
   folder.write("game/Data/INI/Weapon.ini", "text");
-  folder.write("hostile.big", ArchiveBytes({{"..\\escaped.ini", "x"}, {"Data\\good.ini", "y"}}));
+  folder.write("hostile.big",
+               ArchiveBytes({{"..\\escaped.ini", "x"}, {"\x1b[2J.ini", "x"}, {"Data\\good.ini", "y"}}));
   struct Case {
     const char* arguments;
     int exitCode;
@@ -79,6 +80,7 @@ TEST_F(StockTool, TellsWhatItCannotDo) {
       {"pack -o game/Data/INI/Weapon.ini --partial game", 1, "Weapon.ini"},
       {"list game/Data/INI/Weapon.ini", 1, "neither"},
       {"verify hostile.big", 1, "would leave"},
+      {"list hostile.big", 0, "?[2J.ini"},
       {"extract hostile.big out", 1, "would leave"},
       {"extract Some.DBF out Data/INI/Rank.ini", 1, "not found"},
   };
