@@ -70,6 +70,8 @@ FrmEdit& Program::mainWindow() {
 
 frmWizard* Program::makeWizard() {
   auto* window = new frmWizard(services_, chooser_, files_);
+  // The wizard has stored a font for the tree, which the main window read before there was one.
+  QObject::connect(window, &frmWizard::finished, &mainWindow(), &FrmEdit::applyOptions);
   QObject::connect(window, &frmWizard::finished, window, [this] { runSplash(); });
   return window;
 }

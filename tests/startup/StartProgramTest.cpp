@@ -181,6 +181,7 @@ TEST_F(StartProgramTest, TheWizardLeadsFromAnEmptyStoreToTheEditor) {
   press("cmdNav3");
   press("cmdNav4");
   expectWindows(true, false);
+  EXPECT_FALSE(program->mainWindow().findChild<QTreeView*>("TVMenu")->font().strikeOut());
   EXPECT_EQ(settings.gameFolder(), game.qpath());
   EXPECT_EQ(process.ends, 0);
 }
