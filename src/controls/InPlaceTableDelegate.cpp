@@ -17,6 +17,7 @@ namespace {
 
 constexpr int kDark = 128;  // lightness of a background below which pure red cannot be read
 constexpr int kVisibleChoices = 20;
+constexpr std::size_t kLongestTyped = 32767;  // what a line to type in holds
 
 // Shows a list of choices without a copy of it.
 class ChoiceModel : public QAbstractListModel {
@@ -29,7 +30,8 @@ class ChoiceModel : public QAbstractListModel {
   }
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override {
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole)) return {};
-    const QString text = FromBytes((*choices_)[static_cast<std::size_t>(index.row())]);
+    const std::string_view choice = (*choices_)[static_cast<std::size_t>(index.row())];
+    const QString text = FromBytes(choice.substr(0, kLongestTyped));
     return role == Qt::DisplayRole ? ShownText(text) : text;
   }
 
