@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTreeView>
@@ -170,6 +171,15 @@ TEST_F(WizardTest, StepsCanBeGoneBackAndFilesAreRestoredOnlyOnTheWayForward) {
   for (int i = 0; i < 5; ++i) click(back);
   EXPECT_TRUE(showsStep(0));
   EXPECT_TRUE(nav(finish)->isEnabled());
+}
+
+TEST_F(WizardTest, TheIntroductionCanBeSkippedByASetting) {
+  QSettings(settings.filePath("Wizards.ini"), QSettings::IniFormat)
+      .setValue("WizardTemplate/IntroductionScreen", "ShowIntro");
+  open();
+  EXPECT_TRUE(showsStep(1));
+  click(back);
+  EXPECT_TRUE(showsStep(0));
 }
 
 TEST_F(WizardTest, HelpOpensTheTopicOfTheStep) {
