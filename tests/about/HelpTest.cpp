@@ -13,6 +13,8 @@
 namespace korvane {
 namespace {
 
+using namespace std::string_literals;
+
 // The help file as the program ships it.
 const HelpFile& Shipped() {
   static const HelpFile file(KORVANE_HELP_FILE);
@@ -63,7 +65,7 @@ TEST(Help, TheContentsListEveryPageOnceUnderItsTitle) {
 TEST(Help, AFileThatIsNoHelpFileSaysWhy) {
   const GameFolder folder;
   folder.write("empty", "");
-  folder.write("foreign", std::string("\x3F\x5F\x03\x00 another program's help", 30));
+  folder.write("foreign", "\x3F\x5F\x03\x00 another program's help"s);
   folder.write("no pages", "Korvane help file, version 1\n");
   const std::pair<const char*, const char*> cases[] = {
       {"missing", "missing"},         {"Data", "missing"},      {"empty", "empty"},
