@@ -264,6 +264,7 @@ void ObjectDisplay::readLocomotorTabs() {
       fields_.LocoTab->setTabData(position, "PvKey" + QString::number(position + 1));
     }
     fields_.LocoTab->setCurrentIndex(names.isEmpty() ? -1 : 0);
+    fields_.LocoTab->updateGeometry();  // on a page that is not shown it does not tell its layout by itself
   }
   fields_.CboLoco->clear();
   fields_.CboLoco->addItems(names);

@@ -126,6 +126,8 @@ QWidget* UnitFields::handlingTab() {
   layout->setSpacing(10);
   CboLocomotor = List("CboLocomotor", true);
   auto* locomotor = new QFormLayout;
+  locomotor->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+  locomotor->setHorizontalSpacing(16);
   AddField(locomotor, "Locomotor:", CboLocomotor);
   layout->addLayout(locomotor);
   LocoTab = Named("LocoTab", new QTabBar);

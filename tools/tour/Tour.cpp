@@ -27,6 +27,7 @@ constexpr int kSettle = 250;  // milliseconds for a window to be laid out and pa
 constexpr const char* kTabPictures[] = {"tab-handling", "tab-health",      "tab-weapons", "tab-advanced",
                                         "tab-cost",     "tab-information", "tab-other"};
 constexpr int kInformationTab = 5;
+constexpr const char* kMainObject = "AmericaTank";  // of the main picture: the first that begins so
 
 struct ObjectStop {
   const char* group;
@@ -49,6 +50,11 @@ QModelIndex FirstObject(const QAbstractItemModel& model, const QModelIndex& cate
     if (child.data().toString().size() > QString("Cinematic").size()) return child;
   }
   return {};
+}
+
+void Click(QAbstractItemView& view, const QModelIndex& entry) {
+  view.scrollTo(entry, QAbstractItemView::PositionAtCenter);
+  QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(entry).center());
 }
 
 // The node of a folder, after its way from the root has been opened.
@@ -111,34 +117,36 @@ void Tour::trigger(const QString& windowName, const QString& action) {
 }
 
 void Tour::start() {
-  // The splash shows itself while start-up lets events run.
+  // The splash shows itself while start-up lets events run; the last picture of it stays.
+  const QString file = folder_ + "/splash.png";
   bool seen = false;
   QTimer watch;
   QObject::connect(&watch, &QTimer::timeout, [&] {
     for (QWidget* shown : QApplication::topLevelWidgets()) {
-      if (seen || shown->objectName() != "frmSplash" || !shown->isVisible()) continue;
-      seen = true;
-      const QString file = folder_ + "/splash.png";
-      if (!shown->grab().save(file)) fail("Cannot write " + file);
-      std::printf("%s\n", qPrintable(file));
+      if (shown->objectName() == "frmSplash" && shown->isVisible()) seen = shown->grab().save(file);
     }
   });
   watch.start(0);
   program_.StartProgram();
+  watch.stop();
   if (!seen) fail("The splash was not seen");
+  std::printf("%s\n", qPrintable(file));
   picture(window("FrmEdit"), "start");
 }
 
 void Tour::showObject(const QString& group, const QString& pictureName) {
-  auto* tree = program_.mainWindow().findChild<QTreeView*>("TVMenu");
-  const QAbstractItemModel& model = *tree->model();
+  QTreeView& tree = objectTree();
+  const QAbstractItemModel& model = *tree.model();
   const QModelIndex category =
       model.match(model.index(0, 0), Qt::DisplayRole, group, 1, Qt::MatchExactly).value(0);
   const QModelIndex object = FirstObject(model, category);
   if (!object.isValid()) return fail("There is no object below " + group);
-  tree->scrollTo(object, QAbstractItemView::PositionAtCenter);
-  QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(object).center());
+  Click(tree, object);
   picture(window("FrmEdit"), pictureName);
+}
+
+QTreeView& Tour::objectTree() {
+  return *program_.mainWindow().findChild<QTreeView*>("TVMenu");
 }
 
 void Tour::objects() {
@@ -146,7 +154,12 @@ void Tour::objects() {
 }
 
 void Tour::tabs() {
-  showObject("Player Units", "main");
+  QTreeView& tree = objectTree();
+  Click(tree, tree.model()
+                  ->match(tree.model()->index(0, 0), Qt::DisplayRole, kMainObject, 1,
+                          Qt::MatchStartsWith | Qt::MatchRecursive)
+                  .value(0));
+  picture(window("FrmEdit"), "main");
   auto* tabBox = program_.mainWindow().findChild<QTabWidget*>("F_Tab");
   for (int tab = 0; tab < tabBox->count(); ++tab) {
     tabBox->setCurrentIndex(tab);
@@ -164,27 +177,24 @@ void Tour::manualEditor() {
   if (QWidget* editor = window("FrmManEdit")) editor->close();
 }
 
-void Tour::editor(const char* action, const char* windowName, const QString& entry,
-                  const QString& pictureName) {
+void Tour::editor(const char* action, const char* windowName, const QString& pictureName) {
   trigger("FrmEdit", action);
   QWidget* shown = window(windowName);
   if (shown == nullptr) return;
-  auto* list = shown->findChild<QListView*>("LstWPN");
-  const QModelIndex item = list->model()->index(entry.toInt(), 0);
-  list->scrollTo(item);
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(item).center());
+  auto& list = *shown->findChild<QListView*>("LstWPN");
+  Click(list, list.model()->index(0, 0));
   picture(shown, pictureName);
 }
 
 void Tour::tableEditors() {
-  editor("MnuWe", "FrmWE", "0", "weapon-editor");
-  editor("MnuArmour", "FrmArmour", "0", "armour-editor");
+  editor("MnuWe", "FrmWE", "weapon-editor");
+  editor("MnuArmour", "FrmArmour", "armour-editor");
   trigger("FrmArmour", "Test");
   picture(window("FrmAmrPar"), "insert-parameter");
-  editor("MnuCmdSetEditor", "FrmCmdSet", "0", "command-set-editor");
+  editor("MnuCmdSetEditor", "FrmCmdSet", "command-set-editor");
   trigger("FrmCmdSet", "MnuCmdFormat");
   picture(window("CmdSetFormat"), "command-set-format");
-  editor("MnuCmdBtnEditor", "FrmCmdBtn", "0", "command-button-editor");
+  editor("MnuCmdBtnEditor", "FrmCmdBtn", "command-button-editor");
   for (const char* name : {"FrmAmrPar", "CmdSetFormat", "FrmWE", "FrmArmour", "FrmCmdSet", "FrmCmdBtn"}) {
     if (QWidget* shown = window(name)) shown->close();
   }

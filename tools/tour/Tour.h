@@ -6,6 +6,7 @@
 
 #include <functional>
 
+class QTreeView;
 class QWidget;
 
 namespace korvane {
@@ -35,8 +36,9 @@ class Tour {
   void wizard();
 
   void showObject(const QString& group, const QString& picture);
-  void editor(const char* action, const char* window, const QString& entry, const QString& picture);
+  void editor(const char* action, const char* window, const QString& picture);
 
+  QTreeView& objectTree();
   // The visible window of this name; null, and the tour has failed, when there is none.
   QWidget* window(const QString& name);
   void trigger(const QString& windowName, const QString& action);
