@@ -21,12 +21,14 @@ using Sci = QsciScintillaBase;
 constexpr int kSizeFactor = Sci::SC_FONT_SIZE_MULTIPLIER;
 constexpr int kNumberMargin = 0;
 constexpr int kSymbolMargin = 1;
+constexpr int kTextMargin = 4;  // pixels between the line numbers and the text
 constexpr int kStrikeIndicator = 20;
 // Above this size edits are not announced to screen readers one by one: for each, the control counts every
 // character of the text before it.
 constexpr std::size_t kAnnounced = 1 << 17;
 constexpr int kColourStep = 1 << 18;   // bytes that are coloured in one go
 constexpr int kCurrentLineShare = 20;  // of the highlight colour in the current line's background, in percent
+constexpr int kMarginShare = 6;        // of the text colour in the background of the line numbers
 constexpr int kNumberShare = 55;       // of the text colour in the line numbers
 
 struct KindColour {
@@ -90,6 +92,7 @@ void IniTextEdit::prepare() {
   text_->setCaretLineVisible(true);
   text_->setMarginLineNumbers(kNumberMargin, true);
   text_->setMarginWidth(kSymbolMargin, 0);
+  send(Sci::SCI_SETMARGINLEFT, 0, kTextMargin);
   send(Sci::SCI_SETSCROLLWIDTH, 1);
   send(Sci::SCI_SETSCROLLWIDTHTRACKING, 1);
   send(Sci::SCI_SETPASTECONVERTENDINGS, 1);
@@ -234,9 +237,10 @@ void IniTextEdit::applyFont() {
 }
 
 void IniTextEdit::applyColours() {
-  const QColor paper = palette().color(QPalette::Base);
-  const QColor ink = palette().color(QPalette::Text);
-  const QColor highlight = palette().color(QPalette::Highlight);
+  // The window is disabled while it is set up, but not read then.
+  const QColor paper = palette().color(QPalette::Active, QPalette::Base);
+  const QColor ink = palette().color(QPalette::Active, QPalette::Text);
+  const QColor highlight = palette().color(QPalette::Active, QPalette::Highlight);
   const bool dark = paper.lightness() < ink.lightness();
   const auto setColour = [this](unsigned message, int style, const QColor& colour) {
     text_->SendScintilla(message, static_cast<unsigned long>(style), colour);
@@ -248,12 +252,13 @@ void IniTextEdit::applyColours() {
     setColour(Sci::SCI_STYLESETFORE, static_cast<int>(colour.kind),
               QColor(dark ? colour.onDark : colour.onLight));
   }
-  setColour(Sci::SCI_STYLESETFORE, Sci::STYLE_LINENUMBER, Mixed(ink, paper, kNumberShare));
+  text_->setMarginsForegroundColor(Mixed(ink, paper, kNumberShare));
+  text_->setMarginsBackgroundColor(Mixed(ink, paper, kMarginShare));
   send(Sci::SCI_STYLESETUNDERLINE, Sci::STYLE_LINENUMBER, 0);
   text_->setCaretForegroundColor(ink);
   text_->setCaretLineBackgroundColor(Mixed(highlight, paper, kCurrentLineShare));
   text_->setSelectionBackgroundColor(highlight);
-  text_->setSelectionForegroundColor(palette().color(QPalette::HighlightedText));
+  text_->setSelectionForegroundColor(palette().color(QPalette::Active, QPalette::HighlightedText));
   text_->setIndicatorForegroundColor(ink, kStrikeIndicator);
 }
 
