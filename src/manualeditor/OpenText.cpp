@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "manualeditor/OpenText.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "controls/Services.h"
@@ -15,7 +16,9 @@ namespace korvane {
 
 namespace {
 
+constexpr std::size_t kLongestLine = 1 << 18;
 constexpr int kNoteInterval = 3000;  // milliseconds of typing that a crash may cost
+const QString kEndlessLine = QStringLiteral("A line is too long to be shown: ");
 const QString kLineEnd = QStringLiteral("\r\n");
 
 // A fault in the middle of a file shows in its length only.
@@ -24,6 +27,16 @@ bool ReadWhole(const QString& path, FileBytes& file) {
   if (!file.read(text, {})) return false;
   std::error_code error;
   return std::filesystem::file_size(NativePath(text), error) == file.bytes().size() && !error;
+}
+
+// The text control lays out a line as a whole: one of a megabyte takes a second, over and over.
+bool HasEndlessLine(std::string_view bytes) {
+  for (std::size_t start = 0; bytes.size() - start > kLongestLine;) {
+    const std::size_t end = bytes.find_first_of("\r\n", start);
+    if (std::min(end, bytes.size()) - start > kLongestLine) return true;
+    start = end + 1;
+  }
+  return false;
 }
 
 QString CodeOf(char32_t character) {
@@ -49,6 +62,10 @@ bool OpenText::load(const QString& path, bool part) {
     tell(QStringLiteral("The file cannot be read: ") + kLineEnd + path);
     return false;
   }
+  if (HasEndlessLine(file.bytes())) {
+    tell(kEndlessLine + kLineEnd + path);
+    return false;
+  }
   set(file.bytes(), path, part);
   return true;
 }
@@ -56,8 +73,10 @@ bool OpenText::load(const QString& path, bool part) {
 void OpenText::set(std::string_view bytes, const QString& path, bool part) {
   keepUnsaved();
   file_ = path;
-  part_ = part;
-  text_.setBytes(bytes);
+  const bool endless = HasEndlessLine(bytes);
+  part_ = part || endless;  // what is not all there must not be saved
+  text_.setBytes(endless ? std::string_view() : bytes);
+  if (endless) tell(kEndlessLine + kLineEnd + path);
 }
 
 void OpenText::save() {

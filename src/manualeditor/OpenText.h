@@ -26,8 +26,9 @@ class OpenText : public QObject {
            const KeptVersions& versions);
 
   // Both keep the unsaved text that was there before.
-  // False, after a message, when the file cannot be read whole; the text then stays.
+  // False, after a message, when the file cannot be read whole or shown; the text then stays.
   bool load(const QString& path, bool part);
+  // Of a part that cannot be shown, nothing is.
   void set(std::string_view bytes, const QString& path, bool part);
 
   // The program's path of the file, and whether the text is only a part of it, from the moment the text was

@@ -93,6 +93,16 @@ TEST_F(ManEditTest, AnOpeningThatComesToNothingChangesNeitherTextNorItsFile) {
   EXPECT_FALSE(std::filesystem::exists(game_.native("Data/INI/Armor.ini")));
 }
 
+TEST_F(ManEditTest, ALineThatWouldBlockTheWindowIsRefused) {
+  openFile(kFile);
+  game_.write("Data/INI/Armor.ini", "a\r\n" + std::string(300'000, 'x'));
+  EXPECT_FALSE(window_->loadFile(game_.qpath() + "\\Data\\INI\\Armor.ini"));
+  EXPECT_EQ(text().fileBytes().bytes, kFile);
+  openPart(std::string(300'000, 'x') + "\r\n");
+  EXPECT_EQ(text().fileBytes().bytes, "");
+  EXPECT_EQ(messages_.shown.size(), 2U);
+}
+
 TEST_F(ManEditTest, UnsavedTextIsKeptWhenItIsClosedOrReplaced) {
   openFile(kFile);
   type("first");
