@@ -45,12 +45,13 @@ FrmHelp::FrmHelp(const QString& path, QWidget* parent) : QMainWindow(parent), fi
   splitter->addWidget(text_);
   splitter->setStretchFactor(1, 1);
   splitter->setChildrenCollapsible(false);
-  const int unit = fontMetrics().averageCharWidth();
-  splitter->setSizes({unit * kSideWidth, unit * kTextWidth});
   setCentralWidget(splitter);
   buildToolBar();
+  const int unit = fontMetrics().averageCharWidth();
   const QSize pleasant(unit * (kSideWidth + kTextWidth), fontMetrics().lineSpacing() * kHeight);
   resize(pleasant.boundedTo(screen()->availableSize()));
+  const int side = std::min(unit * kSideWidth, width() / 3);
+  splitter->setSizes({side, width() - side});
   fillContents();
   if (!file_.problem().isEmpty()) showProblem();
 }
