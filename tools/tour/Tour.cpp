@@ -159,13 +159,13 @@ void Tour::tabs() {
                   ->match(tree.model()->index(0, 0), Qt::DisplayRole, kMainObject, 1,
                           Qt::MatchStartsWith | Qt::MatchRecursive)
                   .value(0));
-  picture(window("FrmEdit"), "main");
   auto* tabBox = program_.mainWindow().findChild<QTabWidget*>("F_Tab");
+  tabBox->setCurrentIndex(kInformationTab);
+  picture(window("FrmEdit"), "main");
   for (int tab = 0; tab < tabBox->count(); ++tab) {
     tabBox->setCurrentIndex(tab);
     picture(window("FrmEdit"), kTabPictures[tab]);
   }
-  tabBox->setCurrentIndex(kInformationTab);
 }
 
 void Tour::manualEditor() {
