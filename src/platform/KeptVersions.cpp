@@ -32,12 +32,6 @@ QString FileName(const QString& path) {
   return path.mid(qMax(path.lastIndexOf('\\'), path.lastIndexOf('/')) + 1);
 }
 
-std::string BytesAt(const QString& path, bool& found) {
-  FileBytes file;
-  found = file.read(path.toStdString(), {});
-  return std::string(file.bytes());
-}
-
 // Oldest last.
 QStringList VersionsIn(const QString& folder) {
   return QDir(folder).entryList(QDir::Files, QDir::Time);
@@ -45,8 +39,11 @@ QStringList VersionsIn(const QString& folder) {
 
 bool IsNewest(const QString& folder, std::string_view bytes) {
   const QStringList versions = VersionsIn(folder);
-  bool found = false;
-  return !versions.isEmpty() && BytesAt(folder + '/' + versions.first(), found) == bytes;
+  if (versions.isEmpty()) return false;
+  const QString newest = folder + '/' + versions.first();
+  FileBytes file;
+  return QFileInfo(newest).size() == static_cast<qint64>(bytes.size()) &&
+         file.read(newest.toStdString(), {}) && file.bytes() == bytes;
 }
 
 void Prune(const QString& folder) {
@@ -76,9 +73,9 @@ QString KeptVersions::folderOf(const QString& path) const {
 }
 
 QString KeptVersions::keepReplaced(const QString& path, std::string_view replacement) const {
-  bool found = false;
-  const std::string old = BytesAt(path, found);
-  return found && old != replacement ? keep(path, {}, old) : QString();
+  FileBytes old;
+  const bool found = old.read(path.toStdString(), {});
+  return found && old.bytes() != replacement ? keep(path, {}, old.bytes()) : QString();
 }
 
 QString KeptVersions::keepUnsaved(const QString& path, bool part, std::string_view bytes) const {
@@ -115,14 +112,15 @@ void KeptVersions::recoverLost() const {
 }
 
 void KeptVersions::recover(const QString& journal) const {
-  bool found = false;
-  const std::string bytes = BytesAt(journal, found);
+  FileBytes file;
+  if (!file.read(journal.toStdString(), {})) return;
+  const std::string_view bytes = file.bytes();
   const std::size_t pathEnd = bytes.find('\n');
   const std::size_t textStart = pathEnd == std::string::npos ? pathEnd : bytes.find('\n', pathEnd + 1);
   if (textStart == std::string::npos) return;
-  const QString path = QString::fromStdString(bytes.substr(0, pathEnd));
+  const QString path = QString::fromUtf8(bytes.data(), static_cast<qsizetype>(pathEnd));
   const bool part = textStart > pathEnd + 1;
-  const std::string_view text = std::string_view(bytes).substr(textStart + 1);
+  const std::string_view text = bytes.substr(textStart + 1);
   if (keepUnsaved(path, part, text).isEmpty()) QFile::remove(journal);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <random>
@@ -128,14 +129,16 @@ TEST_F(FileWriterTest, KilledAtAnyMomentTheFileIsOldOrNew) {
   folder_.write("a.ini", texts[0]);
   std::minstd_rand random(1);
   int changed = 0;
+  unsigned longest = 4000;  // microseconds; on a slow disk more, until a save comes through
   for (int i = 0; i < kills; ++i) {
     const pid_t child = StartSaving(writer_, pathOf("a.ini"), texts);
-    usleep(static_cast<useconds_t>(random() % 5000));
+    usleep(static_cast<useconds_t>(random() % longest));
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
     const std::string now = folder_.read("a.ini");
     ASSERT_TRUE(now == texts[0] || now == texts[1]) << "after " << i << " kills: " << now.size() << " bytes";
     changed += now == texts[1] ? 1 : 0;
+    if (changed == 0) longest = std::min(longest + longest / 8, 200'000U);
   }
   std::cout << kills << " kills, the new text in place after " << changed << " of them\n";
   EXPECT_GT(changed, 0);
