@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "about/FrmFun.h"
 
-#include <QCloseEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "controls/Icons.h"
-#include "controls/Placement.h"
 
 namespace korvane {
 
@@ -27,7 +25,7 @@ constexpr int kWidth = 24;  // in average characters: the title is not cut
 
 }  // namespace
 
-FrmFun::FrmFun(SettingsStore& store, QWidget* parent) : QDialog(parent), store_(store) {
+FrmFun::FrmFun(SettingsStore& store, QWidget* parent) : ToolDialog(parent, &store) {
   setObjectName("FrmFun");
   setWindowTitle("Fun!");
   setWindowIcon(ApplicationIcon());
@@ -40,12 +38,6 @@ FrmFun::FrmFun(SettingsStore& store, QWidget* parent) : QDialog(parent), store_(
     layout->addWidget(button);
   }
   layout->setSizeConstraint(QLayout::SetFixedSize);
-}
-
-void FrmFun::closeEvent(QCloseEvent* event) {
-  SavePlacement(store_, *this);
-  event->accept();
-  Q_EMIT closedForGood();
 }
 
 }  // namespace korvane

@@ -2,7 +2,6 @@
 #include "about/frmAbout.h"
 
 #include <QAction>
-#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
@@ -11,7 +10,6 @@
 
 #include "about/SysInfo.h"
 #include "controls/Icons.h"
-#include "controls/Placement.h"
 #include "platform/MessageBoxes.h"
 #include "platform/Version.h"
 
@@ -56,7 +54,7 @@ QLabel* AddLabel(QBoxLayout& layout, const char* name, const QString& text) {
 
 frmAbout::frmAbout(SettingsStore& store, MessageBoxes& messages, const Registry& registry, Programs& programs,
                    QWidget* parent)
-    : QDialog(parent), store_(store), messages_(messages), registry_(registry), programs_(programs) {
+    : ToolDialog(parent, &store), messages_(messages), registry_(registry), programs_(programs) {
   setObjectName("frmAbout");
   setWindowTitle("About " + ApplicationTitle());
   setWindowIcon(ApplicationIcon());
@@ -123,12 +121,6 @@ void frmAbout::addHiddenMenu() {
 void frmAbout::StartSysInfo() {
   if (StartSystemInformation(registry_, programs_)) return;
   messages_.show({.text = QStringLiteral("System Information Is Unavailable At This Time")}, this);
-}
-
-void frmAbout::closeEvent(QCloseEvent* event) {
-  SavePlacement(store_, *this);
-  event->accept();
-  Q_EMIT closedForGood();
 }
 
 }  // namespace korvane

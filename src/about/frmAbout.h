@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QDialog>
+#include "controls/ToolDialog.h"
 
 namespace korvane {
 
@@ -11,7 +11,7 @@ class Registry;
 class SettingsStore;
 
 // The about box: title, version and what the program is for.
-class frmAbout : public QDialog {
+class frmAbout : public ToolDialog {
   Q_OBJECT
 
  public:
@@ -21,21 +21,14 @@ class frmAbout : public QDialog {
   // Starts the system information program, or says that there is none.
   void StartSysInfo();
 
-  void reject() override { close(); }
-
  Q_SIGNALS:
   void extrasRequested();  // show FrmFun
-  void closedForGood();
-
- protected:
-  void closeEvent(QCloseEvent* event) override;
 
  private:
   QWidget* textPart();
   QWidget* buttonPart();
   void addHiddenMenu();
 
-  SettingsStore& store_;
   MessageBoxes& messages_;
   const Registry& registry_;
   Programs& programs_;

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editors/CmdSetFormat.h"
 
-#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
 
 #include "controls/Icons.h"
-#include "controls/Placement.h"
 
 namespace korvane {
 
@@ -47,7 +45,7 @@ QImage DrawSlots(qreal ratio) {
 
 }  // namespace
 
-CmdSetFormat::CmdSetFormat(SettingsStore& store, QWidget* parent) : QDialog(parent), store_(store) {
+CmdSetFormat::CmdSetFormat(SettingsStore& store, QWidget* parent) : ToolDialog(parent, &store) {
   setObjectName("CmdSetFormat");
   setWindowTitle("Command Set Format");
   setWindowIcon(ApplicationIcon());
@@ -58,12 +56,6 @@ CmdSetFormat::CmdSetFormat(SettingsStore& store, QWidget* parent) : QDialog(pare
   auto* layout = new QHBoxLayout(this);
   layout->addWidget(picture);
   layout->setSizeConstraint(QLayout::SetFixedSize);
-}
-
-void CmdSetFormat::closeEvent(QCloseEvent* event) {
-  SavePlacement(store_, *this);
-  event->accept();
-  Q_EMIT closedForGood();
 }
 
 }  // namespace korvane

@@ -1,30 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QDialog>
 #include <QImage>
+
+#include "controls/ToolDialog.h"
 
 namespace korvane {
 
 class SettingsStore;
 
 // A picture of where the numbered slots of a command set lie.
-class CmdSetFormat : public QDialog {
+class CmdSetFormat : public ToolDialog {
   Q_OBJECT
 
  public:
   explicit CmdSetFormat(SettingsStore& store, QWidget* parent = nullptr);
-
-  void reject() override { close(); }
-
- Q_SIGNALS:
-  void closedForGood();
-
- protected:
-  void closeEvent(QCloseEvent* event) override;
-
- private:
-  SettingsStore& store_;
 };
 
 }  // namespace korvane

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editors/FrmAmrPar.h"
 
-#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -71,7 +70,7 @@ QPushButton* AddButton(QVBoxLayout& buttons, const char* name, const char* capti
 
 }  // namespace
 
-FrmAmrPar::FrmAmrPar(QWidget* parent) : QDialog(parent), LV_(MakeTypeList(this)) {
+FrmAmrPar::FrmAmrPar(QWidget* parent) : ToolDialog(parent, nullptr), LV_(MakeTypeList(this)) {
   setObjectName("FrmAmrPar");
   setWindowTitle("Insert Parameter");
   setWindowIcon(ApplicationIcon());
@@ -93,11 +92,6 @@ FrmAmrPar::FrmAmrPar(QWidget* parent) : QDialog(parent), LV_(MakeTypeList(this))
 
 void FrmAmrPar::add() {
   if (const auto type = LV_->selectedCaption()) Q_EMIT typeChosen(*type);
-}
-
-void FrmAmrPar::closeEvent(QCloseEvent* event) {
-  event->accept();
-  Q_EMIT closedForGood();
 }
 
 }  // namespace korvane

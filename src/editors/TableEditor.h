@@ -53,8 +53,8 @@ class TableEditor : public QMainWindow {
   void selectEntry(const QString& name);
 
  Q_SIGNALS:
-  // The window was closed and none of its calls is running any more: its owner lets it go with deleteLater. Not
-  // sent when it was shown again before the last call returned.
+  // The window was closed and none of its calls is running any more: its owner lets it go with deleteLater.
+  // Not sent when it was shown again before the last call returned.
   void closedForGood();
 
  protected:

@@ -2,7 +2,6 @@
 #include "settings/FrmOpt.h"
 
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QComboBox>
 #include <QFrame>
 #include <QGroupBox>
@@ -14,7 +13,6 @@
 
 #include "controls/FontDialog.h"
 #include "controls/Icons.h"
-#include "controls/Placement.h"
 #include "settings/SettingsStore.h"
 
 namespace korvane {
@@ -65,7 +63,7 @@ void LoadFlag(const SettingsStore& store, const QString& name, bool& flag) {
 }  // namespace
 
 FrmOpt::FrmOpt(SettingsStore& store, FontChooser& fonts, QWidget* parent)
-    : QDialog(parent), store_(store), fonts_(fonts) {
+    : ToolDialog(parent, &store), store_(store), fonts_(fonts) {
   setObjectName("FrmOpt");
   setWindowTitle("Options");
   setWindowIcon(ApplicationIcon());
@@ -207,12 +205,6 @@ void FrmOpt::applyAndClose() {
 
 void FrmOpt::clearSearchHistory() {
   store_.deleteSection("Search List");
-}
-
-void FrmOpt::closeEvent(QCloseEvent* event) {
-  SavePlacement(store_, *this);
-  event->accept();
-  Q_EMIT closedForGood();
 }
 
 }  // namespace korvane

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QDialog>
 #include <QStringList>
 
 #include <array>
@@ -11,6 +10,8 @@ class QComboBox;
 class QLabel;
 class QPushButton;
 
+#include "controls/ToolDialog.h"
+
 namespace korvane {
 
 class FontChooser;
@@ -18,20 +19,14 @@ class SettingsStore;
 
 // The options window: the main window's first tab, the question before the exit, the font of the object
 // tree, and the manual editor's find history.
-class FrmOpt : public QDialog {
+class FrmOpt : public ToolDialog {
   Q_OBJECT
 
  public:
   FrmOpt(SettingsStore& store, FontChooser& fonts, QWidget* parent = nullptr);
 
-  void reject() override { close(); }
-
  Q_SIGNALS:
   void optionsApplied();  // the choices are in the store: show them
-  void closedForGood();
-
- protected:
-  void closeEvent(QCloseEvent* event) override;
 
  private:
   static constexpr int kFontLabels = 6;

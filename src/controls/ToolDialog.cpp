@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/ToolDialog.h"
+
+#include <QCloseEvent>
+
+#include "controls/Placement.h"
+
+namespace korvane {
+
+void ToolDialog::closeEvent(QCloseEvent* event) {
+  if (placements_ != nullptr) SavePlacement(*placements_, *this);
+  event->accept();
+  Q_EMIT closedForGood();
+}
+
+}  // namespace korvane

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDialog>
+
+namespace korvane {
+
+class SettingsStore;
+
+// A small modeless window. Escape closes it as its close box does; it can go once it is closed.
+class ToolDialog : public QDialog {
+  Q_OBJECT
+
+ public:
+  // `placements`: where closing saves the window's placement; none for a window that keeps no placement.
+  ToolDialog(QWidget* parent, SettingsStore* placements) : QDialog(parent), placements_(placements) {}
+
+  void reject() override { close(); }
+
+ Q_SIGNALS:
+  void closedForGood();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  SettingsStore* placements_;
+};
+
+}  // namespace korvane
