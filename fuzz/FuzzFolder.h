@@ -18,11 +18,12 @@ class FuzzFolder {
     const fs::path memory = "/dev/shm";
     folder_ = fs::is_directory(memory) ? memory : fs::temp_directory_path();
     folder_ /= "korvane-fuzz-" + std::to_string(std::random_device()());
-    fs::create_directories(folder_ / "Data" / "INI");
+    fs::create_directories(folder_ / "Data" / "INI" / "Object");
   }
   ~FuzzFolder() { std::filesystem::remove_all(folder_); }
 
   std::string path() const { return folder_.string(); }
+  std::filesystem::path native(std::string_view relative) const { return folder_ / relative; }
 
   void write(std::string_view relative, std::string_view bytes) const {
     std::ofstream(folder_ / relative, std::ios::binary) << bytes;

@@ -26,6 +26,14 @@ constexpr std::string_view kParserSeeds[] = {
     "CommandSet\nTank\n1\nCommandSet Tank\r\n  1 = Stop\r\n  10 = Go\r\n  ; 1 = Old\r\n   \r\nEnd\r\n",
 };
 
+// The first byte chooses the object file.
+constexpr std::string_view kTreeSeeds[] = {
+    "0Object AmericaTank\r\n  Object Inner\r\nEnd\r\nObject GLABike ; fast\rObject CINEStar\r\nObject\tTab "
+    "x\r\n",
+    "3Object 7Eleven\r\nObject Church\r\nObject  Gap\r\nObject\r\nobject small\r\nObjectReskin A B\r\n",
+    "2Object Flag",
+};
+
 void Write(const fs::path& file, std::string_view bytes) {
   std::ofstream(file, std::ios::binary) << bytes;
 }
@@ -57,9 +65,10 @@ void WriteDatabases(const fs::path& folder) {
   Write(folder / "small", DatabaseInput(small.table, small.memos));
 }
 
-void WriteParserInputs(const fs::path& folder) {
+template <typename Seeds>
+void WriteEach(const fs::path& folder, const Seeds& seeds) {
   int number = 0;
-  for (const std::string_view seed : kParserSeeds) Write(folder / std::to_string(++number), seed);
+  for (const std::string_view seed : seeds) Write(folder / std::to_string(++number), seed);
 }
 
 fs::path Folder(const fs::path& folder) {
@@ -75,6 +84,7 @@ int main(int argc, char** argv) {
   WriteDatabases(Folder(seeds / "dbase"));
   Write(Folder(seeds / "big") / "three", ArchiveBytes(kRecords));
   Write(seeds / "big" / "none", ArchiveBytes({}));
-  WriteParserInputs(Folder(seeds / "parser"));
+  WriteEach(Folder(seeds / "parser"), kParserSeeds);
+  WriteEach(Folder(seeds / "tree"), kTreeSeeds);
   return 0;
 }
