@@ -63,8 +63,14 @@ QModelIndex Reach(QTreeView& folders, const QString& path) {
   const auto child = [&model](const QModelIndex& parent, const QString& name) {
     return model.match(model.index(0, 0, parent), Qt::DisplayRole, name, 1, Qt::MatchExactly).value(0);
   };
-  QModelIndex at = model.index(0, 0);
-  for (const QString& name : path.split(u'\\', Qt::SkipEmptyParts)) {
+  // The last of the places at the top that the path begins with: a drive, or else the root.
+  QModelIndex at;
+  for (int row = 0; row < model.rowCount(); ++row) {
+    const QModelIndex place = model.index(row, 0);
+    if (path.startsWith(place.data(Qt::UserRole).toString())) at = place;
+  }
+  const QString rest = path.mid(at.data(Qt::UserRole).toString().size());
+  for (const QString& name : rest.split(u'\\', Qt::SkipEmptyParts)) {
     folders.expand(at);
     if (!QTest::qWaitFor([&] { return child(at, name).isValid(); })) return {};
     at = child(at, name);
