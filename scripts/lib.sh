@@ -13,7 +13,6 @@ build   cmake ninja-build g++ python3 qt6-base-dev qt6-svg-dev libqscintilla2-qt
 run     libqt6svg6 fonts-dejavu-core xvfb openbox
 test    python3 fonts-dejavu-core libdbd-xbase-perl python3-dbf python3-dbfread desktop-file-utils appstream
 package dpkg-dev file fakeroot xdotool
-bench   libbenchmark-dev
 format  clang-format
 '
 
@@ -49,7 +48,7 @@ as_root() {
   fi
 }
 
-# need <build|run|test|bench|format>... : installs what is not there yet.
+# need <build|run|test|format>... : installs what is not there yet.
 need() {
   if ! command -v apt-get >/dev/null; then
     say "No apt here; these Debian packages, under your system's names, must be there: $(packages_for "$@" | xargs)"

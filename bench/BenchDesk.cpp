@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "BenchDesk.h"
+
+#include <algorithm>
+#include <fstream>
+#include <string>
+
+#include "BarePass.h"
+#include "GameGenerator.h"
+#include "files/NativePath.h"
+#include "ini/DataFiles.h"
+#include "setup/StockTable.h"
+
+namespace korvane {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+void MarkTheEnd(const fs::path& file) {
+  std::ofstream(file, std::ios::binary | std::ios::app) << "; " << kFarthestText << "\r\n";
+}
+
+fs::path NativeOf(std::string path) {
+  std::replace(path.begin(), path.end(), '\\', '/');
+  return path;
+}
+
+std::string RelativePath(const DataFile& file) {
+  return std::string(file.folder.substr(1)).append(file.name);
+}
+
+void PackStock(const BenchFolders& folders) {
+  StockTable table(folders.program() / "Data");
+  for (const DataFile& file : kDataFiles) {
+    const std::string path = RelativePath(file);
+    table.add(path, ReadWhole(folders.game() / NativeOf(path)));
+  }
+  table.commit();
+}
+
+}  // namespace
+
+std::vector<fs::path> BenchFolders::objectFiles() const {
+  std::vector<fs::path> files;
+  for (const DataFile& file : kDataFiles) {
+    if (file.folder == kObjectFolder) files.push_back(objects(file.name));
+  }
+  return files;
+}
+
+std::vector<fs::path> BenchFolders::dataFiles() const {
+  std::vector<fs::path> files;
+  for (const DataFile& file : kDataFiles) files.push_back(game() / NativeOf(RelativePath(file)));
+  return files;
+}
+
+void MakeBenchFolders(const BenchFolders& folders, int factor) {
+  fs::create_directories(folders.program());
+  fs::create_directories(folders.settings());
+  GenerateGame(folders.game(), factor);
+  MarkTheEnd(folders.objects(kLargestFile));
+  PackStock(folders);
+}
+
+BenchDesk::BenchDesk(const BenchFolders& where)
+    : settings(QString::fromStdString(where.settings().string())),
+      folders{ProgramText(where.game()), ProgramText(where.program())} {
+  settings.saveGameFolder(folders.game);
+}
+
+QString ProgramText(const fs::path& native) {
+  return QString::fromStdString(ProgramPath(native));
+}
+
+}  // namespace korvane

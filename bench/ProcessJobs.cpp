@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <fcntl.h>
+#include <fstream>
+#include <memory>
+#include <spawn.h>
+#include <stdexcept>
+#include <string>
+#include <sys/resource.h>
+#include <sys/wait.h>
+
+#include "BarePass.h"
+#include "ProgramJobs.h"
+
+extern char** environ;
+
+namespace korvane {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+fs::path Self() {
+  return fs::read_symlink("/proc/self/exe");
+}
+
+pid_t Spawn(const Words& words) {
+  std::vector<char*> arguments;
+  for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
+  arguments.push_back(nullptr);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+  pid_t child = 0;
+  const int failure = posix_spawnp(&child, arguments[0], &actions, nullptr, arguments.data(), environ);
+  posix_spawn_file_actions_destroy(&actions);
+  if (failure != 0) throw std::runtime_error("cannot run " + words[0]);
+  return child;
+}
+
+// Runs a program to its end and tells its memory.
+Told RunProcess(const Words& words) {
+  int status = 0;
+  rusage usage{};
+  if (wait4(Spawn(words), &status, 0, &usage) < 0 || status != 0)
+    throw std::runtime_error(words[0] + " failed");
+  return {.memory = static_cast<double>(usage.ru_maxrss) / 1024};
+}
+
+fs::path ToldFile(const BenchFolders& folders) {
+  return folders.home / "told";
+}
+
+Told ToldBy(const BenchFolders& folders) {
+  Told told;
+  std::ifstream(ToldFile(folders)) >> told.gap >> told.memory;
+  return told;
+}
+
+Job StartJob(const BenchFolders& folders) {
+  Paths files = folders.objectFiles();
+  files.push_back(folders.ini("Weapon.ini"));
+  return {.name = "start to usable window",
+          .promise = {.time = 500, .memory = 150},
+          .run =
+              [folders] {
+                RunProcess({Self(), "--part", "start", "--home", folders.home});
+              },
+          .bare = BareRead(files),
+          .told = [folders] { return ToldBy(folders); }};
+}
+
+// A job of korvane-stock, beside a copy of the same files by the system.
+Job StockJob(const char* name, Words arguments, const BenchFolders& folders, const fs::path& output) {
+  const auto told = std::make_shared<Told>();
+  const fs::path copy = folders.home / "copy";
+  arguments.insert(arguments.begin(), Self().parent_path() / "korvane-stock");
+  return {.name = name,
+          .promise = {.ratio = 2},
+          .run = [=] { *told = RunProcess(arguments); },
+          .bare =
+              [=] {
+                RunProcess({"cp", "-r", folders.game() / "Data", copy});
+              },
+          .prepare =
+              [=] {
+                fs::remove_all(output);
+                fs::remove_all(copy);
+              },
+          .told = [told] { return *told; }};
+}
+
+}  // namespace
+
+Jobs ProcessJobs(const BenchFolders& folders) {
+  const fs::path packed = folders.home / "packed";
+  const fs::path extracted = folders.home / "extracted";
+  return {StartJob(folders), StockJob("pack", {"pack", "--output", packed, folders.game()}, folders, packed),
+          StockJob("extract", {"extract", folders.program() / "Data.DBF", extracted}, folders, extracted)};
+}
+
+void KeepTold(const BenchFolders& folders, const Told& told) {
+  std::ofstream(ToldFile(folders)) << told.gap << ' ' << told.memory << '\n';
+}
+
+}  // namespace korvane
