@@ -17,11 +17,14 @@ namespace {
 constexpr int kPathField = 0;
 constexpr int kTextField = 1;
 
-// True when the current record's file was missing.
+// True when the current record's file was missing. What exists is left alone wherever the path leads, so only
+// a missing file's path is followed link by link, which takes long.
 bool RestoreCurrent(DBCtl& database, const FileWriter& writer, const QString& gameFolder) {
+  const std::string folder = gameFolder.toStdString();
   const std::string relative = FromBytes(database.GetData(kPathField)).toStdString();
-  const std::optional<std::string> target = SafeTarget(gameFolder.toStdString(), relative);
-  if (!target || FileExists(*target)) return false;
+  if (FileExists(folder + '\\' + relative)) return false;
+  const std::optional<std::string> target = SafeTarget(folder, relative);
+  if (!target) return false;
   WriteTextFile(writer, QString::fromStdString(*target), database.GetData(kTextField));
   return true;
 }

@@ -203,6 +203,7 @@ TEST_F(WizardTest, RestoringMakesFoldersAndLeavesAloneWhatIsThere) {
   const std::string bytes("\xff\0 no line end", 14);
   game.write("Data/INI/Armor.ini", "");
   game.write("blocked", "a file in a folder's place");
+  fs::create_directory_symlink(program.native(""), game.native("away"));
   pack({{"Data\\INI\\New\\Deep\\Unit.ini", bytes},
         {"Data\\INI\\Armor.ini", "stock"},
         {"blocked\\x.ini", "stock"},
@@ -210,6 +211,7 @@ TEST_F(WizardTest, RestoringMakesFoldersAndLeavesAloneWhatIsThere) {
         {"..\\outside.ini", "hostile"},
         {"\\outside.ini", "hostile"},
         {"C:\\outside.ini", "hostile"},
+        {"away\\outside.ini", "hostile"},
         {"last.ini", "stock"}});
   restore();
   EXPECT_EQ(label(), "The Files Have Been Extracted, Click Next To Continue.");
@@ -219,6 +221,7 @@ TEST_F(WizardTest, RestoringMakesFoldersAndLeavesAloneWhatIsThere) {
   EXPECT_EQ(game.read("last.ini"), "stock");
   EXPECT_FALSE(fs::exists(game.native("../outside.ini")));
   EXPECT_FALSE(fs::exists("/outside.ini"));
+  EXPECT_FALSE(fs::exists(program.native("outside.ini")));
 }
 
 TEST_F(WizardTest, TheProgressIsExact) {
