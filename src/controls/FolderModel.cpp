@@ -17,8 +17,6 @@ namespace korvane {
 
 namespace {
 
-constexpr int kSliceMs = 5;
-
 QString Below(const QString& folder, QChar separator, const QString& name) {
   return folder.endsWith(separator) ? folder + name : folder + separator + name;
 }
@@ -69,9 +67,10 @@ struct FolderModel::Scan {
   bool holdsGame = false;
 };
 
-FolderModel::FolderModel(QList<FolderPlace> places, QObject* parent)
+FolderModel::FolderModel(QList<FolderPlace> places, QObject* parent, std::chrono::milliseconds slice)
     : QAbstractItemModel(parent),
       places_(std::move(places)),
+      slice_(slice),
       folderIcon_(ThemeIcon("folder")),
       gameFolderIcon_(ThemeIcon("game-folder")),
       root_(std::make_unique<Folder>()) {
@@ -102,16 +101,20 @@ void FolderModel::forget(const QModelIndex& index) {
 }
 
 void FolderModel::readOn() {
-  const QDeadlineTimer slice(kSliceMs);
-  while (!scans_.empty() && !slice.hasExpired()) {
-    if (advance(scans_.back())) continue;
-    Scan done = std::move(scans_.back());
-    scans_.pop_back();
-    if (done.folder.isValid()) finish(std::move(done));
-  }
+  const QDeadlineTimer slice(slice_);
+  do readStep();
+  while (!scans_.empty() && !slice.hasExpired());
   if (!scans_.empty()) return;
   timer_.stop();
   emit settled();
+}
+
+// One entry of the folder that was asked for last.
+void FolderModel::readStep() {
+  if (scans_.empty() || advance(scans_.back())) return;
+  Scan done = std::move(scans_.back());
+  scans_.pop_back();
+  if (done.folder.isValid()) finish(std::move(done));
 }
 
 // One entry further; false at the end of the folder, and where the folder is no longer in the tree.

@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QTimer>
 
+#include <chrono>
 #include <memory>
 #include <vector>
 
@@ -24,7 +25,9 @@ class FolderModel : public QAbstractItemModel {
     GameRole                  // true when the game's program lies in the folder, as far as it has been read
   };
 
-  explicit FolderModel(QList<FolderPlace> places, QObject* parent = nullptr);
+  // `slice`: how long it reads before it lets events run; one entry at the least.
+  explicit FolderModel(QList<FolderPlace> places, QObject* parent = nullptr,
+                       std::chrono::milliseconds slice = std::chrono::milliseconds(5));
   ~FolderModel() override;
 
   // Begins to read the folder, unless it has been read already.
@@ -52,11 +55,13 @@ class FolderModel : public QAbstractItemModel {
   QString path(const Folder& folder) const;
   QIcon icon(const Folder& folder) const;
   void readOn();
+  void readStep();
   bool advance(Scan& scan) const;
   void finish(Scan scan);
   void insert(const QModelIndex& index, QStringList names);
 
   QList<FolderPlace> places_;
+  std::chrono::milliseconds slice_;
   QIcon folderIcon_;
   QIcon gameFolderIcon_;
   std::unique_ptr<Folder> root_;
