@@ -23,7 +23,8 @@ class EditorLauncher {
   virtual void showCommandButtonEditor() = 0;
 
   // Selects the first entry of the editor's list, from the top, that begins with the name as a whole word,
-  // letter case ignored; nothing is selected when there is none. Loads the editor hidden where necessary.
+  // letter case ignored; nothing is selected when there is none. An armour editor that is not loaded makes
+  // the same choice when it is, which then shows the file as it is by then.
   virtual void selectWeapon(const QString& name) = 0;
   virtual void selectArmour(const QString& name) = 0;
 

@@ -22,11 +22,13 @@ namespace korvane {
 
 namespace {
 
-// A table editor reads its list when it is made; the events that run meanwhile find it in its place.
+// A table editor reads its list when it is made; the events that run meanwhile find it in its place. One that
+// the user closes even then is still this one: it goes a moment later.
 template <typename Editor>
-Editor& Loaded(Lazy<Editor>& editor) {
-  if (editor.existing() == nullptr) editor.get().load();
-  return editor.get();
+Editor& Loaded(Lazy<Editor>& lazy) {
+  Editor& editor = lazy.get();
+  editor.load();
+  return editor;
 }
 
 }  // namespace
