@@ -184,14 +184,16 @@ void FrmManEdit::keepUnsavedText() {
   openText_->keepUnsaved();
 }
 
-// A window that is active already, or whose display never activates one, gets its set-up all the same.
+// A window that is active already, or whose display never activates one, gets its set-up all the same. Never
+// inside of the activation itself: the toolkit then still has other windows to tell, which must not go
+// meanwhile.
 void FrmManEdit::setUpSoon() {
   QMetaObject::invokeMethod(this, &FrmManEdit::setUp, Qt::QueuedConnection);
 }
 
 bool FrmManEdit::event(QEvent* event) {
   const bool handled = QMainWindow::event(event);
-  if (event->type() == QEvent::WindowActivate) setUp();
+  if (event->type() == QEvent::WindowActivate) setUpSoon();
   return handled;
 }
 

@@ -22,6 +22,18 @@ TEST_F(ManEditTest, OpeningShowsTheTextFromItsStart) {
   EXPECT_EQ(QApplication::focusWidget(), text().focusProxy());
 }
 
+// The toolkit keeps a list of the windows that it still has to tell of an activation.
+TEST_F(ManEditTest, NoEventsRunInsideOfTheActivation) {
+  openFile(kFile);
+  target_.ManEditInitDone = false;
+  bool eventsRan = false;
+  yield_.onTurn = [&] { eventsRan = true; };
+  QEvent activation(QEvent::WindowActivate);
+  QCoreApplication::sendEvent(window_.get(), &activation);
+  EXPECT_FALSE(eventsRan);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return target_.ManEditInitDone; }));
+}
+
 TEST_F(ManEditTest, APartShowsNoFileAndIsNeverSaved) {
   openFile(kFile);
   openPart("Weapon Gun\r\nEnd\r\n");
