@@ -165,6 +165,7 @@ void FrmEdit::prepareInformationList() {
 }
 
 void FrmEdit::readWeapons() {
+  const ParserTurn turn(SParse1_);
   display_->readWeapons();
 }
 

@@ -7,12 +7,12 @@ namespace korvane {
 
 namespace {
 
-constexpr auto kSlice = std::chrono::milliseconds(8);
 constexpr int kLinesPerLook = 64;  // reading the clock costs as much as reading a line
 
 }  // namespace
 
-EventYield::EventYield() : lastTurn_(std::chrono::steady_clock::now()) {}
+EventYield::EventYield(std::chrono::milliseconds slice)
+    : slice_(slice), lastTurn_(std::chrono::steady_clock::now()) {}
 
 void EventYield::fullTurn() {
   runEvents();
@@ -26,7 +26,7 @@ void EventYield::runEvents() {
 
 void EventYield::lookAtClock() {
   linesUntilLook_ = kLinesPerLook;
-  if (std::chrono::steady_clock::now() - lastTurn_ >= kSlice) fullTurn();
+  if (std::chrono::steady_clock::now() - lastTurn_ >= slice_) fullTurn();
 }
 
 }  // namespace korvane

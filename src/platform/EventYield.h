@@ -9,7 +9,8 @@ namespace korvane {
 // run, the user can click anything: callers guard what must not start twice.
 class EventYield {
  public:
-  EventYield();
+  // `slice`: for how long work goes on without letting events run.
+  explicit EventYield(std::chrono::milliseconds slice = std::chrono::milliseconds(8));
   virtual ~EventYield() = default;
 
   // Made for every line that is read: next to free, and really enters the event loop only when a time slice
@@ -28,6 +29,7 @@ class EventYield {
  private:
   void lookAtClock();
 
+  std::chrono::milliseconds slice_;
   int linesUntilLook_ = 0;
   std::chrono::steady_clock::time_point lastTurn_;
 };

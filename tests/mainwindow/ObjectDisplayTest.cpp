@@ -156,5 +156,18 @@ TEST_F(ObjectDisplayTest, ValuesAreReadAnewAtEachClick) {
   EXPECT_EQ(text("MHealth"), "901");
 }
 
+TEST_F(ObjectDisplayTest, AClickWhileStartUpReadsTheWeaponsIsIgnored) {
+  std::string weapons;
+  for (int i = 0; i < 200; ++i) weapons += "Weapon Gun" + std::to_string(i) + "\nEnd\n";
+  game.ini("Weapon.ini", weapons);
+  open();
+  yield.onTurn = [this] { click("Jeep"); };
+  window->readWeapons();
+  EXPECT_FALSE(yield.onTurn);
+  EXPECT_EQ(window->weaponNames().size(), 200);
+  EXPECT_EQ(text("MHealth"), "");
+  EXPECT_FALSE(get<QTreeView>("TVMenu").selectionModel()->hasSelection());
+}
+
 }  // namespace
 }  // namespace korvane

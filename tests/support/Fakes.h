@@ -43,9 +43,11 @@ class FakeHelpViewer : public HelpViewer {
   std::vector<int> topics;  // 0: the contents
 };
 
-// Runs a test's own step the next time that long work lets events run.
+// Runs a test's own step the next time that work lets events run; every 64 lines, however quick they are
+// read.
 class ScriptedYield : public EventYield {
  public:
+  ScriptedYield() : EventYield(std::chrono::milliseconds(0)) {}
   std::function<void()> onTurn;
 
  protected:
