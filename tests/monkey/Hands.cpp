@@ -1,0 +1,303 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "monkey/Hands.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QMenu>
+#include <QPalette>
+#include <QTest>
+#include <QTreeView>
+#include <QWheelEvent>
+
+#include <array>
+
+namespace korvane {
+
+namespace {
+
+constexpr std::array kTexts = {"a",      "Tank",   "Gun1",   "90.5", "0",          " ; x",
+                               "\u00e9", "\u20ac", "\u4e2d", "\t",   "Weapon Gun9"};
+constexpr std::array kKeys = {
+    Qt::Key_Up,     Qt::Key_Down,      Qt::Key_Down,     Qt::Key_Left,   Qt::Key_Right,
+    Qt::Key_Tab,    Qt::Key_Backtab,   Qt::Key_Home,     Qt::Key_End,    Qt::Key_PageDown,
+    Qt::Key_PageUp, Qt::Key_Return,    Qt::Key_Enter,    Qt::Key_Escape, Qt::Key_Space,
+    Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Menu,     Qt::Key_F3,     Qt::Key_F9,
+    Qt::Key_F1,     Qt::Key_F2,        Qt::Key_Asterisk, Qt::Key_Plus,   Qt::Key_Minus};
+constexpr std::array kLetters = {Qt::Key_S,    Qt::Key_S,   Qt::Key_F,   Qt::Key_H, Qt::Key_A,
+                                 Qt::Key_Z,    Qt::Key_Y,   Qt::Key_X,   Qt::Key_C, Qt::Key_V,
+                                 Qt::Key_Home, Qt::Key_End, Qt::Key_Down};
+constexpr int kLargest = 1800;  // pixels of a window
+
+bool IsBlocked(const QWindow& window) {
+  const QWindow* modal = QGuiApplication::modalWindow();
+  return modal != nullptr && modal != &window && WidgetOf(window) != QApplication::activePopupWidget();
+}
+
+QTreeView* ShownTree(const char* name) {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    auto* tree = window->isVisible() ? window->findChild<QTreeView*>(name) : nullptr;
+    if (tree != nullptr && tree->isVisible()) return tree;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+const Hands::Action Hands::kActions[] = {
+    {"click", 30, &Hands::click},
+    {"double click", 4, &Hands::doubleClick},
+    {"right click", 4, &Hands::rightClick},
+    {"drag", 2, &Hands::drag},
+    {"wheel", 3, &Hands::turnWheel},
+    {"type", 10, &Hands::type},
+    {"key", 20, &Hands::pressKey},
+    {"shortcut", 6, &Hands::pressShortcut},
+    {"command", 10, &Hands::runCommand},
+    {"object", 8, &Hands::clickObject},
+    {"entry", 8, &Hands::clickEntry},
+    {"close", 3, &Hands::closeWindow},
+    {"resize", 3, &Hands::resizeWindow},
+    {"move", 1, &Hands::moveWindow},
+    {"window state", 1, &Hands::changeState},
+    {"palette", 1, &Hands::changePalette},
+    {"font", 1, &Hands::changeFont},
+    {"clipboard", 1, &Hands::fillClipboard},
+};
+
+QList<QWindow*> WindowsShown() {
+  QList<QWindow*> shown;
+  for (QWindow* window : QGuiApplication::topLevelWindows()) {
+    if (window->isVisible() && window->type() != Qt::ToolTip && WidgetOf(*window) != nullptr) shown += window;
+  }
+  return shown;
+}
+
+QWidget* WidgetOf(const QWindow& window) {
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    if (widget->windowHandle() == &window) return widget;
+  }
+  return nullptr;
+}
+
+void Hands::act() {
+  int all = 0;
+  for (const Action& action : kActions) all += action.weight;
+  int chosen = chance_.below(all);
+  for (const Action& action : kActions) {
+    chosen -= action.weight;
+    if (chosen >= 0) continue;
+    doing_ = action.what;
+    return (this->*action.act)();
+  }
+}
+
+QWindow* Hands::someWindow() {
+  if (const QWidget* popup = QApplication::activePopupWidget(); popup != nullptr && !chance_.oneIn(5)) {
+    return popup->windowHandle();
+  }
+  QWindow* active = QGuiApplication::focusWindow();
+  if (active != nullptr && active->isVisible() && !chance_.oneIn(3)) return active;
+  QList<QWindow*> shown = WindowsShown();
+  return shown.isEmpty() ? nullptr : chance_.oneOf(shown);
+}
+
+// Mostly on some control, so that small ones are met as often as large ones.
+QPoint Hands::somePlace(const QWindow& window) {
+  const auto inside = [this](QSize size) {
+    return QPoint(chance_.below(size.width()), chance_.below(size.height()));
+  };
+  const QWidget* top = WidgetOf(window);
+  if (top == nullptr || chance_.oneIn(5)) return inside(window.size());
+  QList<QWidget*> controls;
+  for (QWidget* control : top->findChildren<QWidget*>()) {
+    if (control->window() == top && control->isVisible()) controls += control;
+  }
+  if (controls.isEmpty()) return inside(window.size());
+  const QWidget* control = chance_.oneOf(controls);
+  return control->mapTo(top, inside(control->size()));
+}
+
+void Hands::press(Qt::MouseButton button, QWindow& window, QPoint at) {
+  const QPointer<QWindow> target(&window);
+  if (!QRect({}, window.size()).contains(at)) return;
+  event([&] { QTest::mousePress(target, button, {}, at); });
+  event([&] {
+    if (target) QTest::mouseRelease(target, button, {}, at);
+  });
+}
+
+void Hands::click() {
+  if (QWindow* window = someWindow()) press(Qt::LeftButton, *window, somePlace(*window));
+}
+
+void Hands::rightClick() {
+  if (QWindow* window = someWindow()) press(Qt::RightButton, *window, somePlace(*window));
+}
+
+void Hands::doubleClick() {
+  QWindow* window = someWindow();
+  if (window == nullptr) return;
+  const QPoint at = somePlace(*window);
+  if (QRect({}, window->size()).contains(at))
+    event([&] { QTest::mouseDClick(window, Qt::LeftButton, {}, at); });
+}
+
+void Hands::drag() {
+  const QPointer<QWindow> window = someWindow();
+  if (!window) return;
+  const QPoint from = somePlace(*window);
+  const QPoint to = somePlace(*window);
+  for (const QPoint at : {from, to}) {
+    if (!QRect({}, window->size()).contains(at)) return;
+  }
+  event([&] { QTest::mousePress(window, Qt::LeftButton, {}, from); });
+  for (const QPoint at : {(from + to) / 2, to}) {
+    event([&] {
+      if (window) QTest::mouseMove(window, at);
+    });
+  }
+  event([&] {
+    if (window) QTest::mouseRelease(window, Qt::LeftButton, {}, to);
+  });
+}
+
+void Hands::turnWheel() {
+  QWindow* window = someWindow();
+  if (window == nullptr || IsBlocked(*window)) return;
+  const QPointF at = somePlace(*window);
+  const QPoint turn(0, chance_.oneIn(2) ? 240 : -240);
+  const auto modifier = chance_.oneIn(5) ? Qt::ControlModifier : Qt::NoModifier;
+  event([&] {
+    QWheelEvent wheel(at, window->mapToGlobal(at), {}, turn, Qt::NoButton, modifier, Qt::NoScrollPhase,
+                      false);
+    QCoreApplication::sendEvent(window, &wheel);
+  });
+}
+
+void Hands::key(int code, Qt::KeyboardModifiers modifiers, const QString& text) {
+  for (const bool down : {true, false}) {
+    event([&] {
+      QWindow* window = QGuiApplication::focusWindow();
+      if (window == nullptr) window = someWindow();
+      // One event: after the first of several the window may be gone.
+      if (window != nullptr) QTest::simulateEvent(window, down, code, modifiers, text, false);
+    });
+  }
+}
+
+void Hands::type() {
+  for (const QChar letter : QString::fromUtf8(chance_.oneOf(kTexts))) {
+    key(letter.toUpper().unicode(), Qt::NoModifier, QString(letter));
+  }
+}
+
+void Hands::pressKey() {
+  const auto modifiers = chance_.oneIn(6) ? Qt::ShiftModifier : Qt::NoModifier;
+  const int code = chance_.oneOf(kKeys);
+  const bool breaksLine = code == Qt::Key_Return || code == Qt::Key_Enter;
+  key(code, modifiers, breaksLine ? QString('\r') : QString());
+}
+
+void Hands::pressShortcut() {
+  if (chance_.oneIn(4)) return key(Qt::Key_A + chance_.below(26), Qt::AltModifier, {});
+  key(chance_.oneOf(kLetters), Qt::ControlModifier, {});
+}
+
+void Hands::runCommand() {
+  const QWindow* window = someWindow();
+  const QWidget* top = window == nullptr || IsBlocked(*window) ? nullptr : WidgetOf(*window);
+  if (top == nullptr || !top->isEnabled()) return;
+  QList<QAction*> commands;
+  for (QAction* action : top->findChildren<QAction*>()) {
+    const bool exits = action->objectName() == "MnuExit" || action->objectName() == "W95MBX01";
+    if (action->isEnabled() && action->menu() == nullptr && (!exits || chance_.oneIn(6))) commands += action;
+  }
+  if (!commands.isEmpty()) event([command = chance_.oneOf(commands)] { command->trigger(); });
+}
+
+void Hands::clickOn(QWidget& widget, QPoint at) {
+  QWidget* top = widget.window();
+  if (top->windowHandle() != nullptr) press(Qt::LeftButton, *top->windowHandle(), widget.mapTo(top, at));
+}
+
+void Hands::clickObject() {
+  QTreeView* tree = ShownTree("TVMenu");
+  if (tree == nullptr) return;
+  const QAbstractItemModel& model = *tree->model();
+  QModelIndex node;
+  while (const int rows = model.rowCount(node)) node = model.index(chance_.below(rows), 0, node);
+  event([&] { tree->scrollTo(node); });
+  clickOn(*tree->viewport(), tree->visualRect(node).center());
+}
+
+void Hands::clickEntry() {
+  const QWindow* window = someWindow();
+  QWidget* top = window == nullptr ? nullptr : WidgetOf(*window);
+  if (top == nullptr) return;
+  QList<QAbstractItemView*> views;
+  for (auto* view : top->findChildren<QAbstractItemView*>()) {
+    if (view->isVisible() && view->window() == top) views += view;
+  }
+  if (views.isEmpty()) return;
+  QWidget* rows = chance_.oneOf(views)->viewport();
+  clickOn(*rows, {chance_.below(rows->width()), chance_.below(rows->height())});
+}
+
+void Hands::closeWindow() {
+  QWindow* window = someWindow();
+  if (window == nullptr || IsBlocked(*window)) return;
+  if (WidgetOf(*window)->objectName() == "FrmEdit" && !chance_.oneIn(4)) return;
+  event([&] { window->close(); });
+}
+
+void Hands::resizeWindow() {
+  if (QWindow* window = someWindow()) {
+    event([&] { window->resize(1 + chance_.below(kLargest), 1 + chance_.below(kLargest)); });
+  }
+}
+
+void Hands::moveWindow() {
+  if (QWindow* window = someWindow()) {
+    event([&] { window->setPosition(chance_.below(kLargest) - 400, chance_.below(kLargest) - 400); });
+  }
+}
+
+void Hands::changeState() {
+  constexpr std::array kStates = {Qt::WindowMinimized, Qt::WindowMaximized, Qt::WindowNoState};
+  if (QWindow* window = someWindow()) {
+    event([&] { window->setWindowStates(chance_.oneOf(kStates)); });
+  }
+}
+
+void Hands::changePalette() {
+  const QColor window = chance_.oneIn(2) ? QColor(40, 40, 44) : QColor(239, 239, 239);
+  event([&] { QApplication::setPalette(QPalette(window)); });
+}
+
+void Hands::changeFont() {
+  QFont font = QApplication::font();
+  font.setPointSize(7 + chance_.below(14));
+  event([&] { QApplication::setFont(font); });
+}
+
+void Hands::fillClipboard() {
+  event(
+      [&] { QGuiApplication::clipboard()->setText(QString::fromUtf8(chance_.oneOf(kTexts)).repeated(20)); });
+}
+
+void Hands::reachFolder(const QString& folder) {
+  QTreeView* tree = ShownTree("BrowseTree");
+  if (tree == nullptr) return;
+  doing_ = "game folder";
+  const QAbstractItemModel& model = *tree->model();
+  QModelIndex at = model.index(0, 0);
+  for (const QString& name : folder.split('/', Qt::SkipEmptyParts)) {
+    event([&] { tree->expand(at); });
+    at = model.match(model.index(0, 0, at), Qt::DisplayRole, name, 1, Qt::MatchExactly).value(0);
+    if (!at.isValid()) return;
+  }
+  event([&] { tree->setCurrentIndex(at); });
+}
+
+}  // namespace korvane

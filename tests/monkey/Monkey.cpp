@@ -1,0 +1,286 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "monkey/Monkey.h"
+
+#include <QApplication>
+#include <QDrag>
+#include <QPixmapCache>
+#include <QTimerEvent>
+#include <QTreeView>
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <iterator>
+
+#include "controls/FolderModel.h"
+#include "files/NativePath.h"
+#include "manualeditor/IniTextEdit.h"
+#include "manualeditor/OpenText.h"
+#include "setup/GameFolderCheck.h"
+#include "setup/StockTable.h"
+#include "startup/Program.h"
+
+namespace korvane {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int kDeepest = 3;          // events inside of the work for an event inside of ...
+constexpr int kLongestRound = 2000;  // events
+constexpr int kFewestRounds = 4;
+constexpr int kEventsPerChange = 60;  // of the monkey for one from outside
+constexpr int kMostTicksWithoutWindow = 2000;
+
+constexpr std::array kSettings = {"InfoTab",     "Exit",        "MenuiFont",   "MenuiFontSize", "MenuiBold",
+                                  "ManEditSize", "ManEditName", "ManEditBold", "FrmEdit_Width", "ItemNum"};
+constexpr std::array kValues = {"0",    "1",        "-7", "99999999999", "DejaVu Sans",
+                                "True", "nonsense", "",   "6",           "12"};
+
+QString Text(const fs::path& path) {
+  return QString::fromStdString(ProgramPath(path));
+}
+
+fs::path Game(const fs::path& root) {
+  return root / "home" / "game";
+}
+
+}  // namespace
+
+class Monkey::Boxes : public MessageBoxes {
+ public:
+  explicit Boxes(Monkey& monkey) : monkey_(monkey), real_(monkey.help_) {}
+
+  // Now and then a real one, which the monkey then has to close.
+  bool show(const Message& message, QWidget* owner) override {
+    if (monkey_.over_) return false;
+    if (monkey_.chance_.oneIn(3)) return real_.show(message, owner);
+    return monkey_.chance_.oneIn(2);
+  }
+
+ private:
+  Monkey& monkey_;
+  DesktopMessageBoxes real_;
+};
+
+// Lets the monkey in wherever long work lets events run, far more often than time alone would.
+class Monkey::Yield : public EventYield {
+ public:
+  explicit Yield(Monkey& monkey) : EventYield(std::chrono::milliseconds(0)), monkey_(monkey) {}
+
+ protected:
+  void runEvents() override {
+    monkey_.pulse_.beat("work");
+    if (!monkey_.over_) EventYield::runEvents();
+  }
+
+ private:
+  Monkey& monkey_;
+};
+
+class Monkey::End : public ProcessEnd {
+ public:
+  explicit End(Monkey& monkey) : monkey_(monkey) {}
+  void end() override { monkey_.endRound(); }
+
+ private:
+  Monkey& monkey_;
+};
+
+// A timer of its own for every tick, so that the next one can come before this one is over.
+class Monkey::Ticker : public QObject {
+ public:
+  explicit Ticker(Monkey& monkey) : monkey_(monkey) {}
+
+ protected:
+  void timerEvent(QTimerEvent* event) override {
+    killTimer(event->timerId());
+    monkey_.tick();
+  }
+
+ private:
+  Monkey& monkey_;
+};
+
+Monkey::Monkey(unsigned seed, const fs::path& root, bool damaged)
+    : chance_(seed),
+      root_(root),
+      ledger_(Game(root), damaged        ? DamagedGame(chance_)
+                          : seed % 4 < 2 ? SmallGame()
+                                         : SampleGame()),
+      hands_(chance_, [this](const char* what, const std::function<void()>& event) { around(what, event); }),
+      settings_(QString::fromStdString((root / "settings").string())),
+      boxes_(std::make_unique<Boxes>(*this)),
+      end_(std::make_unique<End>(*this)),
+      yield_(std::make_unique<Yield>(*this)),
+      folders_{{}, Text(root / "program")},
+      services_(
+          std::make_unique<Services>(Services{settings_, *boxes_, shell_, help_, *end_, *yield_, folders_})) {
+  for (const char* folder : {"program", "settings", "home/data"}) fs::create_directories(root / folder);
+  StockTable stock(root / "program" / "Data");
+  for (const auto& [path, bytes] : ledger_.original()) {
+    std::string name = path;
+    std::replace(name.begin(), name.end(), '/', '\\');
+    stock.add(name, bytes);
+  }
+  stock.commit();
+}
+
+Monkey::~Monkey() = default;
+
+MonkeyReport Monkey::run(int events) {
+  eventsLeft_ = events;
+  warmAt_ = events - events / 3;
+  longestRound_ = std::min(kLongestRound, events / kFewestRounds);
+  pulse_.reset();
+  while (eventsLeft_ > 0 && report_.fault.empty()) round();
+  report_.events = events - eventsLeft_;
+  report_.longest = pulse_.longest();
+  report_.longestDuring = pulse_.longestDuring();
+  report_.resident = ResidentBytes();
+  return report_;
+}
+
+void Monkey::round() {
+  ++report_.rounds;
+  begin();
+  {
+    Program program(*services_, chance_.oneIn(8) ? "-Reinstall" : "");
+    program.StartProgram();
+    if (!over_) loop_.exec();
+    ticker_.reset();
+  }
+  inspect("end of the program");
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  measureHeap();
+}
+
+void Monkey::begin() {
+  over_ = false;
+  ticksWithoutWindow_ = 0;
+  roundLeft_ = 1 + chance_.below(longestRound_);
+  const QString game = settings_.gameFolder();
+  const bool elsewhere = game != Text(ledger_.folder()) && FolderExists(game.toStdString() + "\\Data\\INI");
+  if (elsewhere || !chance_.oneIn(6)) settings_.saveGameFolder(Text(ledger_.folder()));
+  ticker_ = std::make_unique<Ticker>(*this);
+  ticker_->startTimer(0);
+}
+
+void Monkey::endRound() {
+  over_ = true;
+  loop_.quit();
+}
+
+// Runs in whatever loop lets events run: the program's own, that of a dialog or menu, or in the middle of a
+// read.
+void Monkey::tick() {
+  if (over_ && depth_ == 0) return;
+  pulse_.beat("tick");
+  ticker_->startTimer(0);
+  if (over_ || depth_ >= kDeepest) return dismiss();
+  if (depth_ > 0 && chance_.oneIn(2)) return;
+  if (depth_ > 0 && chance_.oneIn(20)) return dismiss();
+  ++depth_;
+  step();
+  --depth_;
+  pulse_.beat("event loop");
+}
+
+void Monkey::step() {
+  if (eventsLeft_ <= 0 || roundLeft_ <= 0) return endRound();
+  ticksWithoutWindow_ = WindowsShown().isEmpty() ? ticksWithoutWindow_ + 1 : 0;
+  if (ticksWithoutWindow_ > kMostTicksWithoutWindow) return fail("The program runs on without a window");
+  if (chance_.oneIn(kEventsPerChange)) {
+    inspect("change from outside");
+    ledger_.changeOutside(chance_);
+  }
+  if (chance_.oneIn(400)) garbleSetting();
+  if (chance_.oneIn(30)) hands_.reachFolder(QString::fromStdString(ledger_.folder().string()));
+  hands_.act();
+}
+
+// Ends what would keep the work below it from going on.
+void Monkey::dismiss() {
+  QDrag::cancel();
+  if (QWidget* popup = QApplication::activePopupWidget()) {
+    popup->close();
+  } else if (QWidget* modal = QApplication::activeModalWidget()) {
+    modal->close();
+  }
+}
+
+void Monkey::around(const char* what, const std::function<void()>& event) {
+  if (over_) return;
+  --eventsLeft_;
+  --roundLeft_;
+  inspect(what);  // the event that this one comes in the middle of may have saved
+  stayInGame();
+  pulse_.beat(what);
+  event();
+  pulse_.beat(what);
+  inspect(what);
+}
+
+// The folder tree shows the whole machine: a game of somebody else's is none of the monkey's business.
+void Monkey::stayInGame() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    auto* tree = window->findChild<QTreeView*>("BrowseTree");
+    if (tree == nullptr) continue;
+    const QString folder = tree->currentIndex().data(FolderModel::PathRole).toString();
+    const bool isGame = HoldsGame(folder) || FolderExists(folder.toStdString() + "\\Data\\INI");
+    if (isGame && folder != Text(ledger_.folder())) tree->setCurrentIndex(tree->model()->index(0, 0));
+  }
+}
+
+void Monkey::inspect(const char* what) {
+  for (const GameLedger::Change& change : ledger_.look()) {
+    if (!change.before && change.after && ledger_.isOriginal(change.path, *change.after)) {
+      ++report_.restored;
+    } else if (!change.after || !isSaved(change)) {
+      fail("A file changed that no save changed, by " + std::string(what) + ": " + change.path);
+    } else if (change.before && !isKept(*change.before)) {
+      fail("A save did not keep the version before it, by " + std::string(what) + ": " + change.path);
+    } else {
+      ++report_.saves;
+    }
+  }
+}
+
+bool Monkey::isSaved(const GameLedger::Change& change) const {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    const auto* open = window->findChild<OpenText*>();
+    if (window->objectName() != "FrmManEdit" || open == nullptr || open->isPart()) continue;
+    const bool isItsFile = NativePath(open->file().toStdString()) == ledger_.folder() / change.path;
+    const auto* text = window->findChild<IniTextEdit*>("TxtManEdit");
+    if (isItsFile && text->fileBytes().bytes == *change.after) return true;
+  }
+  return false;
+}
+
+bool Monkey::isKept(const std::string& bytes) const {
+  for (const fs::directory_entry& file : fs::recursive_directory_iterator(root_ / "home" / "data")) {
+    if (!file.is_regular_file() || file.file_size() != bytes.size()) continue;
+    std::ifstream kept(file.path(), std::ios::binary);
+    if (std::string(std::istreambuf_iterator<char>(kept), {}) == bytes) return true;
+  }
+  return false;
+}
+
+void Monkey::fail(const std::string& fault) {
+  if (report_.fault.empty()) report_.fault = fault;
+  endRound();
+}
+
+void Monkey::garbleSetting() {
+  const char* section = chance_.oneIn(4) ? "EditWH" : chance_.oneIn(8) ? "Search List" : "Settings";
+  settings_.save(section, chance_.oneOf(kSettings), chance_.oneOf(kValues));
+}
+
+void Monkey::measureHeap() {
+  QPixmapCache::clear();
+  report_.heapEnd = HeapInUse();
+  if (eventsLeft_ >= warmAt_ || report_.rounds == 1)
+    report_.heapWarm = std::max(report_.heapWarm, report_.heapEnd);
+}
+
+}  // namespace korvane

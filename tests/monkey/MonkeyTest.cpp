@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <set>
+
+#include "monkey/Monkey.h"
+
+namespace korvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+#ifdef __SANITIZE_ADDRESS__
+constexpr int kPatience = 5000;  // milliseconds without an answer
+#else
+constexpr int kPatience = 1000;
+#endif
+constexpr std::size_t kMiB = std::size_t{1} << 20;
+constexpr std::size_t kMostGrowth = 12 * kMiB;  // of the caches of the toolkit
+
+// The number behind "--name=" on the command line.
+int Argument(const char* name, int otherwise) {
+  for (const QString& argument : QCoreApplication::arguments()) {
+    const QString start = QString("--%1=").arg(name);
+    if (argument.startsWith(start)) return argument.mid(start.size()).toInt();
+  }
+  return otherwise;
+}
+
+// Everything below the root that is not the program's to change.
+std::set<std::string> Untouchable(const fs::path& root) {
+  std::set<std::string> paths;
+  for (fs::recursive_directory_iterator it(root), end; it != end; ++it) {
+    const std::string path = it->path().lexically_relative(root).generic_string();
+    if (path == "settings" || path == "home/game" || path == "home/data") {
+      it.disable_recursion_pending();
+    } else {
+      paths.insert(path + ' ' + (it->is_directory() ? std::string() : std::to_string(it->file_size())));
+    }
+  }
+  return paths;
+}
+
+// The toolkit talks a lot when it is used without sense; once is enough.
+void PrintOnce(QtMsgType, const QMessageLogContext&, const QString& text) {
+  static std::set<QString> printed;
+  if (printed.insert(text).second) std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
+void Print(int seed, const MonkeyReport& report) {
+  std::printf(
+      "seed %d: %d events, %d rounds, %zu saves, %zu files restored, longest without an answer %d ms (%s), "
+      "heap %.1f MiB then %.1f MiB, resident %.0f MiB\n",
+      seed, report.events, report.rounds, report.saves, report.restored,
+      static_cast<int>(report.longest.count()), report.longestDuring.c_str(),
+      static_cast<double>(report.heapWarm) / kMiB, static_cast<double>(report.heapEnd) / kMiB,
+      static_cast<double>(report.resident) / kMiB);
+  std::fflush(stdout);
+}
+
+void RunSeed(int seed) {
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  const QTemporaryDir folder;
+  const fs::path root = folder.path().toStdString();
+  for (const char* name : {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "PATH"}) {
+    qputenv(name, (root / "home").string().c_str());
+  }
+  qputenv("XDG_DATA_HOME", (root / "home" / "data").string().c_str());
+  Monkey monkey(static_cast<unsigned>(seed), root, seed % 2 == 0);
+  const std::set<std::string> before = Untouchable(root);
+  const MonkeyReport report = monkey.run(Argument("events", 1500));
+  Print(seed, report);
+  EXPECT_EQ(report.fault, "");
+  EXPECT_EQ(Untouchable(root), before);
+  EXPECT_LT(report.longest.count(), Argument("patience", kPatience));
+  EXPECT_LT(report.heapEnd, report.heapWarm + kMostGrowth);
+}
+
+// --events=N --seed=FIRST --seeds=N --patience=MILLISECONDS. Even seeds use a damaged game.
+TEST(MonkeyTest, NothingBreaksTheProgram) {
+  qInstallMessageHandler(PrintOnce);
+  const int first = Argument("seed", 1);
+  for (int seed = first; seed < first + Argument("seeds", 2); ++seed) RunSeed(seed);
+  qInstallMessageHandler(nullptr);
+}
+
+}  // namespace
+}  // namespace korvane

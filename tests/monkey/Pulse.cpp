@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "monkey/Pulse.h"
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+
+#if defined(__SANITIZE_ADDRESS__)
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();  // not every compiler brings its header
+#elif defined(__GLIBC__)
+#include <malloc.h>
+#endif
+#ifndef _WIN32
+#include <pthread.h>
+#endif
+
+namespace korvane {
+
+namespace {
+
+constexpr auto kHanging = std::chrono::seconds(120);
+constexpr auto kLookInterval = std::chrono::milliseconds(200);
+
+}  // namespace
+
+Pulse::Pulse() : last_(Clock::now().time_since_epoch().count()) {
+#ifndef _WIN32
+  watched_ = pthread_self();
+#endif
+  watcher_ = std::thread([this] { watch(); });
+}
+
+Pulse::~Pulse() {
+  done_ = true;
+  watcher_.join();
+}
+
+void Pulse::beat(const char* doing) {
+  const auto now = Clock::now().time_since_epoch();
+  const Clock::duration silence = now - Clock::duration(last_.exchange(now.count()));
+  if (silence > longest_) {
+    longest_ = silence;
+    longestDuring_ = doing_;
+  }
+  doing_ = doing;
+}
+
+void Pulse::reset() {
+  longest_ = {};
+  last_ = Clock::now().time_since_epoch().count();
+}
+
+std::chrono::milliseconds Pulse::longest() const {
+  return std::chrono::duration_cast<std::chrono::milliseconds>(longest_);
+}
+
+void Pulse::watch() {
+  while (!done_) {
+    std::this_thread::sleep_for(kLookInterval);
+    if (Clock::now().time_since_epoch() - Clock::duration(last_) < kHanging) continue;
+    std::fprintf(stderr, "No answer for %d seconds during: %s\n", static_cast<int>(kHanging.count()),
+                 doing_.load());
+#ifdef _WIN32
+    std::abort();
+#else
+    pthread_kill(watched_, SIGABRT);
+    return;
+#endif
+  }
+}
+
+std::size_t HeapInUse() {
+#if defined(__SANITIZE_ADDRESS__)
+  return __sanitizer_get_current_allocated_bytes();
+#elif defined(__GLIBC__)
+  const struct mallinfo2 info = mallinfo2();
+  return info.uordblks + info.hblkhd;
+#else
+  return 0;
+#endif
+}
+
+std::size_t ResidentBytes() {
+  constexpr std::size_t kPage = 4096;
+  std::size_t pages = 0;
+  std::ifstream("/proc/self/statm").ignore(64, ' ') >> pages;
+  return pages * kPage;
+}
+
+}  // namespace korvane
