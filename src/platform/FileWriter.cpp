@@ -59,7 +59,7 @@ bool ReachesTheDisk([[maybe_unused]] const QFileDevice& file) {
   return true;  // the toolkit flushes to the disk when it commits
 #else
   // Some file systems cannot be asked; a disk that is full or broken can.
-  return ::fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOSYS;
+  return ::fdatasync(file.handle()) == 0 || errno == EINVAL || errno == ENOSYS;
 #endif
 }
 
@@ -122,6 +122,18 @@ QString FileWriter::create(const QString& path, std::string_view bytes) const {
   std::error_code ignored;
   fs::remove(beside, ignored);
   return CannotLink(error) ? CreateInPlace(target, bytes) : ReasonOf(error);
+}
+
+QString FileWriter::keepAs(const QString& path, const QString& name) const {
+  const fs::path target = TargetOf(path);
+  std::error_code error;
+  if (fs::hard_link_count(target, error) != 1)
+    return ReasonOf(std::make_error_code(std::errc::too_many_links));
+  QFile file(TextOf(target));
+  if (!file.open(QIODevice::ReadOnly)) return file.errorString();
+  if (!ReachesTheDisk(file)) return ReasonOf({errno, std::generic_category()});
+  fs::create_hard_link(target, NativePath(name.toStdString()), error);
+  return ReasonOf(error);
 }
 
 QString FileWriter::note(const QString& path, std::string_view bytes) const {

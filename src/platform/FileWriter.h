@@ -20,6 +20,11 @@ class FileWriter {
   // meanwhile.
   QString create(const QString& path, std::string_view bytes) const;
 
+  // Gives the file, as it lies on the disk, a second name (native path) that it keeps when it is replaced:
+  // the cheapest copy there is. Not for a file that has several names already, as it can change under each of
+  // them, and not from one disk to another.
+  QString keepAs(const QString& path, const QString& name) const;
+
   // Replaces a file whole as the system gets round to it: what is written survives the end of the program,
   // not that of the machine. For what is written often and needed seldom.
   QString note(const QString& path, std::string_view bytes) const;

@@ -32,9 +32,9 @@ QString FileName(const QString& path) {
   return path.mid(qMax(path.lastIndexOf('\\'), path.lastIndexOf('/')) + 1);
 }
 
-// Oldest last.
+// Oldest last. The name tells the time; the file's own is that of its text.
 QStringList VersionsIn(const QString& folder) {
-  return QDir(folder).entryList(QDir::Files, QDir::Time);
+  return QDir(folder).entryList(QDir::Files, QDir::Name | QDir::Reversed);
 }
 
 bool IsNewest(const QString& folder, std::string_view bytes) {
@@ -74,24 +74,28 @@ QString KeptVersions::folderOf(const QString& path) const {
 
 QString KeptVersions::keepReplaced(const QString& path, std::string_view replacement) const {
   FileBytes old;
-  const bool found = old.read(path.toStdString(), {});
-  return found && old.bytes() != replacement ? keep(path, {}, old.bytes()) : QString();
+  if (!old.read(path.toStdString(), {}) || old.bytes() == replacement) return {};
+  return keep(path, {}, old.bytes(), [&](const QString& name) {
+    return files_.keepAs(path, name).isEmpty() ? QString() : files_.create(name, old.bytes());
+  });
 }
 
 QString KeptVersions::keepUnsaved(const QString& path, bool part, std::string_view bytes) const {
-  return keep(path, part ? kUnsavedPart : kUnsaved, bytes);
+  return keep(path, part ? kUnsavedPart : kUnsaved, bytes,
+              [&](const QString& name) { return files_.create(name, bytes); });
 }
 
-QString KeptVersions::keep(const QString& path, const QString& label, std::string_view bytes) const {
+QString KeptVersions::keep(const QString& path, const QString& label, std::string_view bytes,
+                           const Write& write) const {
   const QString folder = folderOf(path);
   if (!QDir().mkpath(folder)) return QStringLiteral("The folder %1 cannot be made").arg(folder);
   if (IsNewest(folder, bytes)) return {};  // ten saves of one text would push every other version out
   const QString time = QDateTime::currentDateTime().toString("yyyy-MM-dd HH.mm.ss.zzz");
   QString reason;
   for (int i = 1; i <= kMostNames; ++i) {
-    const QString number = i > 1 ? QStringLiteral(" (%1)").arg(i) : QString();
+    const QString number = i > 1 ? QStringLiteral(".%1").arg(i, 3, 10, QChar('0')) : QString();
     const QString name = folder + '/' + time + number + ' ' + label + FileName(path);
-    reason = files_.create(name, bytes);
+    reason = write(name);
     if (reason.isEmpty() || !QFile::exists(name)) break;
   }
   if (reason.isEmpty()) Prune(folder);

@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <string_view>
 
@@ -34,7 +35,9 @@ class KeptVersions {
  private:
   friend class UnsavedJournal;
 
-  QString keep(const QString& path, const QString& label, std::string_view bytes) const;
+  // `write` puts the version at the (native) path that it is given and says why it cannot, see FileWriter.
+  using Write = std::function<QString(const QString&)>;
+  QString keep(const QString& path, const QString& label, std::string_view bytes, const Write& write) const;
   QString journalFolder() const;
   void recoverLost() const;
   void recover(const QString& journal) const;

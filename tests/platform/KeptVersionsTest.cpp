@@ -58,6 +58,30 @@ TEST_F(KeptVersionsTest, TheNewestTenOfEachFileStay) {
   EXPECT_EQ(QDir(versions_.folderOf(other)).entryList(QDir::Files).size(), 1);
 }
 
+TEST_F(KeptVersionsTest, AnOldFileThatIsReplacedIsTheNewestVersion) {
+  for (int i = 0; i < 10; ++i) versions_.keepUnsaved(path_, false, std::to_string(i));
+  game_.write("Data/INI/Weapon.ini", "old");
+  std::filesystem::last_write_time(game_.native("Data/INI/Weapon.ini"), {});
+  EXPECT_EQ(versions_.keepReplaced(path_, "new"), "");
+  EXPECT_EQ(texts().count("old"), 1U);
+  EXPECT_EQ(texts().count("0"), 0U);
+}
+
+TEST_F(KeptVersionsTest, NothingWrittenLaterChangesAKeptVersion) {
+  const char* file = "Data/INI/Weapon.ini";
+  const char* otherName = "Data/INI/Backup.ini";
+  const auto saveOver = [&](const char* old, const char* written) {
+    game_.write(file, old);
+    EXPECT_EQ(versions_.keepReplaced(path_, "new"), "");
+    EXPECT_EQ(writer_.replace(path_, "new"), "");
+    game_.write(written, "in place");
+    EXPECT_EQ(texts().count(old), 1U) << old;
+  };
+  saveOver("of one name", file);
+  std::filesystem::create_hard_link(game_.native(file), game_.native(otherName));
+  saveOver("of two names", otherName);
+}
+
 TEST_F(KeptVersionsTest, AFolderThatCannotBeMadeIsReported) {
   game_.write("Data/INI/Weapon.ini", "old");
   const KeptVersions nowhere(writer_, QString::fromStdString(game_.native("Data/INI/Weapon.ini").string()));
