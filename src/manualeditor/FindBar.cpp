@@ -39,7 +39,7 @@ FindBar::FindBar(IniTextEdit& text, QToolBar& bar)
   BtnFind_->setObjectName("BtnFind");
   bar.addWidget(CboFind_);
   bar.addWidget(BtnFind_);
-  CboFind_->lineEdit()->installEventFilter(this);
+  CboFind_->installEventFilter(this);  // its line edit leaves the keyboard to it
   BtnFind_->installEventFilter(this);
   connect(CboFind_, &QComboBox::editTextChanged, this, [this] { BtnFind_->setText(kFind); });
   connect(BtnFind_, &QPushButton::clicked, this, &FindBar::FindText);
@@ -95,7 +95,7 @@ QString FindBar::soughtText() const {
 }
 
 bool FindBar::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == CboFind_->lineEdit() && IsEnterReleased(*event)) {
+  if (watched == CboFind_ && IsEnterReleased(*event)) {
     FindText();
     return true;
   }
