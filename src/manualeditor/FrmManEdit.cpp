@@ -43,7 +43,13 @@ constexpr QSize kDesignSize(900, 620);
 constexpr QSize kIconSize(16, 16);
 
 enum Panel { linePanel, statePanel, timePanel, datePanel, filePanel };
-constexpr std::array kPanelStretch = {3, 2, 3, 3, 10};
+struct PanelWidth {
+  const char* longest;  // text that fits in any case
+  int stretch;
+};
+constexpr std::array kPanelWidths = {PanelWidth{"Line 100000 of 100000", 3}, PanelWidth{"Loading...", 2},
+                                     PanelWidth{"Time: 00:00:00 AM", 3}, PanelWidth{"Date: 00 Mmm 0000", 3},
+                                     PanelWidth{"", 10}};
 
 }  // namespace
 
@@ -158,7 +164,8 @@ void FrmManEdit::buildStatusBar() {
     panels_[i]->setTextFormat(Qt::PlainText);
     // A long path must not widen the window.
     panels_[i]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    statusBar()->addWidget(panels_[i], kPanelStretch[i]);
+    panels_[i]->setMinimumWidth(fontMetrics().horizontalAdvance(kPanelWidths[i].longest));
+    statusBar()->addWidget(panels_[i], kPanelWidths[i].stretch);
   }
   statusBar()->setFixedHeight(std::max(kStatusBarHeight, statusBar()->sizeHint().height()));
 }
