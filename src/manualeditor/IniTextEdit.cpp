@@ -22,6 +22,7 @@ constexpr int kSizeFactor = Sci::SC_FONT_SIZE_MULTIPLIER;
 constexpr int kNumberMargin = 0;
 constexpr int kSymbolMargin = 1;
 constexpr int kTextMargin = 4;  // pixels between the line numbers and the text
+constexpr int kLinesAround = 4;
 constexpr int kStrikeIndicator = 20;
 // Above this size edits are not announced to screen readers one by one: for each, the control counts every
 // character of the text before it.
@@ -161,8 +162,11 @@ void IniTextEdit::selectAll() {
   Q_EMIT cursorMayHaveMoved();
 }
 
+// The selection comes into view with some lines around it; the user's own moves go up to the edge.
 void IniTextEdit::select(long from, long to) {
+  send(Sci::SCI_SETYCARETPOLICY, Sci::CARET_SLOP | Sci::CARET_STRICT | Sci::CARET_EVEN, kLinesAround);
   send(Sci::SCI_SETSEL, from, to);
+  send(Sci::SCI_SETYCARETPOLICY, Sci::CARET_EVEN);
   Q_EMIT cursorMayHaveMoved();
 }
 
