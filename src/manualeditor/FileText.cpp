@@ -13,6 +13,13 @@ constexpr bool IsAscii(char c) {
   return static_cast<unsigned char>(c) < 0x80;
 }
 
+// Without a way out in the middle, so that the compiler takes many bytes at a time.
+bool IsAllAscii(std::string_view text) {
+  unsigned char bits = 0;
+  for (const char c : text) bits |= static_cast<unsigned char>(c);
+  return bits < 0x80;
+}
+
 // The number of bytes of the UTF-8 character that begins with `lead`. The text control holds no others.
 constexpr std::size_t LengthOf(char lead) {
   const auto value = static_cast<unsigned char>(lead);
@@ -29,21 +36,19 @@ char32_t Decode(std::string_view character) {
   return value;
 }
 
+// True for a line that a file holds as it is, as nearly every line of nearly every file.
+bool IsPlainLine(std::string_view line) {
+  return line.ends_with("\r\n") && line.find('\r') == line.size() - 2 && IsAllAscii(line);
+}
+
 // Adds the line end at `position` as CR LF and gives how many bytes of the text it took.
 std::size_t AddLineEnd(std::string_view utf8, std::size_t position, std::string& bytes) {
   bytes += "\r\n";
   return utf8.substr(position, 2) == "\r\n" ? 2 : 1;
 }
 
-}  // namespace
-
-QByteArray Utf8OfFile(std::string_view bytes) {
-  return FromBytes(bytes).toUtf8();
-}
-
-FileBytesOfText FileOfUtf8(std::string_view utf8) {
-  FileBytesOfText file;
-  file.bytes.reserve(utf8.size());
+// Adds the bytes of a piece of the text that begins at `position`. Stops at a character that has no byte.
+void AddPiece(std::string_view utf8, qsizetype position, FileBytesOfText& file) {
   for (std::size_t i = 0; i < utf8.size();) {
     if (utf8[i] == '\r' || utf8[i] == '\n') {
       i += AddLineEnd(utf8, i, file.bytes);
@@ -54,12 +59,34 @@ FileBytesOfText FileOfUtf8(std::string_view utf8) {
       const char32_t value = Decode(character);
       const std::optional<char> byte = ByteOf(value);
       if (!byte) {
-        file.refused = {value, static_cast<qsizetype>(i)};
-        return file;
+        file.refused = {value, position + static_cast<qsizetype>(i)};
+        return;
       }
       file.bytes += *byte;
       i += character.size();
     }
+  }
+}
+
+}  // namespace
+
+QByteArray Utf8OfFile(std::string_view bytes) {
+  if (IsAllAscii(bytes)) return {bytes.data(), static_cast<qsizetype>(bytes.size())};
+  return FromBytes(bytes).toUtf8();
+}
+
+FileBytesOfText FileOfUtf8(std::string_view utf8) {
+  FileBytesOfText file;
+  file.bytes.reserve(utf8.size());
+  for (std::size_t start = 0; start < utf8.size() && !file.refused;) {
+    const std::size_t lf = utf8.find('\n', start);
+    const std::string_view piece = utf8.substr(start, lf == std::string_view::npos ? lf : lf + 1 - start);
+    if (IsPlainLine(piece)) {
+      file.bytes += piece;
+    } else {
+      AddPiece(piece, static_cast<qsizetype>(start), file);
+    }
+    start += piece.size();
   }
   return file;
 }
