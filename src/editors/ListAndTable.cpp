@@ -4,6 +4,8 @@
 #include <QStyle>
 #include <QStyledItemDelegate>
 
+#include <algorithm>
+
 #include "controls/ShownText.h"
 #include "platform/Twips.h"
 
@@ -16,6 +18,17 @@ constexpr int kMargin = 100;       // left of the list, right of the table, abov
 constexpr int kListShorter = 175;  // than the distance from the window's edge to the table
 
 constexpr int kTablePercent = 30;  // where the table begins
+
+// Of these, one is as good as the widest. To measure a name takes a thousand times as long as to see its
+// length.
+constexpr qsizetype kMeasured = 32;
+
+QStringList Longest(QStringList names) {
+  const qsizetype count = std::min(kMeasured, names.size());
+  std::partial_sort(names.begin(), names.begin() + count, names.end(),
+                    [](const QString& a, const QString& b) { return a.size() > b.size(); });
+  return names.first(count);
+}
 
 class NameDelegate : public QStyledItemDelegate {
  public:
@@ -35,6 +48,17 @@ ListAndTable::ListAndTable(QWidget* parent)
   LstWPN_->setItemDelegate(new NameDelegate(this));
   LVEdit_->setObjectName("LVEdit");
   LVEdit_->setAccessibleName("Parameters");
+}
+
+void ListAndTable::fitRows(const QStringList& names) {
+  if (names.isEmpty()) return;
+  const QFontMetrics font = LstWPN_->fontMetrics();
+  QSize size = LstWPN_->sizeHintForIndex(LstWPN_->model()->index(0, 0));
+  const int padding = size.width() - font.horizontalAdvance(ShownText(names.first()));
+  for (const QString& name : Longest(names)) {
+    size.setWidth(std::max(size.width(), padding + font.horizontalAdvance(ShownText(name))));
+  }
+  LstWPN_->setGridSize(size);
 }
 
 int ListAndTable::widthFor(int columnTwips) const {

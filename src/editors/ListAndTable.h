@@ -17,6 +17,10 @@ class ListAndTable : public QWidget {
   QListView& list() { return *LstWPN_; }
   InPlaceTable& table() { return *LVEdit_; }
 
+  // Gives all rows of the list one size, so that the list need not measure every name; the names are those it
+  // shows.
+  void fitRows(const QStringList& names);
+
   // The width, in pixels, at which columns of so many twips together are seen whole.
   int widthFor(int columnTwips) const;
 

@@ -112,6 +112,7 @@ void TableEditor::fillList(QStringList names) {
     });
   }
   names_.setStringList(names);
+  pane_->fitRows(names);
   if (selectsFirst()) select(names_.index(static_cast<int>(names.indexOf(first))));
 }
 
