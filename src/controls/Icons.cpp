@@ -6,6 +6,7 @@
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
+#include <QPixmapCache>
 #include <QSvgRenderer>
 
 // The resources of a static library are only there when they are asked for, outside any namespace.
@@ -27,7 +28,7 @@ QColor LineColour(QIcon::Mode mode) {
 // Lines of the drawings have the colour "currentColor"; only accents bring a colour of their own.
 class ThemeIconEngine : public QIconEngine {
  public:
-  explicit ThemeIconEngine(QByteArray drawing) : drawing_(std::move(drawing)) {}
+  ThemeIconEngine(QString name, QByteArray drawing) : name_(std::move(name)), drawing_(std::move(drawing)) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
     QSvgRenderer renderer(QByteArray(drawing_).replace("currentColor", LineColour(mode).name().toLatin1()));
@@ -38,7 +39,22 @@ class ThemeIconEngine : public QIconEngine {
     painter->restore();
   }
 
+  // Asked at every painting of a button, and to draw a picture takes far longer than to find it again.
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    const QString key = QStringLiteral("%1 %2x%3 %4 %5")
+                            .arg(name_, QString::number(size.width()), QString::number(size.height()),
+                                 LineColour(mode).name(), QString::number(mode));
+    QPixmap picture;
+    if (QPixmapCache::find(key, &picture)) return picture;
+    picture = drawn(size, mode, state);
+    QPixmapCache::insert(key, picture);
+    return picture;
+  }
+
+  QIconEngine* clone() const override { return new ThemeIconEngine(*this); }
+
+ private:
+  QPixmap drawn(const QSize& size, QIcon::Mode mode, QIcon::State state) {
     QPixmap picture(size);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
@@ -46,24 +62,24 @@ class ThemeIconEngine : public QIconEngine {
     return picture;
   }
 
-  QIconEngine* clone() const override { return new ThemeIconEngine(*this); }
-
- private:
+  QString name_;  // of the drawing
   QByteArray drawing_;
 };
+
+QIcon IconOf(const QString& resource) {
+  InitIconResources();
+  QFile file(resource);
+  return file.open(QIODevice::ReadOnly) ? QIcon(new ThemeIconEngine(resource, file.readAll())) : QIcon();
+}
 
 }  // namespace
 
 QIcon ThemeIcon(const QString& name) {
-  InitIconResources();
-  QFile file(":/icons/" + name + ".svg");
-  return file.open(QIODevice::ReadOnly) ? QIcon(new ThemeIconEngine(file.readAll())) : QIcon();
+  return IconOf(":/icons/" + name + ".svg");
 }
 
 QIcon ApplicationIcon() {
-  InitIconResources();
-  QFile file(":/korvane.svg");
-  return file.open(QIODevice::ReadOnly) ? QIcon(new ThemeIconEngine(file.readAll())) : QIcon();
+  return IconOf(":/korvane.svg");
 }
 
 }  // namespace korvane
