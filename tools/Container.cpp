@@ -60,4 +60,8 @@ std::string Printable(std::string path) {
   return path;
 }
 
+std::string Counted(std::uint64_t count, const std::string& noun) {
+  return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
+}
+
 }  // namespace korvane

@@ -50,7 +50,7 @@ class Extraction {
 
   bool finish() {
     for (const std::string& path : notFound_) fail(path + ": not found");
-    std::cout << written_ << " files extracted, " << kept_ << " were there already, " << failed_
+    std::cout << Counted(written_, "file") << " extracted, " << kept_ << " were there already, " << failed_
               << " failed\n";
     return failed_ == 0;
   }
@@ -66,9 +66,9 @@ class Extraction {
 
   const ExtractOptions& options_;
   std::set<std::string> notFound_;
-  std::int64_t written_ = 0;
-  std::int64_t kept_ = 0;
-  std::int64_t failed_ = 0;
+  std::uint64_t written_ = 0;
+  std::uint64_t kept_ = 0;
+  std::uint64_t failed_ = 0;
 };
 
 }  // namespace

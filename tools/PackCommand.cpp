@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "Commands.h"
+#include "Container.h"
 #include "PackSources.h"
 #include "Progress.h"
 #include "files/NativePath.h"
@@ -95,8 +96,8 @@ bool Pack(const PackOptions& options) {
   StockTable table(folder / NativePath(options.name));
   const std::uint64_t bytes = PackFiles(paths, sources, table);
   table.commit();
-  std::cout << paths.size() << " files, " << bytes << " bytes packed into " << options.name << ".DBF and "
-            << options.name << ".DBT\n";
+  std::cout << Counted(paths.size(), "file") << ", " << Counted(bytes, "byte") << " packed into "
+            << options.name << ".DBF and " << options.name << ".DBT\n";
   return true;
 }
 

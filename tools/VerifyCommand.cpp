@@ -22,7 +22,7 @@ bool List(const std::string& container) {
 bool Verify(const std::string& container) {
   const auto files = OpenContainer(container);
   std::uint64_t bytes = 0;
-  std::int64_t faults = 0;
+  std::uint64_t faults = 0;
   Progress progress("Verifying", files->count());
   for (std::int64_t i = 0; i < files->count(); ++i) {
     try {
@@ -38,7 +38,8 @@ bool Verify(const std::string& container) {
     progress.stepDone();
   }
   progress.clear();
-  std::cout << files->count() << " files, " << bytes << " bytes, " << faults << " faults\n";
+  std::cout << Counted(static_cast<std::uint64_t>(files->count()), "file") << ", " << Counted(bytes, "byte")
+            << ", " << Counted(faults, "fault") << '\n';
   return faults == 0;
 }
 

@@ -75,7 +75,7 @@ TEST_F(StockTool, TellsWhatItCannotDo) {
       {"--help", 0, "extract"},
       {"pack game", 1, "Armor.ini: not in any source"},
       {"pack missing.big", 1, "cannot be opened"},
-      {"pack --partial -n Some game", 0, "1 files"},
+      {"pack --partial -n Some game", 0, "1 file, 4 bytes packed"},
       {"pack -f ../x game", 1, "no path of a file"},
       {"pack -o game/Data/INI/Weapon.ini --partial game", 1, "Weapon.ini"},
       {"list game/Data/INI/Weapon.ini", 1, "neither"},
