@@ -3,13 +3,23 @@
 
 #include <QString>
 
+#include <string_view>
+
+#include "platform/TextEncoding.h"
+
 namespace korvane {
+
+inline constexpr int kMostShown = 1000;  // characters
 
 // As much of a text as is ever drawn: laying out a damaged file's single line of megabytes would take
 // minutes.
 inline QString ShownText(const QString& text) {
-  constexpr qsizetype kMost = 1000;
-  return text.left(kMost).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+  return text.left(kMostShown).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+}
+
+// The same of a name from a file; no name of a sound file is longer.
+inline QString ShownName(std::string_view bytes) {
+  return FromBytes(bytes.substr(0, kMostShown));
 }
 
 }  // namespace korvane

@@ -13,6 +13,7 @@
 #include <QTreeView>
 
 #include "controls/MaskedField.h"
+#include "controls/ShownText.h"
 #include "files/NativePath.h"
 #include "ini/DataFiles.h"
 #include "ini/IniText.h"
@@ -112,7 +113,7 @@ ObjectDisplay::ObjectDisplay(QWidget& window, QTreeView& tree, const ObjectTreeM
       information_(fields,
                    [this] {
                      const ObjectNode* node = selectedNode();
-                     return node == nullptr ? QString() : FromBytes(node->text);
+                     return node == nullptr ? QString() : ShownName(node->text);
                    }),
       TVItem1_(parser.yield()),
       TVItem2_(parser.yield()),
@@ -228,7 +229,7 @@ void ObjectDisplay::readWeapons() {
   TVItem1_.NewLine = [&](std::string_view line) {
     services_.yield.perLine();
     if (!TVItem::CheckText(line, "Weapon ")) return;
-    if (const auto name = HeaderName(line)) names += FromBytes(*name);
+    if (const auto name = HeaderName(line)) names += ShownName(*name);
   };
   TVItem1_.OpenFile(IniPath(services_.folders.game.toStdString(), kWeaponFile));
   TVItem1_.NewLine = nullptr;
@@ -244,7 +245,8 @@ void ObjectDisplay::readWeaponSets(const std::string& file) {
   QStringList conditions;
   const std::vector<std::string>& sets = parser_.WeaponSetTexts();
   for (std::size_t i = 0; i + 1 < sets.size(); ++i) {
-    conditions += WithoutLineBreaks(SParse::GetParameterValueNoINI("Weapon", "Conditions", sets[i]));
+    conditions +=
+        ShownText(WithoutLineBreaks(SParse::GetParameterValueNoINI("Weapon", "Conditions", sets[i])));
   }
   for (QComboBox* list : {fields_.CondCombo, fields_.Conditions}) {
     list->clear();
@@ -255,7 +257,8 @@ void ObjectDisplay::readWeaponSets(const std::string& file) {
 }
 
 void ObjectDisplay::readLocomotorTabs() {
-  const QStringList names = LinesOf(parser_.GetLocomotorNames(selectedObject()));
+  QStringList names = LinesOf(parser_.GetLocomotorNames(selectedObject()));
+  for (QString& name : names) name = ShownText(name);
   {
     const QSignalBlocker silent(fields_.LocoTab);
     while (fields_.LocoTab->count() > 0) fields_.LocoTab->removeTab(0);
@@ -278,7 +281,7 @@ void ObjectDisplay::readChoices(FrmColData& progress) {
     reader.NewLine = [&](std::string_view line) {
       services_.yield.perLine();
       if (!TVItem::CheckText(line, kind)) return;
-      if (const auto name = HeaderName(line)) names += FromBytes(*name);
+      if (const auto name = HeaderName(line)) names += ShownName(*name);
     };
     reader.OpenFile(IniPath(services_.folders.game.toStdString(), file));
     reader.NewLine = nullptr;

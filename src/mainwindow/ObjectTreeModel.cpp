@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mainwindow/ObjectTreeModel.h"
 
+#include "controls/ShownText.h"
 #include "ini/IniText.h"
-#include "platform/TextEncoding.h"
 
 namespace korvane {
 
@@ -45,7 +45,7 @@ const ObjectNode* ObjectTreeModel::node(const QModelIndex& index) const {
 }
 
 QString ObjectTreeModel::fullPath(const ObjectNode& node) {
-  const QString text = FromBytes(node.text);
+  const QString text = ShownName(node.text);
   return IsTop(node) ? text : fullPath(*node.parent) + u'\\' + text;
 }
 
@@ -71,7 +71,7 @@ int ObjectTreeModel::columnCount(const QModelIndex& /*parent*/) const {
 QVariant ObjectTreeModel::data(const QModelIndex& index, int role) const {
   const ObjectNode* shown = node(index);
   if (shown == nullptr || role != Qt::DisplayRole) return {};
-  return FromBytes(shown->text);
+  return ShownName(shown->text);
 }
 
 Qt::ItemFlags ObjectTreeModel::flags(const QModelIndex& index) const {
