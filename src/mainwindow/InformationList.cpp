@@ -105,7 +105,7 @@ void InformationList::Stage1Update() {
 void InformationList::Stage2LocomotorUpdate() {
   if (fields_.LocoTab->count() == 0) return;
   QStringList captions;
-  for (int i = 0; i < fields_.LocoTab->count(); ++i) captions += fields_.LocoTab->tabText(i);
+  for (int i = 0; i < fields_.LocoTab->count(); ++i) captions += TabCaption(*fields_.LocoTab, i);
   addBlank();
   addRow("Locomotor", fields_.CboLocomotor->currentText().isEmpty() ? kNothing : captions.join(", "));
 }

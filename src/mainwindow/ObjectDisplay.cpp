@@ -119,6 +119,7 @@ ObjectDisplay::ObjectDisplay(QWidget& window, QTreeView& tree, const ObjectTreeM
       TVItem2_(parser.yield()),
       TVItem3_(parser.yield()) {
   connectFields();
+  connectLists();
 }
 
 void ObjectDisplay::connectFields() {
@@ -132,15 +133,24 @@ void ObjectDisplay::connectFields() {
   for (std::size_t i = 0; i < fields_.HS_ClearBtn.size(); ++i) {
     connect(fields_.HS_ClearBtn[i], &QPushButton::clicked, this, [this, i] { clearHandlingField(i); });
   }
+}
+
+void ObjectDisplay::connectLists() {
   connect(fields_.Conditions, &QComboBox::activated, this, &ObjectDisplay::conditionChosen);
   connect(fields_.CondCombo, &QComboBox::activated, this, [this](int index) {
     if (DisplayReady_) Select(*fields_.Conditions, index);
     conditionChosen(index);
   });
   connect(fields_.CboLoco, &QComboBox::activated, this, [this](int index) {
-    if (DisplayReady_) fields_.LocoTab->setCurrentIndex(index);
+    if (DisplayReady_) chooseLocomotorTab(index);
   });
-  connect(fields_.LocoTab, &QTabBar::currentChanged, this, &ObjectDisplay::locomotorTabChosen);
+  // The tab bar tells of a click on the tab that is selected already by this signal alone.
+  connect(fields_.LocoTab, &QTabBar::tabBarClicked, this, [this](int tab) {
+    if (tab >= 0 && tab == shownTab_) readLocomotorTab(tab);
+  });
+  connect(fields_.LocoTab, &QTabBar::currentChanged, this, [this](int tab) {
+    if (tab != shownTab_) readLocomotorTab(tab);
+  });
   connect(fields_.CboLocomotor->lineEdit(), &QLineEdit::textEdited, this, &ObjectDisplay::renameLocomotorTab);
   connect(fields_.CboLocomotor, &QComboBox::textActivated, this, &ObjectDisplay::renameLocomotorTab);
 }
@@ -213,7 +223,7 @@ void ObjectDisplay::showObject(const ObjectNode& node, BusyWindow& busy) {
   progress.setStage(tabsRead);
   readChoices(progress);
   const int selected = fields_.LocoTab->currentIndex();
-  if (selected >= 0) fields_.CboLocomotor->setEditText(fields_.LocoTab->tabText(selected));
+  if (selected >= 0) fields_.CboLocomotor->setEditText(TabCaption(*fields_.LocoTab, selected));
 }
 
 void ObjectDisplay::readTextFields(const std::string& file, FrmColData& progress) {
@@ -263,7 +273,8 @@ void ObjectDisplay::readLocomotorTabs() {
     const QSignalBlocker silent(fields_.LocoTab);
     while (fields_.LocoTab->count() > 0) fields_.LocoTab->removeTab(0);
     for (const QString& name : names) {
-      const int position = fields_.LocoTab->addTab(name);
+      const int position = fields_.LocoTab->addTab({});
+      SetTabCaption(*fields_.LocoTab, position, name);
       fields_.LocoTab->setTabData(position, "PvKey" + QString::number(position + 1));
     }
     fields_.LocoTab->setCurrentIndex(names.isEmpty() ? -1 : 0);
@@ -315,8 +326,15 @@ void ObjectDisplay::showWeaponsOf(int weaponSet) {
   fields_.TWeapon->setEditText(CleanWeaponName(lines.value(3)));
 }
 
-void ObjectDisplay::locomotorTabChosen(int tab) {
-  if (tab == shownTab_) return;
+void ObjectDisplay::chooseLocomotorTab(int tab) {
+  if (tab == shownTab_) {
+    readLocomotorTab(tab);
+  } else {
+    fields_.LocoTab->setCurrentIndex(tab);
+  }
+}
+
+void ObjectDisplay::readLocomotorTab(int tab) {
   const ParserTurn turn(parser_);
   if (turn) {
     showLocomotorOf(tab);
@@ -330,12 +348,12 @@ void ObjectDisplay::showLocomotorOf(int tab) {
   shownTab_ = tab;
   FieldSink sink(fields_);
   parser_.GetLocomotorData(selectedObject(), tab + 1, 0, kHandlingFields - 1, sink);
-  if (tab >= 0) fields_.CboLocomotor->setEditText(fields_.LocoTab->tabText(tab));
+  if (tab >= 0) fields_.CboLocomotor->setEditText(TabCaption(*fields_.LocoTab, tab));
   information_.UpdateLV();
 }
 
 void ObjectDisplay::renameLocomotorTab(const QString& name) {
-  fields_.LocoTab->setTabText(fields_.LocoTab->currentIndex(), name);
+  SetTabCaption(*fields_.LocoTab, fields_.LocoTab->currentIndex(), name);
 }
 
 void ObjectDisplay::clearHandlingField(std::size_t field) {

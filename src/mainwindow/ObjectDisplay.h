@@ -49,6 +49,7 @@ class ObjectDisplay : public QObject {
   class BusyWindow;
 
   void connectFields();
+  void connectLists();
   void reportNode(const ObjectNode& node);
   std::string objectPath(const ObjectNode& node) const;
 
@@ -60,7 +61,8 @@ class ObjectDisplay : public QObject {
 
   void conditionChosen(int index);
   void showWeaponsOf(int weaponSet);
-  void locomotorTabChosen(int tab);
+  void chooseLocomotorTab(int tab);
+  void readLocomotorTab(int tab);
   void showLocomotorOf(int tab);
   void renameLocomotorTab(const QString& name);
   void clearHandlingField(std::size_t field);

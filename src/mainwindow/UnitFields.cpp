@@ -134,6 +134,7 @@ QWidget* UnitFields::handlingTab() {
   LocoTab->setAccessibleName("Locomotors");
   LocoTab->setDrawBase(true);
   LocoTab->setExpanding(false);
+  LocoTab->setElideMode(Qt::ElideRight);
   layout->addWidget(LocoTab);
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(16);
@@ -231,6 +232,14 @@ QWidget* UnitFields::otherTab() {
 
 std::array<QLineEdit*, 6> UnitFields::textFields() const {
   return {MHealth, IHealth, TxtCost, TxtBS, TxtVisRange, TxtSCR};
+}
+
+QString TabCaption(const QTabBar& tabs, int tab) {
+  return tabs.tabText(tab).replace("&&", "&");
+}
+
+void SetTabCaption(QTabBar& tabs, int tab, QString caption) {
+  tabs.setTabText(tab, caption.replace("&", "&&"));
 }
 
 void ReplaceEntries(QComboBox& list, const QStringList& entries) {

@@ -76,6 +76,10 @@ class UnitFields {
   QWidget* otherTab();
 };
 
+// The caption of a tab, and a new one. A "&" in it is shown, not taken for the mark of a mnemonic.
+QString TabCaption(const QTabBar& tabs, int tab);
+void SetTabCaption(QTabBar& tabs, int tab, QString caption);
+
 // Replaces the entries of a list with editable text, and empties the text.
 void ReplaceEntries(QComboBox& list, const QStringList& entries);
 

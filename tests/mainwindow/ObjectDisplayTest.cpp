@@ -78,8 +78,15 @@ TEST_F(ObjectDisplayTest, ListsOfConditionsAndLocomotorsFollowEachOther) {
   choose("CboLoco", 1);
   EXPECT_EQ(chosen("CboLocomotor"), "Tracks");
   get<QComboBox>("CboLocomotor").lineEdit()->selectAll();
-  QTest::keyClicks(get<QComboBox>("CboLocomotor").lineEdit(), "Rails");
-  EXPECT_EQ(get<QTabBar>("LocoTab").tabText(1), "Rails");
+  QTest::keyClicks(get<QComboBox>("CboLocomotor").lineEdit(), "Rails&Tyres");
+  QTabBar& tabs = get<QTabBar>("LocoTab");
+  EXPECT_EQ(tabs.tabText(1), "Rails&&Tyres");  // no mnemonic
+  get<QTabWidget>("F_Tab").setCurrentIndex(0);
+  get<QLineEdit>("HS_TextBox1").setText("99");
+  QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(1).center());
+  EXPECT_EQ(handling(1), "15__ dist/sec");  // read again
+  EXPECT_EQ(chosen("CboLocomotor"), "Rails&Tyres");
+  EXPECT_EQ(informationOf("Locomotor"), "Wheels, Rails&Tyres");
 }
 
 TEST_F(ObjectDisplayTest, AnObjectWithoutAnythingEmptiesTheFields) {
