@@ -170,8 +170,7 @@ void FrmEdit::readWeapons() {
 }
 
 void FrmEdit::showRemark(const QString& text) {
-  panels_[0]->setText(text);
-  panels_[0]->setToolTip(text);
+  display_->showRemark(text);
 }
 
 void FrmEdit::nameFileButton() {

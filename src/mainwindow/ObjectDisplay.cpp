@@ -185,7 +185,7 @@ void ObjectDisplay::select(const QModelIndex& index) {
   const bool isObject = IsObjectNode(*node);
   const bool fileIsThere = !isObject || FileExists(objectPath(*node));
   if (!fileIsThere) {
-    panels_[1]->setText(FromBytes(node->tag) + "  (Error: File does not exist)");
+    showInPanel(2, FromBytes(node->tag) + "  (Error: File does not exist)");
     services_.yield.fullTurn();
   } else if (isObject) {
     showObject(*node, busy);
@@ -196,11 +196,24 @@ void ObjectDisplay::select(const QModelIndex& index) {
   services_.yield.fullTurn();
 }
 
+void ObjectDisplay::showInPanel(int panel, const QString& text) {
+  QLabel& shown = *panels_[static_cast<std::size_t>(panel) - 1];
+  shown.setText(text);
+  shown.setToolTip(text);  // in case the panel is too narrow
+  shown.show();
+}
+
+void ObjectDisplay::showRemark(const QString& text) {
+  showInPanel(1, text);
+  if (text.isEmpty()) return;
+  for (QLabel* panel : {panels_[1], panels_[2]}) panel->hide();  // until they have something to say
+}
+
 void ObjectDisplay::reportNode(const ObjectNode& node) {
-  panels_[1]->setText(FromBytes(node.tag));
+  showInPanel(2, FromBytes(node.tag));
   services_.yield.fullTurn();
-  panels_[0]->setText(ObjectTreeModel::fullPath(node));
-  panels_[2]->setText("There are " + QString::number(node.children.size()) + " items in this catagory.");
+  showInPanel(1, ObjectTreeModel::fullPath(node));
+  showInPanel(3, "There are " + QString::number(node.children.size()) + " items in this catagory.");
 }
 
 void ObjectDisplay::showObject(const ObjectNode& node, BusyWindow& busy) {

@@ -39,6 +39,9 @@ class ObjectDisplay : public QObject {
   // Reads "Weapon.ini" into the weapon lists.
   void readWeapons();
 
+  // A remark in the first panel, with room for it, until a node is chosen.
+  void showRemark(const QString& text);
+
   InformationList& information() { return information_; }
   // The tree's selected node, or nothing.
   const ObjectNode* selectedNode() const;
@@ -50,6 +53,7 @@ class ObjectDisplay : public QObject {
 
   void connectFields();
   void connectLists();
+  void showInPanel(int panel, const QString& text);
   void reportNode(const ObjectNode& node);
   std::string objectPath(const ObjectNode& node) const;
 

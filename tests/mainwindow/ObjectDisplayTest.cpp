@@ -20,6 +20,18 @@ TEST_F(ObjectDisplayTest, ACategoryShowsItsPathAndEmptiesTheArmourOnly) {
   EXPECT_EQ(informationOf("Name"), "Other");
 }
 
+TEST_F(ObjectDisplayTest, ARemarkHasTheStatusBarUntilANodeIsClicked) {
+  open();
+  const QLabel& remark = get<QLabel>("Panel1");
+  const int width = remark.width();
+  window->showRemark("Weapon.ini has Unix line ends");
+  QApplication::processEvents();
+  EXPECT_GT(remark.width(), width * 3 / 2);
+  click("Other");
+  EXPECT_EQ(remark.width(), width);
+  EXPECT_EQ(remark.toolTip(), "Player Units\\Other");
+}
+
 TEST_F(ObjectDisplayTest, AnObjectFillsEveryField) {
   settings.SaveSet("InfoTab", "2");
   open();
