@@ -54,6 +54,11 @@ QPoint Reachable(QRect frame) {
   return {std::clamp(frame.left(), leftmost, rightmost), std::clamp(frame.top(), area.top(), lowest)};
 }
 
+// No larger than all the screens together.
+QSize OnScreens(QSize frame) {
+  return frame.boundedTo(QGuiApplication::primaryScreen()->availableVirtualSize());
+}
+
 void Apply(QWidget& window, int state) {
   Qt::WindowStates states = window.windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
   if (state == minimised) states |= Qt::WindowMinimized;
@@ -86,7 +91,7 @@ void RestorePlacement(const SettingsStore& store, QWidget& window) {
   const int left = Stored(store, window, "_Left", window.x());
   const int top = Stored(store, window, "_Top", window.y());
   const int state = Stored(store, window, "WindowState", StateOf(window));
-  window.resize(width - extra.width(), height - extra.height());
+  window.resize(OnScreens({width, height}) - extra);
   if (store.find(kSection, window.objectName() + "_Left") ||
       store.find(kSection, window.objectName() + "_Top")) {
     window.move(Reachable(QRect(QPoint(left, top), window.size())));

@@ -14,7 +14,7 @@ class SettingsStore;
 void SavePlacement(SettingsStore& store, const QWidget& window);
 
 // Applies what is stored; a value that is no whole number of 16 bits leaves its property as it is. The window
-// is then moved, where necessary, so that its title bar can be reached.
+// is made no larger than the screens, and is moved, where necessary, so that its title bar can be reached.
 void RestorePlacement(const SettingsStore& store, QWidget& window);
 
 }  // namespace korvane

@@ -44,15 +44,17 @@ TEST_F(UnloadTest, NonsenseInTheSettingsOpensAUsableWindow) {
     settings.SaveSet(name, "nonsense");
   }
   settings.SaveSet("MenuiFontSize", "1e30");
-  for (const char* key : {"_Width", "_Height", "WindowState"}) {
+  for (const char* key : {"_Width", "WindowState"}) {
     settings.save("EditWH", QString("FrmEdit") + key, "99999999");
   }
+  settings.save("EditWH", "FrmEdit_Height", "32000");
   settings.save("EditWH", "FrmEdit_Left", "-32000");
   settings.save("EditWH", "FrmEdit_Top", "32000");
   open();
   const QRect screen = window->screen()->availableGeometry();
   EXPECT_TRUE(screen.contains(QPoint(window->frameGeometry().right() - 40, window->y() + 10)));
   EXPECT_GT(window->width(), 300);
+  EXPECT_LE(window->height(), screen.height());
   EXPECT_LT(QFontInfo(get<QTreeView>("TVMenu").font()).pointSizeF(), 100);
   EXPECT_EQ(get<QTabWidget>("F_Tab").currentIndex(), 0);
   click("Jeep");
