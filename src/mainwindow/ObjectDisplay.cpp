@@ -190,7 +190,7 @@ void ObjectDisplay::select(const QModelIndex& index) {
   } else if (isObject) {
     showObject(*node, busy);
   }
-  fields_.CboArmour->setEditText(armour_);
+  ShowText(*fields_.CboArmour, armour_);
   if (fileIsThere) information_.UpdateLV();
   DisplayReady_ = true;
   services_.yield.fullTurn();
@@ -236,13 +236,14 @@ void ObjectDisplay::showObject(const ObjectNode& node, BusyWindow& busy) {
   progress.setStage(tabsRead);
   readChoices(progress);
   const int selected = fields_.LocoTab->currentIndex();
-  if (selected >= 0) fields_.CboLocomotor->setEditText(TabCaption(*fields_.LocoTab, selected));
+  if (selected >= 0) ShowText(*fields_.CboLocomotor, TabCaption(*fields_.LocoTab, selected));
 }
 
 void ObjectDisplay::readTextFields(const std::string& file, FrmColData& progress) {
   const auto fields = fields_.textFields();
   for (std::size_t i = 0; i < kTextKeys.size(); ++i) {
     fields[i]->setText(WithoutLineBreaks(parser_.GetParameterValue(kObject, kTextKeys[i], file)));
+    fields[i]->setCursorPosition(0);
     progress.setStage(static_cast<int>(i) + 1);
   }
 }
@@ -334,9 +335,9 @@ void ObjectDisplay::showWeaponsOf(int weaponSet) {
                                          "Weapon", "Weapon", sets[static_cast<std::size_t>(weaponSet)]))
                                    : QStringList();
   // Line 0 is the weapon set's own header.
-  fields_.PWeapon->setEditText(CleanWeaponName(lines.value(1)));
-  fields_.SWeapon->setEditText(CleanWeaponName(lines.value(2)));
-  fields_.TWeapon->setEditText(CleanWeaponName(lines.value(3)));
+  ShowText(*fields_.PWeapon, CleanWeaponName(lines.value(1)));
+  ShowText(*fields_.SWeapon, CleanWeaponName(lines.value(2)));
+  ShowText(*fields_.TWeapon, CleanWeaponName(lines.value(3)));
 }
 
 void ObjectDisplay::chooseLocomotorTab(int tab) {
@@ -361,7 +362,7 @@ void ObjectDisplay::showLocomotorOf(int tab) {
   shownTab_ = tab;
   FieldSink sink(fields_);
   parser_.GetLocomotorData(selectedObject(), tab + 1, 0, kHandlingFields - 1, sink);
-  if (tab >= 0) fields_.CboLocomotor->setEditText(TabCaption(*fields_.LocoTab, tab));
+  if (tab >= 0) ShowText(*fields_.CboLocomotor, TabCaption(*fields_.LocoTab, tab));
   information_.UpdateLV();
 }
 

@@ -2,8 +2,8 @@
 #include "mainwindow/UnitFields.h"
 
 #include <QComboBox>
+#include <QCompleter>
 #include <QFormLayout>
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -54,6 +54,8 @@ QLineEdit* TextField(const char* name) {
 QComboBox* List(const char* name, bool editable) {
   auto* list = Named(name, new QComboBox);
   list->setEditable(editable);
+  // Completing in the field itself would show a text that was never typed.
+  if (editable) list->completer()->setCompletionMode(QCompleter::PopupCompletion);
   list->setInsertPolicy(QComboBox::NoInsert);
   // Measuring every entry of a long list would cost more than reading the file it comes from.
   list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -68,7 +70,7 @@ QPushButton* Button(const char* name, const char* caption) {
 void AddField(QFormLayout* form, const char* caption, QWidget* field) {
   auto* label = new QLabel(caption);
   label->setBuddy(field);
-  field->setAccessibleName(QString(caption).chopped(1));
+  field->setAccessibleName(QString(caption).chopped(1).simplified());
   form->addRow(label, field);
 }
 
@@ -81,7 +83,7 @@ void AddFieldWithButton(QFormLayout* form, const char* caption, QWidget* field, 
   row->addStretch();
   auto* label = new QLabel(caption);
   label->setBuddy(field);
-  field->setAccessibleName(QString(caption).chopped(1));
+  field->setAccessibleName(QString(caption).chopped(1).simplified());
   button->setAccessibleName(button->text().trimmed() + u' ' + field->accessibleName());
   form->addRow(label, row);
 }
@@ -122,43 +124,27 @@ UnitFields::UnitFields() : F_Tab(Named("F_Tab", new QTabWidget)), weapons(new QS
 
 QWidget* UnitFields::handlingTab() {
   auto* frame = new QGroupBox("Handling And Speed");
-  auto* layout = new QVBoxLayout(frame);
-  layout->setSpacing(10);
-  CboLocomotor = List("CboLocomotor", true);
-  auto* locomotor = new QFormLayout;
-  locomotor->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
-  locomotor->setHorizontalSpacing(16);
-  AddField(locomotor, "Locomotor:", CboLocomotor);
-  layout->addLayout(locomotor);
+  auto* form = Form(frame);
+  AddField(form, "Locomotor:", CboLocomotor = List("CboLocomotor", true));
   LocoTab = Named("LocoTab", new QTabBar);
   LocoTab->setAccessibleName("Locomotors");
   LocoTab->setDrawBase(true);
   LocoTab->setExpanding(false);
   LocoTab->setElideMode(Qt::ElideRight);
-  layout->addWidget(LocoTab);
-  auto* grid = new QGridLayout;
-  grid->setHorizontalSpacing(16);
-  grid->setVerticalSpacing(8);
-  grid->setColumnStretch(3, 1);
-  for (int i = 0; i < kHandlingFields; ++i) {
-    const auto at = static_cast<std::size_t>(i);
-    auto* label = new QLabel(kHandling[at].label);
-    auto* field = Named(qPrintable(QString("HS_TextBox%1").arg(i)), new MaskedField);
-    field->setMask(kHandling[at].mask);
-    field->setMinimumWidth(kFieldWidth);
-    field->setAccessibleName(label->text().chopped(1).simplified());
-    label->setBuddy(field);
-    auto* clear = Button(qPrintable(QString("HS_ClearBtn%1").arg(i)), "Clear");
-    clear->setToolTip("<< Deletes all text (if any)");
-    clear->setAccessibleName("Clear " + field->accessibleName());
-    grid->addWidget(label, i, 0);
-    grid->addWidget(field, i, 1);
-    grid->addWidget(clear, i, 2);
-    HS_TextBox[at] = field;
-    HS_ClearBtn[at] = clear;
-  }
-  layout->addLayout(grid);
+  form->addRow(LocoTab);
+  for (std::size_t i = 0; i < kHandling.size(); ++i) addHandlingField(form, i);
   return Page({frame});
+}
+
+void UnitFields::addHandlingField(QFormLayout* form, std::size_t i) {
+  auto* field = Named(qPrintable(QString("HS_TextBox%1").arg(i)), new MaskedField);
+  field->setMask(kHandling[i].mask);
+  field->setMinimumWidth(kFieldWidth);
+  auto* clear = Button(qPrintable(QString("HS_ClearBtn%1").arg(i)), "Clear");
+  clear->setToolTip("<< Deletes all text (if any)");
+  AddFieldWithButton(form, kHandling[i].label, field, clear);
+  HS_TextBox[i] = field;
+  HS_ClearBtn[i] = clear;
 }
 
 QWidget* UnitFields::healthTab() {
@@ -240,6 +226,11 @@ QString TabCaption(const QTabBar& tabs, int tab) {
 
 void SetTabCaption(QTabBar& tabs, int tab, QString caption) {
   tabs.setTabText(tab, caption.replace("&", "&&"));
+}
+
+void ShowText(QComboBox& list, const QString& text) {
+  list.setEditText(text);
+  list.lineEdit()->setCursorPosition(0);
 }
 
 void ReplaceEntries(QComboBox& list, const QStringList& entries) {

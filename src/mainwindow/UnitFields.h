@@ -6,6 +6,7 @@
 #include <array>
 
 class QComboBox;
+class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -68,6 +69,7 @@ class UnitFields {
 
  private:
   QWidget* handlingTab();
+  void addHandlingField(QFormLayout* form, std::size_t i);
   QWidget* healthTab();
   QWidget* weaponsTab();
   QWidget* advancedTab();
@@ -79,6 +81,9 @@ class UnitFields {
 // The caption of a tab, and a new one. A "&" in it is shown, not taken for the mark of a mnemonic.
 QString TabCaption(const QTabBar& tabs, int tab);
 void SetTabCaption(QTabBar& tabs, int tab, QString caption);
+
+// Sets the text of a list with editable text, and shows it from its start.
+void ShowText(QComboBox& list, const QString& text);
 
 // Replaces the entries of a list with editable text, and empties the text.
 void ReplaceEntries(QComboBox& list, const QStringList& entries);

@@ -28,7 +28,7 @@ TEST_F(ObjectDisplayTest, ARemarkHasTheStatusBarUntilANodeIsClicked) {
   QApplication::processEvents();
   EXPECT_GT(remark.width(), width * 3 / 2);
   click("Other");
-  EXPECT_EQ(remark.width(), width);
+  EXPECT_LT(remark.width(), width * 3 / 2);
   EXPECT_EQ(remark.toolTip(), "Player Units\\Other");
 }
 
@@ -89,11 +89,16 @@ TEST_F(ObjectDisplayTest, ListsOfConditionsAndLocomotorsFollowEachOther) {
   EXPECT_EQ(informationOf("Primary Weapon"), "Gun");
   choose("CboLoco", 1);
   EXPECT_EQ(chosen("CboLocomotor"), "Tracks");
-  get<QComboBox>("CboLocomotor").lineEdit()->selectAll();
-  QTest::keyClicks(get<QComboBox>("CboLocomotor").lineEdit(), "Rails&Tyres");
+  get<QTabWidget>("F_Tab").setCurrentIndex(0);
+  QLineEdit& locomotor = *get<QComboBox>("CboLocomotor").lineEdit();
+  locomotor.setFocus();
+  locomotor.selectAll();
+  QTest::keyClicks(&locomotor, "Whe");
+  EXPECT_EQ(locomotor.text(), "Whe");  // not completed to a name that the tab does not have
+  locomotor.selectAll();
+  QTest::keyClicks(&locomotor, "Rails&Tyres");
   QTabBar& tabs = get<QTabBar>("LocoTab");
   EXPECT_EQ(tabs.tabText(1), "Rails&&Tyres");  // no mnemonic
-  get<QTabWidget>("F_Tab").setCurrentIndex(0);
   get<QLineEdit>("HS_TextBox1").setText("99");
   QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(1).center());
   EXPECT_EQ(handling(1), "15__ dist/sec");  // read again
