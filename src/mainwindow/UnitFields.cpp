@@ -36,7 +36,7 @@ constexpr std::array<HandlingField, kHandlingFields> kHandling = {{
     {"Min Turn Speed:", "#### dist/sec"},
 }};
 
-constexpr int kFieldWidth = 280;     // device-independent pixels
+constexpr int kFieldWidth = 220;     // device-independent pixels
 constexpr int kListEntryWidth = 34;  // characters
 
 template <typename Widget>
