@@ -6,6 +6,11 @@
 
 #include "settings/SettingsStore.h"
 
+#ifndef _WIN32
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
 namespace korvane {
 namespace {
 
@@ -44,6 +49,42 @@ TEST(SettingsStore, TwoCopiesOfTheProgramShareOneStore) {
   EXPECT_EQ(later.GetSet("InfoTab"), "3");
   EXPECT_EQ(later.GetSet("MenuiFont"), "1");
 }
+
+#ifndef _WIN32
+
+std::string EverythingIn(const QString& folder) {
+  std::string text;
+  for (const QFileInfo& file : QDir(folder).entryInfoList({"*.ini"}, QDir::Files)) {
+    QFile ini(file.filePath());
+    if (ini.open(QIODevice::ReadOnly)) text += ini.readAll().toStdString();
+  }
+  return text;
+}
+
+// Saves one number after the other, and counts how often what it saved is not there any more.
+int LossesOf(const QString& name, const QString& folder) {
+  SettingsStore store(folder);
+  int losses = 0;
+  for (int i = 100; i < 200; ++i) {
+    const QString saved = QString::number(i);
+    store.SaveSet(name, saved);
+    if (EverythingIn(folder).find((name + '=' + saved).toStdString()) == std::string::npos) ++losses;
+  }
+  return losses;
+}
+
+TEST(SettingsStore, TwoCopiesOfTheProgramAtOnceLoseNothing) {
+  const QTemporaryDir folder;
+  const pid_t child = fork();
+  const int losses = LossesOf(child == 0 ? "Child" : "Parent", folder.path());
+  if (child == 0) _exit(losses > 0 ? 1 : 0);
+  int lossesOfChild = 0;
+  waitpid(child, &lossesOfChild, 0);
+  EXPECT_EQ(losses, 0);
+  EXPECT_EQ(lossesOfChild, 0);
+}
+
+#endif
 
 TEST(SettingsStore, AFolderThatCannotBeWrittenKeepsTheSettingsForThisRun) {
   const QTemporaryDir folder;
