@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "manualeditor/OpenText.h"
 
+#include <QLockFile>
+
 #include <algorithm>
 #include <filesystem>
 
@@ -83,8 +85,10 @@ void OpenText::save() {
   if (part_) return tell("Sorry, " + ApplicationTitle() + " can only save 'Files' not 'Objects'");
   const FileBytesOfText file = text_.fileBytes();
   if (file.refused) return refuse(file.refused->character, file.refused->position);
+  auto lock = versions_.lock(file_);
   const QString notKept = versions_.keepReplaced(file_, file.bytes);
   const QString notWritten = files_.replace(file_, file.bytes);
+  lock.reset();
   if (!notWritten.isEmpty()) {
     return tell(QStringLiteral("The file was not saved: ") + kLineEnd + file_ + kLineEnd + notWritten);
   }

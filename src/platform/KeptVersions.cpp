@@ -18,6 +18,7 @@ namespace {
 constexpr qsizetype kKept = 10;
 constexpr int kMostNames = 1000;  // versions of one file in one millisecond
 constexpr qsizetype kHashDigits = 8;
+constexpr int kLongestSave = 3000;  // milliseconds
 const QString kJournalEnding = QStringLiteral(".journal");
 const QString kLockEnding = QStringLiteral(".lock");
 const QString kUnsaved = QStringLiteral("unsaved ");
@@ -78,6 +79,13 @@ QString KeptVersions::keepReplaced(const QString& path, std::string_view replace
   return keep(path, {}, old.bytes(), [&](const QString& name) {
     return files_.keepAs(path, name).isEmpty() ? QString() : files_.create(name, old.bytes());
   });
+}
+
+std::unique_ptr<QLockFile> KeptVersions::lock(const QString& path) const {
+  QDir().mkpath(folder_);
+  auto lock = std::make_unique<QLockFile>(folderOf(path) + kLockEnding);
+  lock->tryLock(kLongestSave);  // a save that does not get it is still better than none
+  return lock;
 }
 
 QString KeptVersions::keepUnsaved(const QString& path, bool part, std::string_view bytes) const {

@@ -29,6 +29,10 @@ class KeptVersions {
   // Keeps a text that is about to be lost. `part`: it is only a part of that file.
   QString keepUnsaved(const QString& path, bool part, std::string_view bytes) const;
 
+  // To be held from before keepReplaced until the file is replaced: otherwise what another copy of the
+  // program saves in between would be lost. Waits for the other copy's save to end, a few seconds at most.
+  std::unique_ptr<QLockFile> lock(const QString& path) const;
+
   // The folder (native path) that holds the versions of the file at the program's path.
   QString folderOf(const QString& path) const;
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QLockFile>
 #include <QTemporaryDir>
 
 #include <set>
@@ -141,6 +142,26 @@ TEST_F(KeptVersionsTest, TwoCopiesOfTheProgramLoseNothing) {
   waitpid(child, nullptr, 0);
   EXPECT_EQ(texts(),
             (std::multiset<std::string>{"a0", "a1", "a2", "a3", "a4", "b0", "b1", "b2", "b3", "b4"}));
+}
+
+TEST_F(KeptVersionsTest, TwoCopiesThatSaveAtOnceKeepEachOthersText) {
+  game_.write("Data/INI/Weapon.ini", "first");
+  const auto saveFive = [&](const char* prefix) {
+    for (int i = 0; i < 5; ++i) {
+      const std::string text = prefix + std::to_string(i);
+      const auto lock = versions_.lock(path_);
+      versions_.keepReplaced(path_, text);
+      writer_.replace(path_, text);
+    }
+  };
+  const pid_t child = fork();
+  saveFive(child == 0 ? "a" : "b");
+  if (child == 0) _exit(0);
+  waitpid(child, nullptr, 0);
+  std::multiset<std::string> all = texts();
+  all.insert(game_.read("Data/INI/Weapon.ini"));
+  EXPECT_EQ(
+      all, (std::multiset<std::string>{"a0", "a1", "a2", "a3", "a4", "b0", "b1", "b2", "b3", "b4", "first"}));
 }
 
 #endif
