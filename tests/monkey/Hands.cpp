@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QMenu>
 #include <QPalette>
+#include <QPushButton>
 #include <QTest>
 #include <QTreeView>
 #include <QWheelEvent>
@@ -54,6 +55,9 @@ const Hands::Action Hands::kActions[] = {
     {"key", 20, &Hands::pressKey},
     {"shortcut", 6, &Hands::pressShortcut},
     {"command", 10, &Hands::runCommand},
+    {"button", 10, &Hands::clickButton},
+    {"open file", 3, &Hands::openFile},
+    {"save", 3, &Hands::save},
     {"object", 8, &Hands::clickObject},
     {"entry", 8, &Hands::clickEntry},
     {"close", 3, &Hands::closeWindow},
@@ -214,6 +218,36 @@ void Hands::runCommand() {
     if (action->isEnabled() && action->menu() == nullptr && (!exits || chance_.oneIn(6))) commands += action;
   }
   if (!commands.isEmpty()) event([command = chance_.oneOf(commands)] { command->trigger(); });
+}
+
+// Chosen from the menu of a window that the user can reach.
+void Hands::choose(const char* windowName, const QString& command) {
+  for (const QWindow* window : WindowsShown()) {
+    const QWidget* top = WidgetOf(*window);
+    if (top->objectName() != windowName || !top->isEnabled() || IsBlocked(*window)) continue;
+    if (auto* action = top->findChild<QAction*>(command)) return event([&] { action->trigger(); });
+  }
+}
+
+void Hands::openFile() {
+  choose("FrmEdit", QString("MnuFileEdit%1").arg(chance_.below(17)));
+}
+
+void Hands::save() {
+  choose("FrmManEdit", "MnuSave");
+}
+
+void Hands::clickButton() {
+  const QWindow* window = someWindow();
+  const QWidget* top = window == nullptr ? nullptr : WidgetOf(*window);
+  if (top == nullptr) return;
+  QList<QPushButton*> buttons;
+  for (auto* button : top->findChildren<QPushButton*>()) {
+    if (button->isVisible() && button->isEnabled() && button->window() == top) buttons += button;
+  }
+  if (buttons.isEmpty()) return;
+  QPushButton* button = chance_.oneOf(buttons);
+  clickOn(*button, button->rect().center());
 }
 
 void Hands::clickOn(QWidget& widget, QPoint at) {

@@ -47,6 +47,9 @@ class Hands {
   void pressKey();
   void pressShortcut();
   void runCommand();
+  void clickButton();
+  void openFile();
+  void save();
   void clickObject();
   void clickEntry();
   void closeWindow();
@@ -59,6 +62,7 @@ class Hands {
 
   void press(Qt::MouseButton button, QWindow& window, QPoint at);
   void key(int code, Qt::KeyboardModifiers modifiers, const QString& text);
+  void choose(const char* windowName, const QString& command);
   void clickOn(QWidget& widget, QPoint at);
   void event(const std::function<void()>& event) { around_(doing_, event); }
 

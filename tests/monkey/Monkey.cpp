@@ -195,7 +195,7 @@ void Monkey::step() {
     ledger_.changeOutside(chance_);
   }
   if (chance_.oneIn(400)) garbleSetting();
-  if (chance_.oneIn(30)) hands_.reachFolder(QString::fromStdString(ledger_.folder().string()));
+  if (chance_.oneIn(8)) hands_.reachFolder(QString::fromStdString(ledger_.folder().string()));
   hands_.act();
 }
 
@@ -213,7 +213,7 @@ void Monkey::around(const char* what, const std::function<void()>& event) {
   if (over_) return;
   --eventsLeft_;
   --roundLeft_;
-  inspect(what);  // the event that this one comes in the middle of may have saved
+  if (depth_ > 1) inspect(what);  // the event that this one comes in the middle of may have saved
   stayInGame();
   pulse_.beat(what);
   event();
