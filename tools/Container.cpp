@@ -20,7 +20,7 @@ class DatabaseContainer : public Container {
   std::int64_t count() override { return database_.RecordCount(); }
   void goTo(std::int64_t index) override { database_.SetRecord(index); }
   std::string path() override { return database_.GetData(0); }
-  std::string bytes() override { return database_.GetData(1); }
+  void read(const TakePiece& take) override { database_.GetData(1, take); }
 
  private:
   DBCtl database_;
@@ -32,7 +32,7 @@ class ArchiveContainer : public Container {
   std::int64_t count() override { return static_cast<std::int64_t>(archive_.entries().size()); }
   void goTo(std::int64_t index) override { at_ = static_cast<std::size_t>(index); }
   std::string path() override { return archive_.entries()[at_].path; }
-  std::string bytes() override { return archive_.read(archive_.entries()[at_]); }
+  void read(const TakePiece& take) override { archive_.read(archive_.entries()[at_], take); }
 
  private:
   BigArchive archive_;

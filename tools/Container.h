@@ -5,16 +5,20 @@
 #include <memory>
 #include <string>
 
+#include "setup/RandomFile.h"
+
 namespace korvane {
 
-// A stock database or an archive: files one after another. Only the file it stands at is in memory.
+// A stock database or an archive: files one after another, of which no one is ever
+// in memory as a whole.
 class Container {
  public:
   virtual ~Container() = default;
   virtual std::int64_t count() = 0;
   virtual void goTo(std::int64_t index) = 0;  // from 0
   virtual std::string path() = 0;             // relative to the game folder
-  virtual std::string bytes() = 0;
+  // The file's bytes in pieces, of which some may come before a std::runtime_error.
+  virtual void read(const TakePiece& take) = 0;
 };
 
 // Opens what lies at the path. std::runtime_error when it is neither, or damaged.

@@ -40,7 +40,7 @@ class Extraction {
       ++kept_;
       return;
     }
-    write(NativePath(*target), files.bytes());
+    write(NativePath(*target), files);
   }
 
   void fail(const std::string& why) {
@@ -56,10 +56,10 @@ class Extraction {
   }
 
  private:
-  void write(const std::filesystem::path& target, const std::string& bytes) {
+  void write(const std::filesystem::path& target, Container& files) {
     std::filesystem::create_directories(target.parent_path());
     WholeFile file(target);
-    file.write(bytes);
+    files.read([&file](std::string_view piece) { file.write(piece); });
     file.commit();
     ++written_;
   }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <cinttypes>
 #include <cstdio>
 #include <iostream>
 #include <stdexcept>
@@ -10,11 +11,21 @@
 
 namespace korvane {
 
+namespace {
+
+std::uint64_t SizeOf(Container& files) {
+  std::uint64_t size = 0;
+  files.read([&size](std::string_view piece) { size += piece.size(); });
+  return size;
+}
+
+}  // namespace
+
 bool List(const std::string& container) {
   const auto files = OpenContainer(container);
   for (std::int64_t i = 0; i < files->count(); ++i) {
     files->goTo(i);
-    std::printf("%10zu  %s\n", files->bytes().size(), Printable(files->path()).c_str());
+    std::printf("%10" PRIu64 "  %s\n", SizeOf(*files), Printable(files->path()).c_str());
   }
   return true;
 }
@@ -29,7 +40,7 @@ bool Verify(const std::string& container) {
       files->goTo(i);
       const std::string path = files->path();
       if (!IsSafeRelativePath(path)) throw std::runtime_error("\"" + path + "\" would leave the game folder");
-      bytes += files->bytes().size();
+      bytes += SizeOf(*files);
     } catch (const std::runtime_error& error) {
       progress.clear();
       std::cerr << "File " << i + 1 << ": " << Printable(error.what()) << '\n';

@@ -50,4 +50,8 @@ std::string BigArchive::read(const Entry& entry) {
   return bytes;
 }
 
+void BigArchive::read(const Entry& entry, const TakePiece& take) {
+  if (file_.read(entry.offset, entry.size, take) != entry.size) fail(entry.path + " cannot be read");
+}
+
 }  // namespace korvane

@@ -34,6 +34,8 @@ class BigArchive {
   const std::vector<Entry>& entries() const { return entries_; }
   // The bytes of one of the archive's files. ArchiveError when they cannot be read.
   std::string read(const Entry& entry);
+  // The same bytes in pieces, of which some may have come before the failure.
+  void read(const Entry& entry, const TakePiece& take);
 
  private:
   std::uint32_t readHeader();

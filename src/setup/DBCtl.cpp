@@ -107,6 +107,10 @@ std::string DBCtl::GetData(std::string_view Field) {
   return table().value(table().field(Field), currentRecord());
 }
 
+void DBCtl::GetData(int Field, const TakePiece& take) {
+  table().value(table().field(std::int64_t{Field}), currentRecord(), take);
+}
+
 void DBCtl::SetData(int Field, std::string_view Data) {
   store(table().field(std::int64_t{Field}), Data);
 }

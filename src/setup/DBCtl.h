@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "setup/DatabaseError.h"
+#include "setup/RandomFile.h"
 
 namespace korvane {
 
@@ -48,6 +49,9 @@ class DBCtl {
   // whole text, a number without blanks, any other field without the blanks at its end.
   std::string GetData(int Field);
   std::string GetData(std::string_view Field);
+  // The same bytes; a memo's text comes in pieces, so that it is never in memory as a whole. When it turns
+  // out to be damaged, pieces may have come before the failure.
+  void GetData(int Field, const TakePiece& take);
 
   // Stores the field of the current record on the disk: the memo file first, then the table, each replaced
   // whole, so that a failure in between loses nothing. Both are held in memory meanwhile.

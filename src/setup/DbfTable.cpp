@@ -130,6 +130,12 @@ std::string DbfTable::value(const DbfField& field, std::string_view recordBytes)
   return std::string(number);
 }
 
+void DbfTable::value(const DbfField& field, std::string_view recordBytes, const TakePiece& take) {
+  const std::uint64_t block =
+      field.isMemo() ? BlockNumber(field, recordBytes.substr(field.offset, field.length)) : 0;
+  block == 0 ? take(value(field, recordBytes)) : memo_->read(block, take);
+}
+
 std::string DbfTable::withFieldBytes(const DbfField& field, std::int64_t record, std::string_view bytes) {
   std::string table = file_.read(0, file_.size());
   const std::uint64_t at = offsetOf(record) + field.offset;

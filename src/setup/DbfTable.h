@@ -29,6 +29,8 @@ class DbfTable {
 
   // The value of a field in the bytes of a record.
   std::string value(const DbfField& field, std::string_view recordBytes);
+  // The same, a memo's text in pieces.
+  void value(const DbfField& field, std::string_view recordBytes, const TakePiece& take);
 
   const std::string& path() const { return path_; }
   const std::string& memoPath() const { return memoPath_; }

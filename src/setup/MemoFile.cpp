@@ -70,35 +70,47 @@ void MemoFile::reopen() {
 }
 
 std::string MemoFile::read(std::uint64_t block) {
+  const Place place = placeOf(block);
+  std::string text = file_.read(place.offset, place.length);
+  if (text.size() != place.length) Damaged("a text cannot be read");
+  return text;
+}
+
+void MemoFile::read(std::uint64_t block, const TakePiece& take) {
+  const Place place = placeOf(block);
+  if (file_.read(place.offset, place.length, take) != place.length) Damaged("a text cannot be read");
+}
+
+MemoFile::Place MemoFile::placeOf(std::uint64_t block) {
   if (block == 0 || block > file_.size() / blockSize_ || block * blockSize_ >= file_.size()) {
     Damaged("there is no block " + std::to_string(block));
   }
   const std::uint64_t offset = block * blockSize_;
-  return kind_ == MemoKind::version3 ? readVersion3(offset) : readVersion4(offset);
+  return kind_ == MemoKind::version3 ? placeOfVersion3(offset) : placeOfVersion4(offset);
 }
 
-std::string MemoFile::readVersion3(std::uint64_t offset) {
-  std::string text;
-  for (std::string piece; !(piece = file_.read(offset + text.size(), kStep)).empty();) {
-    const std::size_t searchFrom = text.empty() ? 0 : text.size() - 1;  // the end may straddle two pieces
+MemoFile::Place MemoFile::placeOfVersion3(std::uint64_t offset) {
+  std::string
+      text;  // the last byte of the piece before, since the end may straddle two pieces, and the piece
+  std::uint64_t at = offset;
+  for (std::string piece; !(piece = file_.read(at, kStep)).empty(); at += piece.size()) {
+    const std::uint64_t start = at - text.size();
     text += piece;
-    const std::size_t end = text.find(kEnd3, searchFrom);
-    if (end != std::string::npos) return text.substr(0, end);
+    const std::size_t end = text.find(kEnd3);
+    if (end != std::string::npos) return {offset, start + end - offset};
+    text.erase(0, text.size() - 1);
   }
   // The last memo of a file is ended by the end mark of the file.
   if (text.empty() || text.back() != kEnd3[0]) Damaged("a text has no end");
-  text.pop_back();
-  return text;
+  return {offset, at - 1 - offset};
 }
 
-std::string MemoFile::readVersion4(std::uint64_t offset) {
+MemoFile::Place MemoFile::placeOfVersion4(std::uint64_t offset) {
   const std::string head = file_.read(offset, kHead4);
   if (head.size() < kHead4 || !head.starts_with(kMark4)) Damaged("a text has no beginning");
   const std::uint32_t length = Little32(head, kMark4.size());
   if (length < kHead4 || length > file_.size() - offset) Damaged("a text is longer than the file");
-  std::string text = file_.read(offset + kHead4, length - kHead4);
-  if (text.size() != length - kHead4) Damaged("a text cannot be read");
-  return text;
+  return {offset + kHead4, length - kHead4};
 }
 
 MemoFile::Grown MemoFile::withText(std::string_view text) {

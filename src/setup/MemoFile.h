@@ -30,6 +30,8 @@ class MemoFile {
   // The text at the block, with no more memory taken than the file has bytes. A number outside the file, or
   // bytes that are no memo, are a DatabaseError.
   std::string read(std::uint64_t block);
+  // The same text in pieces; what is found wrong behind the first of them is still a DatabaseError.
+  void read(std::uint64_t block, const TakePiece& take);
 
   struct Grown {
     std::string bytes;    // the whole file with the text at its end
@@ -44,8 +46,13 @@ class MemoFile {
   void reopen();
 
  private:
-  std::string readVersion3(std::uint64_t offset);
-  std::string readVersion4(std::uint64_t offset);
+  struct Place {  // of a text in the file
+    std::uint64_t offset;
+    std::uint64_t length;
+  };
+  Place placeOf(std::uint64_t block);
+  Place placeOfVersion3(std::uint64_t offset);
+  Place placeOfVersion4(std::uint64_t offset);
 
   std::string path_;
   MemoKind kind_;

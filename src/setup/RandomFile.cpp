@@ -9,6 +9,12 @@
 
 namespace korvane {
 
+namespace {
+
+constexpr std::uint64_t kPiece = 256 * 1024;
+
+}  // namespace
+
 bool RandomFile::open(std::string_view path) {
   file_ = std::ifstream();
   size_ = 0;
@@ -32,6 +38,17 @@ std::string RandomFile::read(std::uint64_t offset, std::uint64_t length) {
   file_.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   bytes.resize(static_cast<std::size_t>(file_.gcount()));
   return bytes;
+}
+
+std::uint64_t RandomFile::read(std::uint64_t offset, std::uint64_t length, const TakePiece& take) {
+  std::uint64_t done = 0;
+  while (done < length) {
+    const std::string piece = read(offset + done, std::min(kPiece, length - done));
+    if (piece.empty()) break;
+    take(piece);
+    done += piece.size();
+  }
+  return done;
 }
 
 }  // namespace korvane

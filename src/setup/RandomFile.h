@@ -3,10 +3,14 @@
 
 #include <cstdint>
 #include <fstream>
+#include <functional>
 #include <string>
 #include <string_view>
 
 namespace korvane {
+
+// Takes the next bytes of a text that is too long to be held at once.
+using TakePiece = std::function<void(std::string_view)>;
 
 // A file that is read piece by piece, where the pieces lie.
 class RandomFile {
@@ -21,6 +25,8 @@ class RandomFile {
   // The bytes at the offset: fewer than asked for where the file ends or cannot be read. Never takes more
   // memory than the file has bytes.
   std::string read(std::uint64_t offset, std::uint64_t length);
+  // The same bytes in pieces that stay in the processor's cache. Gives how many there were.
+  std::uint64_t read(std::uint64_t offset, std::uint64_t length, const TakePiece& take);
 
  private:
   std::ifstream file_;
