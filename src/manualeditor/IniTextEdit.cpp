@@ -25,8 +25,10 @@ constexpr int kTextMargin = 4;  // pixels between the line numbers and the text
 constexpr int kLinesAround = 4;
 constexpr int kStrikeIndicator = 20;
 // Above this size edits are not announced to screen readers one by one: for each, the control counts every
-// character of the text before it.
+// character of the text before it. That there was an edit is told all the same.
 constexpr std::size_t kAnnounced = 1 << 17;
+constexpr int kEdits = Sci::SC_MOD_INSERTTEXT | Sci::SC_MOD_DELETETEXT;
+constexpr int kEditsToCome = Sci::SC_MOD_BEFOREINSERT | Sci::SC_MOD_BEFOREDELETE;
 constexpr int kColourStep = 1 << 18;   // bytes that are coloured in one go
 constexpr int kCurrentLineShare = 20;  // of the highlight colour in the current line's background, in percent
 constexpr int kMarginShare = 6;        // of the text colour in the background of the line numbers
@@ -106,8 +108,7 @@ void IniTextEdit::fitNumberMargin() {
 void IniTextEdit::setBytes(std::string_view bytes) {
   const QByteArray utf8 = Utf8OfFile(bytes);
   send(Sci::SCI_SETUNDOCOLLECTION, 0);
-  send(Sci::SCI_SETMODEVENTMASK,
-       bytes.size() > kAnnounced ? 0 : Sci::SC_MOD_INSERTTEXT | Sci::SC_MOD_DELETETEXT);
+  send(Sci::SCI_SETMODEVENTMASK, bytes.size() > kAnnounced ? kEditsToCome : kEdits);
   send(Sci::SCI_CLEARALL);
   sendText(Sci::SCI_ADDTEXT, utf8.size(), utf8.constData());
   send(Sci::SCI_SETUNDOCOLLECTION, 1);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <QSignalSpy>
+
 #include <string>
 
 #include "manualeditor/IniTextEdit.h"
@@ -37,6 +39,20 @@ TEST(IniTextEdit, EveryByteComesBackAndLoneLineEndsBecomeCrLf) {
     EXPECT_FALSE(text.isModified());
     EXPECT_FALSE(text.fileBytes().refused);
     EXPECT_EQ(text.fileBytes().bytes, saved);
+  }
+}
+
+TEST(IniTextEdit, EveryEditIsToldHoweverLargeTheText) {
+  for (const int lines : {1, 10'000, 100'000}) {
+    IniTextEdit text;
+    QSignalSpy edits(&text, &IniTextEdit::edited);
+    text.setBytes(QByteArray("  Damage = 10\r\n").repeated(lines).toStdString());
+    for (const char* typed : {"x", ""}) {
+      edits.clear();
+      text.selectCharacterAt(0);
+      text.replaceSelection(typed);
+      EXPECT_GE(edits.size(), 1) << lines << " lines, \"" << typed << '"';
+    }
   }
 }
 
