@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QClipboard>
+#include <QMenu>
+#include <QToolBar>
 
 #include "manualeditor/FrmManEdit.h"
 #include "manualeditor/ManEditFixture.h"
@@ -32,6 +34,37 @@ TEST_F(ManEditTest, NoEventsRunInsideOfTheActivation) {
   QCoreApplication::sendEvent(window_.get(), &activation);
   EXPECT_FALSE(eventsRan);
   EXPECT_TRUE(QTest::qWaitFor([this] { return target_.ManEditInitDone; }));
+}
+
+// The names and captions of actions, with an empty text for a separator.
+QStringList Entries(const QList<QAction*>& actions) {
+  QStringList entries;
+  for (const QAction* action : actions) {
+    entries += action->isSeparator() ? "" : action->objectName() + ": " + action->text().remove('&');
+  }
+  return entries;
+}
+
+TEST_F(ManEditTest, EveryMenuEntryAndToolbarButtonHasItsNameAndPlace) {
+  const std::pair<const char*, QStringList> kMenus[] = {
+      {"MnuFile", {"MnuSave: Save", "", "MnuExit: Exit"}},
+      {"MnuEdit",
+       {"MnuUndo: Undo", "MnuRedo: Redo", "", "MnuCut: Cut", "MnuCopy: Copy", "MnuPaste: Paste",
+        "MnuDelete: Delete", "", "MnuFind: Find...", "MnuFindNext: Find Next", "MnuReplace: Replace...", "",
+        "MnuSelAll: Select All"}},
+      {"MnuFormat", {"MnuFont: Fonts"}},
+  };
+  QStringList menus;
+  for (const auto& [name, entries] : kMenus) {
+    ASSERT_NE(part<QMenu>(name), nullptr) << name;
+    EXPECT_EQ(Entries(part<QMenu>(name)->actions()), entries);
+    menus += part<QMenu>(name)->title().remove('&');
+  }
+  EXPECT_EQ(menus, QStringList({"File", "Edit", "Format"}));
+  const QList<QAction*> buttons = part<QToolBar>("TB1")->actions().first(6);
+  EXPECT_EQ(Entries(buttons), QStringList({"Save: Save", "Cut: Cut", "Copy: Copy", "Paste: Paste",
+                                           "Undo: Undo", "Redo: Redo"}));
+  for (const QAction* button : buttons) EXPECT_EQ(button->toolTip(), button->objectName());
 }
 
 TEST_F(ManEditTest, APartShowsNoFileAndIsNeverSaved) {
