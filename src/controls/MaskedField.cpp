@@ -30,6 +30,10 @@ QString ToolkitMask(const QString& mask) {
 
 }  // namespace
 
+MaskedField::MaskedField(QWidget* parent) : QLineEdit(parent) {
+  connect(this, &QLineEdit::textEdited, this, &MaskedField::takeTyped);
+}
+
 void MaskedField::setMask(const QString& mask) {
   mask_ = mask;
   digits_ = static_cast<int>(mask.count(kDigitPlace));
@@ -51,6 +55,13 @@ void MaskedField::showTemplate() {
 
 bool MaskedField::fits(const QString& value) const {
   return value.size() <= digits_ && std::all_of(value.begin(), value.end(), IsDigit);
+}
+
+void MaskedField::takeTyped(const QString& text) {
+  if (wholeValue_.isEmpty() || !fits(text)) return;
+  const QString typed = text;  // the template would empty it
+  showTemplate();
+  insert(typed);
 }
 
 void MaskedField::insertValue(const QString& value) {

@@ -13,7 +13,7 @@ class MaskedField : public QLineEdit {
   Q_OBJECT
 
  public:
-  explicit MaskedField(QWidget* parent = nullptr) : QLineEdit(parent) {}
+  explicit MaskedField(QWidget* parent = nullptr);
 
   // An empty mask makes a plain text field.
   void setMask(const QString& mask);
@@ -32,6 +32,8 @@ class MaskedField : public QLineEdit {
 
  private:
   bool fits(const QString& value) const;
+  // Puts the mask back when the user has replaced a value that did not fit by one that does.
+  void takeTyped(const QString& text);
 
   QString mask_;
   int digits_ = 0;

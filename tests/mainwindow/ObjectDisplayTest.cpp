@@ -67,6 +67,10 @@ TEST_F(ObjectDisplayTest, AValueThatTheMaskCannotTakeStandsWhole) {
   EXPECT_EQ(handling(2), "22.5 dist/sec");
   EXPECT_EQ(handling(3), "-90 degrees/sec");
   EXPECT_EQ(handling(4), "____ degrees/sec");
+  QLineEdit& turnRate = get<QLineEdit>("HS_TextBox3");
+  turnRate.selectAll();
+  QTest::keyClicks(&turnRate, "7x85");
+  EXPECT_EQ(handling(3), "785_ degrees/sec");  // one that fits is typed under the mask again
   press("HS_ClearBtn2");
   EXPECT_EQ(handling(2), "____ dist/sec");
   get<QTabBar>("LocoTab").setCurrentIndex(1);
