@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/FontDialog.h"
 
+#include <QApplication>
 #include <QFont>
 #include <QFontDialog>
 #include <QFontInfo>
@@ -40,6 +41,13 @@ class LimitedFontDialog : public QFontDialog {
       return;
     }
     QFontDialog::done(result);
+  }
+
+ protected:
+  // The owner may be hidden: the place is before the window that the user has just used.
+  void showEvent(QShowEvent* event) override {
+    if (QWidget* used = QApplication::activeWindow()) adjustPosition(used);
+    QFontDialog::showEvent(event);
   }
 };
 
