@@ -6,7 +6,6 @@
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
@@ -50,11 +49,12 @@ FrmEdit::FrmEdit(const Services& services, EditorLauncher& launcher, ManualEditT
                [this](bool busy) { busy ? setCursor(Qt::WaitCursor) : unsetCursor(); }),
       TVMenu_(new ClickView<QTreeView>),
       Toolbar1_(addToolBar("Toolbar")),
+      panels_(*statusBar()),
       commands_(*this, SParse1_, services, launcher, target, [this] { return display_->selectedObject(); }) {
   setObjectName("FrmEdit");
   setWindowTitle(ApplicationTitle());
+  statusBar()->setObjectName("StatusBar");
   buildTree();
-  buildStatusBar();
   buildLayout();
   display_ = new ObjectDisplay(*this, *TVMenu_, objects_, fields_, panels_, SParse1_, services_);
   buildCommands();
@@ -68,19 +68,6 @@ void FrmEdit::buildTree() {
   TVMenu_->setModel(&objects_);
   TVMenu_->setHeaderHidden(true);
   TVMenu_->setUniformRowHeights(true);
-}
-
-void FrmEdit::buildStatusBar() {
-  statusBar()->setObjectName("StatusBar");
-  constexpr std::array kStretch = {5, 3, 3};
-  for (std::size_t i = 0; i < panels_.size(); ++i) {
-    panels_[i] = new QLabel;
-    panels_[i]->setObjectName("Panel" + QString::number(i + 1));
-    panels_[i]->setTextFormat(Qt::PlainText);
-    // A long text must not widen the window.
-    panels_[i]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    statusBar()->addWidget(panels_[i], kStretch[i]);
-  }
 }
 
 void FrmEdit::buildLayout() {
@@ -166,11 +153,11 @@ void FrmEdit::prepareInformationList() {
 
 void FrmEdit::readWeapons() {
   const ParserTurn turn(SParse1_);
-  display_->readWeapons();
+  display_->choices().readWeapons();
 }
 
 void FrmEdit::showRemark(const QString& text) {
-  display_->showRemark(text);
+  panels_.showRemark(text);
 }
 
 void FrmEdit::nameFileButton() {

@@ -5,7 +5,6 @@
 #include <QTimer>
 #include <QTreeView>
 
-#include <array>
 #include <functional>
 
 #include "controls/ClickView.h"
@@ -15,9 +14,9 @@
 #include "mainwindow/LaunchCommands.h"
 #include "mainwindow/ObjectDisplay.h"
 #include "mainwindow/ObjectTreeModel.h"
+#include "mainwindow/StatusPanels.h"
 #include "mainwindow/UnitFields.h"
 
-class QLabel;
 class QToolBar;
 
 namespace korvane {
@@ -57,7 +56,6 @@ class FrmEdit : public QMainWindow, public UnitChoices {
 
  private:
   void buildTree();
-  void buildStatusBar();
   void buildLayout();
   void buildCommands();
   void connectButtons();
@@ -75,7 +73,7 @@ class FrmEdit : public QMainWindow, public UnitChoices {
   ClickView<QTreeView>* TVMenu_;
   UnitFields fields_;
   QToolBar* Toolbar1_;
-  std::array<QLabel*, 3> panels_{};
+  StatusPanels panels_;
   ObjectDisplay* display_ = nullptr;
   LaunchCommands commands_;
   QTimer Timer1_;

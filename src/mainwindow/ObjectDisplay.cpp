@@ -2,10 +2,7 @@
 #include "mainwindow/ObjectDisplay.h"
 
 #include <QComboBox>
-#include <QCoreApplication>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTabBar>
@@ -17,8 +14,10 @@
 #include "files/NativePath.h"
 #include "ini/DataFiles.h"
 #include "ini/IniText.h"
+#include "mainwindow/BusyWindow.h"
 #include "mainwindow/FrmColData.h"
 #include "mainwindow/ObjectTreeModel.h"
+#include "mainwindow/StatusPanels.h"
 #include "mainwindow/UnitFields.h"
 #include "platform/EventYield.h"
 #include "platform/TextEncoding.h"
@@ -72,35 +71,8 @@ class FieldSink : public LocomotorFields {
 
 }  // namespace
 
-// Keeps the window disabled during a selection. It is not painted anew for that unless the selection lasts,
-// so that a quick click flashes nothing, and the focus is back in the tree afterwards.
-class ObjectDisplay::BusyWindow {
- public:
-  BusyWindow(QWidget& window, QWidget& tree) : window_(window), tree_(tree), hadFocus_(tree.hasFocus()) {
-    window_.setUpdatesEnabled(false);
-    window_.setEnabled(false);
-  }
-  ~BusyWindow() {
-    window_.setEnabled(true);
-    if (hadFocus_) tree_.setFocus();
-    showChanges();
-  }
-  // Paints from now on. What was marked for painting before is not painted by itself any more.
-  void showChanges() {
-    window_.setUpdatesEnabled(true);
-    window_.repaint();
-  }
-  BusyWindow(const BusyWindow&) = delete;
-  BusyWindow& operator=(const BusyWindow&) = delete;
-
- private:
-  QWidget& window_;
-  QWidget& tree_;
-  bool hadFocus_;
-};
-
 ObjectDisplay::ObjectDisplay(QWidget& window, QTreeView& tree, const ObjectTreeModel& model,
-                             UnitFields& fields, StatusPanels panels, SParse& parser,
+                             UnitFields& fields, StatusPanels& panels, SParse& parser,
                              const Services& services)
     : QObject(&window),
       window_(window),
@@ -115,9 +87,7 @@ ObjectDisplay::ObjectDisplay(QWidget& window, QTreeView& tree, const ObjectTreeM
                      const ObjectNode* node = selectedNode();
                      return node == nullptr ? QString() : ShownName(node->text);
                    }),
-      TVItem1_(parser.yield()),
-      TVItem2_(parser.yield()),
-      TVItem3_(parser.yield()) {
+      choices_(fields, services, parser.yield()) {
   connectFields();
   connectLists();
 }
@@ -185,7 +155,7 @@ void ObjectDisplay::select(const QModelIndex& index) {
   const bool isObject = IsObjectNode(*node);
   const bool fileIsThere = !isObject || FileExists(objectPath(*node));
   if (!fileIsThere) {
-    showInPanel(2, FromBytes(node->tag) + "  (Error: File does not exist)");
+    panels_.show(StatusPanels::file, FromBytes(node->tag) + "  (Error: File does not exist)");
     services_.yield.fullTurn();
   } else if (isObject) {
     showObject(*node, busy);
@@ -196,24 +166,12 @@ void ObjectDisplay::select(const QModelIndex& index) {
   services_.yield.fullTurn();
 }
 
-void ObjectDisplay::showInPanel(int panel, const QString& text) {
-  QLabel& shown = *panels_[static_cast<std::size_t>(panel) - 1];
-  shown.setText(text);
-  shown.setToolTip(text);  // in case the panel is too narrow
-  shown.show();
-}
-
-void ObjectDisplay::showRemark(const QString& text) {
-  showInPanel(1, text);
-  if (text.isEmpty()) return;
-  for (QLabel* panel : {panels_[1], panels_[2]}) panel->hide();  // until they have something to say
-}
-
 void ObjectDisplay::reportNode(const ObjectNode& node) {
-  showInPanel(2, FromBytes(node.tag));
+  panels_.show(StatusPanels::file, FromBytes(node.tag));
   services_.yield.fullTurn();
-  showInPanel(1, ObjectTreeModel::fullPath(node));
-  showInPanel(3, "There are " + QString::number(node.children.size()) + " items in this catagory.");
+  panels_.show(StatusPanels::path, ObjectTreeModel::fullPath(node));
+  panels_.show(StatusPanels::count,
+               "There are " + QString::number(node.children.size()) + " items in this catagory.");
 }
 
 void ObjectDisplay::showObject(const ObjectNode& node, BusyWindow& busy) {
@@ -228,13 +186,16 @@ void ObjectDisplay::showObject(const ObjectNode& node, BusyWindow& busy) {
   readTextFields(file, progress);
   armour_ = FromBytes(parser_.GetParameterValue(kObject, "Armor ", file)).section(kLineBreak, 0, 0);
   progress.setStage(armourRead);
-  readWeapons();
+  choices_.readWeapons();
   progress.setStage(weaponsRead);
   readWeaponSets(file);
   progress.setStage(weaponSetsRead);
   readLocomotorTabs();
   progress.setStage(tabsRead);
-  readChoices(progress);
+  choices_.readLocomotors();
+  progress.setStage(locomotorsRead);
+  choices_.readArmours();
+  progress.setStage(allRead);
   const int selected = fields_.LocoTab->currentIndex();
   if (selected >= 0) ShowText(*fields_.CboLocomotor, TabCaption(*fields_.LocoTab, selected));
 }
@@ -245,22 +206,6 @@ void ObjectDisplay::readTextFields(const std::string& file, FrmColData& progress
     fields[i]->setText(WithoutLineBreaks(parser_.GetParameterValue(kObject, kTextKeys[i], file)));
     fields[i]->setCursorPosition(0);
     progress.setStage(static_cast<int>(i) + 1);
-  }
-}
-
-void ObjectDisplay::readWeapons() {
-  QStringList names;
-  TVItem1_.NewLine = [&](std::string_view line) {
-    services_.yield.perLine();
-    if (!TVItem::CheckText(line, "Weapon ")) return;
-    if (const auto name = HeaderName(line)) names += ShownName(*name);
-  };
-  TVItem1_.OpenFile(IniPath(services_.folders.game.toStdString(), kWeaponFile));
-  TVItem1_.NewLine = nullptr;
-  fields_.weapons->setStringList(names);
-  for (QComboBox* list : {fields_.PWeapon, fields_.SWeapon, fields_.TWeapon}) {
-    Select(*list, -1);
-    list->setEditText({});
   }
 }
 
@@ -298,24 +243,6 @@ void ObjectDisplay::readLocomotorTabs() {
   fields_.CboLoco->addItems(names);
   showLocomotorOf(fields_.LocoTab->currentIndex());
   Select(*fields_.CboLoco, names.isEmpty() ? -1 : 0);
-}
-
-void ObjectDisplay::readChoices(FrmColData& progress) {
-  const auto read = [this](TVItem& reader, std::string_view file, std::string_view kind, QComboBox& list) {
-    QStringList names;
-    reader.NewLine = [&](std::string_view line) {
-      services_.yield.perLine();
-      if (!TVItem::CheckText(line, kind)) return;
-      if (const auto name = HeaderName(line)) names += ShownName(*name);
-    };
-    reader.OpenFile(IniPath(services_.folders.game.toStdString(), file));
-    reader.NewLine = nullptr;
-    ReplaceEntries(list, names);
-  };
-  read(TVItem2_, kLocomotorFile, "Locomotor ", *fields_.CboLocomotor);
-  progress.setStage(locomotorsRead);
-  read(TVItem3_, kArmorFile, "Armor", *fields_.CboArmour);
-  progress.setStage(allRead);
 }
 
 void ObjectDisplay::conditionChosen(int index) {

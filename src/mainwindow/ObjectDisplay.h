@@ -4,21 +4,21 @@
 #include <QObject>
 #include <QPersistentModelIndex>
 
-#include <array>
 #include <string>
 
 #include "controls/Services.h"
 #include "ini/SParse.h"
-#include "ini/TVItem.h"
+#include "mainwindow/ChoiceLists.h"
 #include "mainwindow/InformationList.h"
 
-class QLabel;
 class QTreeView;
 
 namespace korvane {
 
+class BusyWindow;
 class FrmColData;
 class ObjectTreeModel;
+class StatusPanels;
 class UnitFields;
 struct ObjectNode;
 
@@ -28,20 +28,13 @@ class ObjectDisplay : public QObject {
   Q_OBJECT
 
  public:
-  using StatusPanels = std::array<QLabel*, 3>;
-
   ObjectDisplay(QWidget& window, QTreeView& tree, const ObjectTreeModel& model, UnitFields& fields,
-                StatusPanels panels, SParse& parser, const Services& services);
+                StatusPanels& panels, SParse& parser, const Services& services);
 
   // Shows the node; ignored while something else reads.
   void select(const QModelIndex& index);
 
-  // Reads "Weapon.ini" into the weapon lists.
-  void readWeapons();
-
-  // A remark in the first panel, with room for it, until a node is chosen.
-  void showRemark(const QString& text);
-
+  ChoiceLists& choices() { return choices_; }
   InformationList& information() { return information_; }
   // The tree's selected node, or nothing.
   const ObjectNode* selectedNode() const;
@@ -49,11 +42,8 @@ class ObjectDisplay : public QObject {
   SelectedObject selectedObject() const;
 
  private:
-  class BusyWindow;
-
   void connectFields();
   void connectLists();
-  void showInPanel(int panel, const QString& text);
   void reportNode(const ObjectNode& node);
   std::string objectPath(const ObjectNode& node) const;
 
@@ -61,7 +51,6 @@ class ObjectDisplay : public QObject {
   void readTextFields(const std::string& file, FrmColData& progress);
   void readWeaponSets(const std::string& file);
   void readLocomotorTabs();
-  void readChoices(FrmColData& progress);
 
   void conditionChosen(int index);
   void showWeaponsOf(int weaponSet);
@@ -75,13 +64,11 @@ class ObjectDisplay : public QObject {
   QTreeView& tree_;
   const ObjectTreeModel& model_;
   UnitFields& fields_;
-  StatusPanels panels_;
+  StatusPanels& panels_;
   SParse& parser_;
   const Services& services_;
   InformationList information_;
-  TVItem TVItem1_;  // weapons
-  TVItem TVItem2_;  // locomotors
-  TVItem TVItem3_;  // armours
+  ChoiceLists choices_;
   bool DisplayReady_ = false;
   QPersistentModelIndex shownNode_;
   int shownTab_ = -1;

@@ -236,6 +236,11 @@ void ShowText(QComboBox& list, const QString& text) {
 void ReplaceEntries(QComboBox& list, const QStringList& entries) {
   list.clear();
   list.addItems(entries);
+  EmptyText(list);
+}
+
+void EmptyText(QComboBox& list) {
+  const QSignalBlocker silent(list);
   list.setCurrentIndex(-1);
   list.setEditText({});
 }

@@ -87,5 +87,7 @@ void ShowText(QComboBox& list, const QString& text);
 
 // Replaces the entries of a list with editable text, and empties the text.
 void ReplaceEntries(QComboBox& list, const QStringList& entries);
+// Leaves no entry chosen and no text.
+void EmptyText(QComboBox& list);
 
 }  // namespace korvane

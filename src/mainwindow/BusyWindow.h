@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+class QWidget;
+
+namespace korvane {
+
+// Keeps the main window disabled while an object lives. The window is not painted anew for that unless it
+// lasts, so that a quick click flashes nothing, and the focus is back in the tree afterwards.
+class BusyWindow {
+ public:
+  BusyWindow(QWidget& window, QWidget& tree);
+  ~BusyWindow();
+  BusyWindow(const BusyWindow&) = delete;
+  BusyWindow& operator=(const BusyWindow&) = delete;
+
+  // Paints the window from now on.
+  void showChanges();
+
+ private:
+  QWidget& window_;
+  QWidget& tree_;
+  bool hadFocus_;
+};
+
+}  // namespace korvane

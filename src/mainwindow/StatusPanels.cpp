@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow/StatusPanels.h"
+
+#include <QLabel>
+#include <QStatusBar>
+
+namespace korvane {
+
+StatusPanels::StatusPanels(QStatusBar& bar) {
+  constexpr std::array kStretch = {5, 3, 3};
+  for (std::size_t i = 0; i < panels_.size(); ++i) {
+    panels_[i] = new QLabel;
+    panels_[i]->setObjectName("Panel" + QString::number(i + 1));
+    panels_[i]->setTextFormat(Qt::PlainText);
+    // A long text must not widen the window.
+    panels_[i]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    bar.addWidget(panels_[i], kStretch[i]);
+  }
+}
+
+void StatusPanels::show(Panel panel, const QString& text) {
+  QLabel& shown = *panels_[panel];
+  shown.setText(text);
+  shown.setToolTip(text);  // in case the panel is too narrow
+  shown.show();
+}
+
+void StatusPanels::showRemark(const QString& text) {
+  show(path, text);
+  if (text.isEmpty()) return;
+  for (QLabel* panel : {panels_[file], panels_[count]}) panel->hide();
+}
+
+}  // namespace korvane
