@@ -13,6 +13,7 @@ build   cmake ninja-build g++ python3 qt6-base-dev qt6-svg-dev libqscintilla2-qt
 run     libqt6svg6 fonts-dejavu-core xvfb openbox
 test    python3 fonts-dejavu-core libdbd-xbase-perl python3-dbf python3-dbfread desktop-file-utils appstream
 package dpkg-dev file fakeroot xdotool
+memcheck valgrind
 format  clang-format
 '
 
