@@ -51,7 +51,9 @@ void GameLedger::changeOutside(Chance& chance) {
       }
       break;
     case 2:
-      fs::remove_all(target);
+      for (const std::string& gone : paths_) {
+        if (gone == path || chance.oneIn(4)) fs::remove_all(folder_ / gone);
+      }
       break;
     case 3:
       fs::remove_all(target);

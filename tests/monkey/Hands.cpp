@@ -58,6 +58,7 @@ const Hands::Action Hands::kActions[] = {
     {"button", 10, &Hands::clickButton},
     {"open file", 3, &Hands::openFile},
     {"save", 3, &Hands::save},
+    {"next step", 10, &Hands::goOn},
     {"object", 8, &Hands::clickObject},
     {"entry", 8, &Hands::clickEntry},
     {"close", 3, &Hands::closeWindow},
@@ -237,13 +238,23 @@ void Hands::save() {
   choose("FrmManEdit", "MnuSave");
 }
 
+// In the wizard, which chance alone hardly ever gets to its end.
+void Hands::goOn() {
+  for (const QWindow* window : WindowsShown()) {
+    auto* next = WidgetOf(*window)->findChild<QPushButton*>("cmdNav3");
+    if (next != nullptr && next->isEnabled()) return clickOn(*next, next->rect().center());
+  }
+}
+
 void Hands::clickButton() {
   const QWindow* window = someWindow();
   const QWidget* top = window == nullptr ? nullptr : WidgetOf(*window);
   if (top == nullptr) return;
   QList<QPushButton*> buttons;
   for (auto* button : top->findChildren<QPushButton*>()) {
-    if (button->isVisible() && button->isEnabled() && button->window() == top) buttons += button;
+    const bool cancels = button->objectName() == "cmdNav1";
+    const bool usable = button->isVisible() && button->isEnabled() && button->window() == top;
+    if (usable && (!cancels || chance_.oneIn(6))) buttons += button;
   }
   if (buttons.isEmpty()) return;
   QPushButton* button = chance_.oneOf(buttons);

@@ -47,6 +47,7 @@ class Hands {
   void pressKey();
   void pressShortcut();
   void runCommand();
+  void goOn();
   void clickButton();
   void openFile();
   void save();

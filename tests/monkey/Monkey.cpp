@@ -45,6 +45,13 @@ fs::path Game(const fs::path& root) {
   return root / "home" / "game";
 }
 
+std::string Description(const GameLedger::Change& change) {
+  const auto size = [](const std::optional<std::string>& bytes) {
+    return bytes ? std::to_string(bytes->size()) + " bytes" : std::string("nothing");
+  };
+  return change.path + ", " + size(change.before) + " before, " + size(change.after) + " after";
+}
+
 }  // namespace
 
 class Monkey::Boxes : public MessageBoxes {
@@ -145,7 +152,7 @@ void Monkey::round() {
   ++report_.rounds;
   begin();
   {
-    Program program(*services_, chance_.oneIn(8) ? "-Reinstall" : "");
+    Program program(*services_, chance_.oneIn(4) ? "-Reinstall" : "");
     program.StartProgram();
     if (!over_) loop_.exec();
     ticker_.reset();
@@ -159,6 +166,7 @@ void Monkey::begin() {
   over_ = false;
   ticksWithoutWindow_ = 0;
   roundLeft_ = 1 + chance_.below(longestRound_);
+  for (int i = chance_.below(4); i > 0; --i) ledger_.changeOutside(chance_);
   const QString game = settings_.gameFolder();
   const bool elsewhere = game != Text(ledger_.folder()) && FolderExists(game.toStdString() + "\\Data\\INI");
   if (elsewhere || !chance_.oneIn(6)) settings_.saveGameFolder(Text(ledger_.folder()));
@@ -195,7 +203,7 @@ void Monkey::step() {
     ledger_.changeOutside(chance_);
   }
   if (chance_.oneIn(400)) garbleSetting();
-  if (chance_.oneIn(8)) hands_.reachFolder(QString::fromStdString(ledger_.folder().string()));
+  if (chance_.oneIn(3)) hands_.reachFolder(QString::fromStdString(ledger_.folder().string()));
   hands_.act();
 }
 
@@ -237,9 +245,9 @@ void Monkey::inspect(const char* what) {
     if (!change.before && change.after && ledger_.isOriginal(change.path, *change.after)) {
       ++report_.restored;
     } else if (!change.after || !isSaved(change)) {
-      fail("A file changed that no save changed, by " + std::string(what) + ": " + change.path);
+      fail("A file changed that no save changed, by " + std::string(what) + ": " + Description(change));
     } else if (change.before && !isKept(*change.before)) {
-      fail("A save did not keep the version before it, by " + std::string(what) + ": " + change.path);
+      fail("A save did not keep the version before it, by " + std::string(what) + ": " + Description(change));
     } else {
       ++report_.saves;
     }
