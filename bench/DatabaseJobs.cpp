@@ -31,22 +31,23 @@ std::function<void()> PlainWrites(const Paths& files, const fs::path& target) {
   std::vector<std::string> texts;
   for (const fs::path& file : files) texts.push_back(ReadWhole(file));
   return [texts = std::move(texts), target] {
-    fs::remove_all(target);
-    fs::create_directories(target);
     for (std::size_t i = 0; i < texts.size(); ++i) PlainWrite(target / std::to_string(i), texts[i]);
   };
 }
 
 Job RestoreJob(const RunningProgram& running) {
   const fs::path target = running.folders.home / "restored";
+  const fs::path plain = running.folders.home / "plain";
   return {.name = "restore thirteen files",
           .promise = {.ratio = 3},
           .run = [&running, target] { Restore(running, target); },
-          .bare = PlainWrites(running.folders.dataFiles(), running.folders.home / "plain"),
+          .bare = PlainWrites(running.folders.dataFiles(), plain),
           .prepare =
-              [target] {
-                fs::remove_all(target);
-                fs::create_directories(target);
+              [target, plain] {
+                for (const fs::path& folder : {target, plain}) {
+                  fs::remove_all(folder);
+                  fs::create_directories(folder);
+                }
               }};
 }
 

@@ -127,13 +127,19 @@ Job HugeJob(const RunningProgram& running) {
           .size = Job::Size::fixed};
 }
 
+// To a new file each time, as a save that replaces files whole has to: to write over the pages of a file that
+// was just emptied is ten times as fast.
+std::function<void()> PlainSave(const std::filesystem::path& file) {
+  return [bytes = ReadWhole(file), file, number = 0]() mutable {
+    PlainWrite(file.string() + std::to_string(++number), bytes);
+  };
+}
+
 Job SaveJob(const RunningProgram& running) {
-  const std::filesystem::path file = running.folders.objects(kLargestFile);
   return {.name = "manual editor, save",
           .promise = {.ratio = 3},
           .run = [] { Trigger(kEditor, "MnuSave"); },
-          .bare = [bytes = ReadWhole(file),
-                   plain = running.folders.home / "plain.ini"] { PlainWrite(plain, bytes); },
+          .bare = PlainSave(running.folders.objects(kLargestFile)),
           .prepare =
               [] {
                 EnsureOpen();
