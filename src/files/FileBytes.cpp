@@ -17,6 +17,19 @@ constexpr std::size_t kSlack = 64;                    // room to see the end of 
 
 }  // namespace
 
+bool OpenOrdinaryFile(std::string_view path, std::ifstream& file) {
+  file = std::ifstream();
+  try {
+    const std::filesystem::path native = NativePath(path);
+    if (!std::filesystem::is_regular_file(native)) return false;
+    file.rdbuf()->pubsetbuf(nullptr, 0);
+    file.open(native, std::ios::binary);
+    return file.is_open();
+  } catch (const std::exception&) {  // no such path, no permission
+    return false;
+  }
+}
+
 void FileBytes::reserve(std::size_t capacity) {
   if (capacity <= capacity_) return;
   auto larger = std::make_unique_for_overwrite<char[]>(capacity);
@@ -28,13 +41,9 @@ void FileBytes::reserve(std::size_t capacity) {
 bool FileBytes::read(std::string_view path, const std::function<void()>& yield) {
   size_ = 0;
   try {
-    const std::filesystem::path native = NativePath(path);
-    if (!std::filesystem::is_regular_file(native)) return false;  // a pipe would block, a folder has no bytes
     std::ifstream file;
-    file.rdbuf()->pubsetbuf(nullptr, 0);  // straight into our buffer
-    file.open(native, std::ios::binary);
-    if (!file) return false;
-    reserve(static_cast<std::size_t>(std::filesystem::file_size(native)) + kSlack);
+    if (!OpenOrdinaryFile(path, file)) return false;
+    reserve(static_cast<std::size_t>(std::filesystem::file_size(NativePath(path))) + kSlack);
     while (file) {
       if (size_ == capacity_) reserve(capacity_ * 2);
       file.read(buffer_.get() + size_, static_cast<std::streamsize>(std::min(kChunk, capacity_ - size_)));

@@ -32,6 +32,17 @@ void ForEachLine(std::string_view bytes, Take&& take) {
   }
 }
 
+// The same for the lines that are whole in a piece of a file, and gives how many bytes at its end are not:
+// more of the file must follow those.
+template <typename Take>
+std::size_t ForEachWholeLine(std::string_view piece, Take&& take) {
+  const std::size_t lastCr = piece.substr(0, piece.empty() ? 0 : piece.size() - 1).rfind('\r');
+  if (lastCr == std::string_view::npos) return piece.size();  // behind a CR at the very end an LF may follow
+  const std::size_t end = lastCr + (piece[lastCr + 1] == '\n' ? 2 : 1);
+  ForEachLine(piece.substr(0, end), take);
+  return piece.size() - end;
+}
+
 // Calls `take(piece)` for the pieces of a text between the separators: always one more than there are
 // separators, the last one possibly empty.
 template <typename Take>

@@ -49,8 +49,15 @@ void TVItem::AddTVItem(std::string_view Key) {
 }
 
 void TVItem::readLines(std::string_view path) {
-  if (!file_.read(path, yield_)) return;
-  ForEachLine(file_.bytes(), [this](std::string_view line) { deliver(line); });
+  if (!file_.open(path)) return;
+  const auto take = [this](std::string_view line) { deliver(line); };
+  std::string_view rest = file_.next(0);  // what is not handed out yet
+  while (!file_.atEnd()) {
+    rest.remove_prefix(rest.size() - ForEachWholeLine(rest, take));
+    yield();
+    rest = file_.next(rest.size());
+  }
+  ForEachLine(rest, take);
 }
 
 void TVItem::deliver(std::string_view line) {

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "files/FileBytes.h"
+#include "files/FilePieces.h"
 #include "ini/Yield.h"
 
 namespace korvane {
@@ -48,7 +48,7 @@ class TVItem {
   void yield() const;
 
   Yield yield_;
-  FileBytes file_;
+  FilePieces file_;
 };
 
 }  // namespace korvane
