@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <stdexcept>
 #include <vector>
 
@@ -63,6 +64,26 @@ TEST(TVItem, WhatCannotBeReadHasNoLines) {
     reader.GetFUnitData(name);
   EXPECT_EQ(log.events,
             (std::vector<std::string>{"start", "done", "start", "done", "start", "done", "start", "done"}));
+}
+
+// Long files are read in pieces; their borders fall into lines, between lines and between CR and LF.
+TEST(TVItem, LinesAreWholeWhereverAPieceOfTheFileEnds) {
+  constexpr std::size_t kPiece = 256 * 1024;
+  const GameFolder game;
+  for (const std::size_t first : {kPiece - 2, kPiece - 1, kPiece, kPiece + 1, 3 * kPiece}) {
+    const std::vector<std::string> lines = {std::string(first, 'a'), "b", "", std::string(kPiece - 5, 'c'),
+                                            "d"};
+    std::string text;
+    for (const std::string& line : lines) text += line + (line == "b" ? "\r" : "\r\n");
+    game.write("Data/INI/Weapon.ini", text + "last");
+    std::vector<std::string> read;
+    TVItem reader;
+    reader.NewLine = [&read](std::string_view line) { read.emplace_back(line); };
+    reader.OpenFile(game.path() + "\\Data\\INI\\Weapon.ini");
+    ASSERT_EQ(read.size(), lines.size() + 1) << first;
+    EXPECT_TRUE(std::equal(lines.begin(), lines.end(), read.begin())) << first;
+    EXPECT_EQ(read.back(), "last");
+  }
 }
 
 TEST(TVItem, AHandlerThatFailsLosesItsOwnLineOnly) {
