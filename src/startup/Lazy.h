@@ -24,6 +24,7 @@ class Lazy {
       window_ = make_();
       QObject::connect(window_, &Window::closedForGood, window_, [this, made = window_.data()] {
         if (window_ == made) window_ = nullptr;
+        made->setEnabled(false);  // a click that is on its way already must not start anything in it
         made->deleteLater();
       });
     }

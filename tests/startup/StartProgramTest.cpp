@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <QFile>
 #include <QLabel>
+#include <QListView>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeView>
@@ -161,6 +163,21 @@ TEST_F(StartProgramTest, UnixLineEndsAreToldInTheStatusBar) {
   EXPECT_EQ(program->mainWindow().findChild<QLabel*>("Panel1")->text(),
             "Weapon.ini has Unix line ends and reads as one line; open and save it in the manual editor to "
             "convert it");
+}
+
+TEST_F(StartProgramTest, AClickThatComesAfterTheCloseStartsNothing) {
+  game.ini("Armor.ini", "Armor Plate\nEnd\n");
+  chooseGame();
+  start();
+  program->showArmourEditor();
+  const QPointer<QWidget> editor = visible("FrmArmour");
+  ASSERT_TRUE(editor);
+  editor->close();
+  ASSERT_TRUE(editor);  // gone only when the events of now are over
+  auto* list = editor->findChild<QListView*>("LstWPN");
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                    list->visualRect(list->model()->index(0, 0)).center());
+  EXPECT_EQ(editor->windowTitle(), "Armour Editor");
 }
 
 TEST_F(StartProgramTest, TheWizardLeadsFromAnEmptyStoreToTheEditor) {
