@@ -45,11 +45,22 @@ fs::path Game(const fs::path& root) {
   return root / "home" / "game";
 }
 
+// What the manual editors hold.
+std::string OpenFiles() {
+  std::string files;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    const auto* open = window->findChild<OpenText*>();
+    if (open == nullptr) continue;
+    files += "; in the editor: " + open->file().toStdString() + (open->isPart() ? ", a part of it" : "");
+  }
+  return files;
+}
+
 std::string Description(const GameLedger::Change& change) {
   const auto size = [](const std::optional<std::string>& bytes) {
     return bytes ? std::to_string(bytes->size()) + " bytes" : std::string("nothing");
   };
-  return change.path + ", " + size(change.before) + " before, " + size(change.after) + " after";
+  return change.path + ", " + size(change.before) + " before, " + size(change.after) + " after" + OpenFiles();
 }
 
 }  // namespace
@@ -143,6 +154,7 @@ MonkeyReport Monkey::run(int events) {
   while (eventsLeft_ > 0 && report_.fault.empty()) round();
   report_.events = events - eventsLeft_;
   report_.longest = pulse_.longest();
+  report_.longestWork = pulse_.longestWork();
   report_.longestDuring = pulse_.longestDuring();
   report_.resident = ResidentBytes();
   return report_;

@@ -25,6 +25,7 @@ struct MonkeyReport {
   std::size_t saves = 0;
   std::size_t restored = 0;  // files
   std::chrono::milliseconds longest{};
+  std::chrono::milliseconds longestWork{};
   std::string longestDuring;
   std::size_t heapWarm = 0;  // bytes after a third of the events, between two rounds
   std::size_t heapEnd = 0;

@@ -19,6 +19,7 @@ constexpr int kPatience = 5000;  // milliseconds without an answer
 #else
 constexpr int kPatience = 1000;
 #endif
+constexpr int kBusyMachine = 10;  // times as long, where other programs want the processor too
 constexpr std::size_t kMiB = std::size_t{1} << 20;
 constexpr std::size_t kMostGrowth = 12 * kMiB;  // of the caches of the toolkit
 
@@ -54,11 +55,12 @@ void PrintOnce(QtMsgType, const QMessageLogContext&, const QString& text) {
 void Print(int seed, const MonkeyReport& report) {
   std::printf(
       "seed %d: %d events, %d rounds, %zu saves, %zu files restored, longest without an answer %d ms (%s), "
+      "longest work %d ms, "
       "heap %.1f MiB then %.1f MiB, resident %.0f MiB\n",
       seed, report.events, report.rounds, report.saves, report.restored,
       static_cast<int>(report.longest.count()), report.longestDuring.c_str(),
-      static_cast<double>(report.heapWarm) / kMiB, static_cast<double>(report.heapEnd) / kMiB,
-      static_cast<double>(report.resident) / kMiB);
+      static_cast<int>(report.longestWork.count()), static_cast<double>(report.heapWarm) / kMiB,
+      static_cast<double>(report.heapEnd) / kMiB, static_cast<double>(report.resident) / kMiB);
   std::fflush(stdout);
 }
 
@@ -76,7 +78,9 @@ void RunSeed(int seed) {
   Print(seed, report);
   EXPECT_EQ(report.fault, "");
   EXPECT_EQ(Untouchable(root), before);
-  EXPECT_LT(report.longest.count(), Argument("patience", kPatience));
+  const int patience = Argument("patience", kPatience);
+  EXPECT_LT(report.longestWork.count(), patience);
+  EXPECT_LT(report.longest.count(), kBusyMachine * patience);
   EXPECT_LT(report.heapEnd, report.heapWarm + kMostGrowth);
 }
 

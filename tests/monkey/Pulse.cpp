@@ -44,16 +44,25 @@ void Pulse::beat(const char* doing) {
     longest_ = silence;
     longestDuring_ = doing_;
   }
+  const std::clock_t work = std::clock();
+  longestWork_ = std::max(longestWork_, work - lastWork_);
+  lastWork_ = work;
   doing_ = doing;
 }
 
 void Pulse::reset() {
   longest_ = {};
+  longestWork_ = 0;
+  lastWork_ = std::clock();
   last_ = Clock::now().time_since_epoch().count();
 }
 
 std::chrono::milliseconds Pulse::longest() const {
   return std::chrono::duration_cast<std::chrono::milliseconds>(longest_);
+}
+
+std::chrono::milliseconds Pulse::longestWork() const {
+  return std::chrono::milliseconds(longestWork_ * 1000 / CLOCKS_PER_SEC);
 }
 
 void Pulse::watch() {

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <chrono>
 #include <cstddef>
+#include <ctime>
 #include <string>
 #include <thread>
 
@@ -26,7 +27,9 @@ class Pulse {
   void reset();
 
   std::chrono::milliseconds longest() const;
-  // What was going on during the longest silence.
+  // The longest that the program itself worked without answering, whatever else the machine had to do.
+  std::chrono::milliseconds longestWork() const;
+  // What went on during the longest silence.
   const std::string& longestDuring() const { return longestDuring_; }
 
  private:
@@ -35,6 +38,8 @@ class Pulse {
   std::atomic<Clock::rep> last_;
   std::atomic<const char*> doing_{"nothing"};
   Clock::duration longest_{};
+  std::clock_t lastWork_ = std::clock();
+  std::clock_t longestWork_ = 0;
   std::string longestDuring_;
   std::thread::native_handle_type watched_{};
   std::atomic<bool> done_ = false;
