@@ -38,10 +38,10 @@ constexpr std::array kEditors = {
 };
 
 constexpr double kRatio = 4;
-constexpr double kAllowance = 20;          // milliseconds
-constexpr int kSteps = 30;                 // down the list, in one run
-constexpr double kStepTime = 1000.0 / 30;  // of the key repeat
-constexpr int kStride = 37;                // between the entries that are clicked
+constexpr double kAllowance = 20;  // milliseconds
+constexpr int kSteps = 30;         // down the list, in one run
+constexpr double kStepTime = 33;   // of the key repeat
+constexpr int kStride = 37;        // between the entries that are clicked
 
 Paths LoadedFiles(const Editor& editor, const BenchFolders& folders) {
   Paths files;

@@ -9,11 +9,12 @@ namespace korvane {
 
 // What the program promises of a job; 0 where nothing is promised. Times in milliseconds.
 struct Promise {
-  double ratio = 0;   // at most so many times the bare pass ...
-  double plus = 0;    // ... and so much more
-  double time = 0;    // at most, on a folder of the original's size
-  double gap = 0;     // the longest time without the event loop, on such a folder
-  double memory = 0;  // peak of the process on such a folder, in MB
+  double ratio = 0;     // at most so many times the bare pass ...
+  double plus = 0;      // ... and so much more
+  double time = 0;      // at most, on a folder of the original's size
+  double gap = 0;       // the longest time without the event loop, on such a folder
+  double memory = 0;    // peak of the process on such a folder, in MB
+  bool growth = false;  // the time grows no faster than the data
 };
 
 // What a process tells of itself when it has ended.

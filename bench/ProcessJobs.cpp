@@ -62,7 +62,7 @@ Job StartJob(const BenchFolders& folders) {
   Paths files = folders.objectFiles();
   files.push_back(folders.ini("Weapon.ini"));
   return {.name = "start to usable window",
-          .promise = {.time = 500, .memory = 150},
+          .promise = {.time = 500, .memory = 150, .growth = true},
           .run =
               [folders] {
                 RunProcess({Self(), "--part", "start", "--home", folders.home});

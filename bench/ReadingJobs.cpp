@@ -45,7 +45,7 @@ Paths ReadByAClick(const BenchFolders& folders) {
 Job ObjectTextJob(const RunningProgram& running) {
   SParse& parser = running.program.mainWindow().parser();
   return {.name = "object text, largest file",
-          .promise = {.ratio = 2},
+          .promise = {.ratio = 2, .growth = true},
           .run =
               [&parser] {
                 parser.ObjectName = "AmericaVehicle00100";
@@ -76,7 +76,7 @@ Job TreeJob(const RunningProgram& running) {
   tree->view.setUniformRowHeights(true);
   tree->view.setModel(&tree->model);
   return {.name = "tree build",
-          .promise = {.ratio = 10},
+          .promise = {.ratio = 10, .growth = true},
           .run = [tree, &desk = running.desk] { Build(*tree, desk.services); },
           .bare = BareRead(running.folders.objectFiles()),
           .prepare =
@@ -92,7 +92,7 @@ Job ClickJob(const RunningProgram& running) {
       SomeObjects(running.program.mainWindow().objects()));
   const auto next = std::make_shared<std::size_t>(0);
   return {.name = "object click",
-          .promise = {.ratio = 4, .time = 100, .gap = 16, .memory = 150},
+          .promise = {.ratio = 4, .time = 100, .gap = 16, .memory = 150, .growth = true},
           .run = [=] { ReleaseOn(Child<QTreeView>("FrmEdit", "TVMenu"), objects->at(*next)); },
           .bare = BareRead(ReadByAClick(running.folders)),
           .prepare =

@@ -43,6 +43,7 @@ std::string TextOf(const Promise& promise) {
   if (promise.time > 0) add("< " + Plain(promise.time) + " ms");
   if (promise.gap > 0) add("gap < " + Plain(promise.gap) + " ms");
   if (promise.memory > 0) add("peak < " + Plain(promise.memory) + " MB");
+  if (promise.growth) add("grows with the data");
   return text;
 }
 
@@ -65,6 +66,7 @@ const Row& Smallest(const std::vector<Row>& rows, const Row& row) {
 
 // The cost grows no faster than the data, or no faster than what the machine needs for the bare bytes.
 bool GrowthHolds(const Row& row, const Row& smallest) {
+  if (!row.promise.growth) return true;
   const double data = static_cast<double>(row.factor) / smallest.factor;
   return row.time <= smallest.time * data * kNoise || Ratio(row) <= Ratio(smallest) * kNoise;
 }
@@ -88,7 +90,7 @@ std::string LineOfRow(const Row& row) {
   const Promise& promise = row.promise;
   line << kMark << row.name << kMark << row.factor;
   for (const double value : {row.time, row.bare, row.gap, row.memory, promise.ratio, promise.plus,
-                             promise.time, promise.gap, promise.memory}) {
+                             promise.time, promise.gap, promise.memory, promise.growth ? 1.0 : 0.0}) {
     line << ' ' << value;
   }
   return line.str();
@@ -102,7 +104,7 @@ std::optional<Row> RowOfLine(const std::string& line) {
   std::istringstream values(line.substr(nameEnd + 1));
   Promise& promise = row.promise;
   values >> row.factor >> row.time >> row.bare >> row.gap >> row.memory >> promise.ratio >> promise.plus >>
-      promise.time >> promise.gap >> promise.memory;
+      promise.time >> promise.gap >> promise.memory >> promise.growth;
   return values ? std::optional(row) : std::nullopt;
 }
 
