@@ -72,9 +72,10 @@ std::uint64_t PackFiles(const std::vector<std::string>& paths, const PackSources
   std::uint64_t bytes = 0;
   Progress progress("Packing", static_cast<std::int64_t>(paths.size()));
   for (const std::string& path : paths) {
-    const std::string_view text = SourceOf(path, sources)->read(path);
-    table.add(path, text);
-    bytes += text.size();
+    PackSource& source = *SourceOf(path, sources);
+    const std::uint64_t size = source.size(path);
+    table.add(path, size, [&](const TakePiece& take) { source.read(path, take); });
+    bytes += size;
     progress.stepDone();
   }
   return bytes;

@@ -6,7 +6,6 @@
 #include <map>
 #include <stdexcept>
 
-#include "files/FileBytes.h"
 #include "files/NativePath.h"
 #include "ini/IniText.h"
 #include "setup/BigArchive.h"
@@ -31,12 +30,13 @@ class FolderSource : public PackSource {
 
   bool has(std::string_view path) override { return FileExists(full(path)); }
 
-  std::string_view read(std::string_view path) override {
-    const bool isRead = file_.read(full(path), {});
-    if (!isRead || file_.bytes().size() != fs::file_size(NativePath(full(path)))) {
+  std::uint64_t size(std::string_view path) override { return fs::file_size(NativePath(full(path))); }
+
+  void read(std::string_view path, const TakePiece& take) override {
+    RandomFile file;
+    if (!file.open(full(path)) || file.read(0, file.size(), take) != size(path)) {
       throw std::runtime_error(full(path) + ": the file cannot be read");
     }
-    return file_.bytes();
   }
 
   std::vector<std::string> filesBelow(std::string_view folder) override {
@@ -54,7 +54,6 @@ class FolderSource : public PackSource {
   std::string full(std::string_view path) const { return folder_ + "\\" + std::string(path); }
 
   std::string folder_;
-  FileBytes file_;
 };
 
 class ArchiveSource : public PackSource {
@@ -66,10 +65,9 @@ class ArchiveSource : public PackSource {
 
   bool has(std::string_view path) override { return entries_.contains(ToLowerAscii(path)); }
 
-  std::string_view read(std::string_view path) override {
-    bytes_ = archive_.read(*entries_.at(ToLowerAscii(path)));
-    return bytes_;
-  }
+  std::uint64_t size(std::string_view path) override { return entry(path).size; }
+
+  void read(std::string_view path, const TakePiece& take) override { archive_.read(entry(path), take); }
 
   std::vector<std::string> filesBelow(std::string_view folder) override {
     std::vector<std::string> found;
@@ -80,9 +78,10 @@ class ArchiveSource : public PackSource {
   }
 
  private:
+  const BigArchive::Entry& entry(std::string_view path) const { return *entries_.at(ToLowerAscii(path)); }
+
   BigArchive archive_;
   std::map<std::string, const BigArchive::Entry*> entries_;  // by the path in small letters
-  std::string bytes_;
 };
 
 std::vector<std::string> ArchivesIn(const std::string& folder) {

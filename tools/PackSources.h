@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "setup/RandomFile.h"
+
 namespace korvane {
 
 // Where packed files come from. Paths are relative to the game folder, with backslashes; letter case does not
@@ -15,8 +17,9 @@ class PackSource {
  public:
   virtual ~PackSource() = default;
   virtual bool has(std::string_view path) = 0;
-  // The file's bytes, until the next read. std::runtime_error when it cannot be read.
-  virtual std::string_view read(std::string_view path) = 0;
+  virtual std::uint64_t size(std::string_view path) = 0;
+  // The file's bytes in pieces. std::runtime_error when they cannot all be read.
+  virtual void read(std::string_view path, const TakePiece& take) = 0;
   // All files of the source whose path begins with the folder (with a backslash at its end).
   virtual std::vector<std::string> filesBelow(std::string_view folder) = 0;
 };

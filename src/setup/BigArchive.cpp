@@ -44,12 +44,6 @@ std::uint64_t BigArchive::readEntry(std::uint64_t at) {
   return at + end + 1;
 }
 
-std::string BigArchive::read(const Entry& entry) {
-  std::string bytes = file_.read(entry.offset, entry.size);
-  if (bytes.size() != entry.size) fail(entry.path + " cannot be read");
-  return bytes;
-}
-
 void BigArchive::read(const Entry& entry, const TakePiece& take) {
   if (file_.read(entry.offset, entry.size, take) != entry.size) fail(entry.path + " cannot be read");
 }

@@ -32,9 +32,8 @@ class BigArchive {
   explicit BigArchive(const std::string& path);
 
   const std::vector<Entry>& entries() const { return entries_; }
-  // The bytes of one of the archive's files. ArchiveError when they cannot be read.
-  std::string read(const Entry& entry);
-  // The same bytes in pieces, of which some may have come before the failure.
+  // The bytes of one of the archive's files in pieces. ArchiveError when they cannot all be read; some may
+  // have come before.
   void read(const Entry& entry, const TakePiece& take);
 
  private:

@@ -26,7 +26,7 @@ constexpr std::size_t kRecordLength = 1 + kColumns[0].length + kColumns[1].lengt
 constexpr std::string_view kVersion4WithMemo = "\x8b";
 constexpr std::string_view kDate = "\x64\x01\x01";  // of the last change; 2000-01-01, so that nothing varies
 constexpr std::string_view kWindows1252 = "\x03";
-constexpr std::size_t kMaxText = 0xffffffffU - 8;
+constexpr std::uint64_t kMaxText = 0xffffffffU - 8;
 
 std::string Padded(std::string_view text, std::size_t length, char filler) {
   std::string padded(text);
@@ -67,21 +67,30 @@ StockTable::StockTable(const std::filesystem::path& base)
 }
 
 void StockTable::add(std::string_view path, std::string_view text) {
-  if (path.size() > kColumns[0].length || !IsAscii(path) || text.size() > kMaxText) {
+  add(path, text.size(), [text](const TakePiece& take) { take(text); });
+}
+
+void StockTable::add(std::string_view path, std::uint64_t size, const GiveText& give) {
+  if (path.size() > kColumns[0].length || !IsAscii(path) || size > kMaxText) {
     throw std::runtime_error(std::string(path) + ": the path or the file does not fit into a stock database");
   }
-  const std::string block = text.empty() ? std::string() : std::to_string(memos_.size() / kBlockSize);
+  addRecord(path, size == 0 ? std::string() : std::to_string(memos_.size() / kBlockSize));
+  if (size > 0) addMemo(size, give);
+}
+
+void StockTable::addRecord(std::string_view path, std::string_view block) {
   std::string record = ' ' + Padded(path, kColumns[0].length, ' ');
   record.append(kColumns[1].length - block.size(), ' ').append(block);
   table_.write(record);
   ++records_;
-  if (!text.empty()) addMemo(text);
 }
 
-void StockTable::addMemo(std::string_view text) {
-  memos_.write(MemoHead(MemoKind::version4, text.size()));
-  memos_.write(text);
-  memos_.write(MemoTail(MemoKind::version4, text.size(), kBlockSize));
+void StockTable::addMemo(std::uint64_t size, const GiveText& give) {
+  memos_.write(MemoHead(MemoKind::version4, size));
+  const std::uint64_t start = memos_.size();
+  give([this](std::string_view piece) { memos_.write(piece); });
+  if (memos_.size() - start != size) throw std::runtime_error("a file changed while it was packed");
+  memos_.write(MemoTail(MemoKind::version4, size, kBlockSize));
 }
 
 void StockTable::commit() {
