@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "controls/EditorLauncher.h"
 #include "controls/Icons.h"
@@ -30,6 +31,16 @@ bool BeginsWithWord(const QString& text, const QString& word) {
   if (word.isEmpty() || !text.startsWith(word, Qt::CaseInsensitive)) return false;
   const QChar next = text.size() > word.size() ? text[word.size()] : QChar(' ');
   return !next.isLetterOrNumber() && next != QLatin1Char('_');
+}
+
+// Each name is folded once, not at every comparison.
+void SortIgnoringCase(QStringList& names) {
+  std::vector<std::pair<QString, QString>> folded;
+  folded.reserve(static_cast<std::size_t>(names.size()));
+  for (const QString& name : names) folded.emplace_back(name.toCaseFolded(), name);
+  std::stable_sort(folded.begin(), folded.end(),
+                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  std::transform(folded.begin(), folded.end(), names.begin(), [](const auto& pair) { return pair.second; });
 }
 
 }  // namespace
@@ -106,11 +117,7 @@ QStringList TableEditor::readNames() {
 
 void TableEditor::fillList(QStringList names) {
   const QString first = names.value(0);
-  if (entry_.sorted) {
-    std::stable_sort(names.begin(), names.end(), [](const QString& a, const QString& b) {
-      return a.compare(b, Qt::CaseInsensitive) < 0;
-    });
-  }
+  if (entry_.sorted) SortIgnoringCase(names);
   names_.setStringList(names);
   pane_->fitRows(names);
   if (selectsFirst()) select(names_.index(static_cast<int>(names.indexOf(first))));
