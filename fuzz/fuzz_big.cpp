@@ -11,9 +11,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   try {
     BigArchive archive(folder.path() + "/x.big");
     for (const BigArchive::Entry& entry : archive.entries()) {
-      std::uint64_t size = 0;
-      archive.read(entry, [&size](std::string_view piece) { size += piece.size(); });
-      Require(size == entry.size);
+      std::uint64_t length = 0;
+      archive.read(entry, [&length](std::string_view piece) { length += piece.size(); });
+      Require(length == entry.size);
       const auto target = SafeTarget(folder.path(), entry.path);
       Require(!target || target->find("..\\") == std::string::npos);
     }
