@@ -3,6 +3,8 @@
 
 #include <QHeaderView>
 
+#include <algorithm>
+
 namespace korvane {
 
 namespace {
@@ -45,6 +47,13 @@ void FolderTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
   QTreeView::drawRow(painter, option, index);
 }
 
+// Never less than before: a row that goes out of sight behind the horizontal scroll bar would take away the
+// width that the bar is there for, and bring the row back, without end.
+int FolderTree::sizeHintForColumn(int column) const {
+  widest_ = std::max(widest_, QTreeView::sizeHintForColumn(column));
+  return widest_;
+}
+
 // The bar of the selected row reaches across the tree.
 void FolderTree::resizeEvent(QResizeEvent* event) {
   header()->setMinimumSectionSize(viewport()->width());
@@ -72,6 +81,7 @@ QItemSelectionModel::SelectionFlags FolderTree::selectionCommand(const QModelInd
 void FolderTree::closed(const QModelIndex& index) {
   if (IsBelow(currentIndex(), index)) setCurrentIndex(index);
   model_->forget(index);
+  widest_ = 0;
 }
 
 }  // namespace korvane

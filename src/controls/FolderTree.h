@@ -24,6 +24,7 @@ class FolderTree : public QTreeView {
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
   void resizeEvent(QResizeEvent* event) override;
+  int sizeHintForColumn(int column) const override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
   QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                        const QEvent* event) const override;
@@ -32,6 +33,7 @@ class FolderTree : public QTreeView {
   void closed(const QModelIndex& index);
 
   FolderModel* model_;
+  mutable int widest_ = 0;  // row seen so far
   QTimer layoutTimer_;
 };
 

@@ -142,5 +142,17 @@ TEST_F(FolderTreeTest, EventsRunWhileAFolderIsRead) {
   EXPECT_GT(turns, kFiles / 4);
 }
 
+// Otherwise the horizontal bar, hiding the very row that needs it, would come and go without end.
+TEST_F(FolderTreeTest, ARowOutOfSightKeepsItsWidth) {
+  for (int i = 0; i < 5; ++i) makeFolder(("a" + std::to_string(i)).c_str());
+  makeFolder(("z" + std::string(100, 'w')).c_str());
+  open(top());
+  const QAbstractItemView& view = tree;
+  const int width = view.sizeHintForColumn(0);
+  tree.resize(200, 60);
+  QTest::qWait(0);
+  EXPECT_EQ(view.sizeHintForColumn(0), width);
+}
+
 }  // namespace
 }  // namespace korvane
