@@ -176,7 +176,9 @@ void frmWizard::onTimer() {
   if (CurrentStep >= closing) nav(next).setEnabled(false);
 }
 
+// A button that was pressed by its shortcut clicks a moment later, even when it is disabled by then.
 void frmWizard::onNav(Nav button) {
+  if (!nav(button).isEnabled()) return;
   const WindowCalls::Running running(calls_);
   try {
     navigate(button);

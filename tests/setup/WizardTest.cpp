@@ -173,6 +173,20 @@ TEST_F(WizardTest, StepsCanBeGoneBackAndFilesAreRestoredOnlyOnTheWayForward) {
   EXPECT_TRUE(nav(finish)->isEnabled());
 }
 
+TEST_F(WizardTest, AShortcutThatComesTooLateLeadsNowhere) {
+  open();
+  click(next);
+  nav(back)->animateClick();  // what a shortcut does
+  click(back);
+  QTest::qWait(200);
+  EXPECT_TRUE(showsStep(0));
+  restore();
+  nav(next)->animateClick();
+  click(next);
+  QTest::qWait(200);
+  EXPECT_TRUE(showsStep(3));
+}
+
 TEST_F(WizardTest, TheIntroductionCanBeSkippedByASetting) {
   QSettings(settings.filePath("Wizards.ini"), QSettings::IniFormat)
       .setValue("WizardTemplate/IntroductionScreen", "ShowIntro");
