@@ -322,7 +322,7 @@ void Hands::changePalette() {
 
 void Hands::changeFont() {
   QFont font = QApplication::font();
-  font.setPointSize(7 + chance_.below(14));
+  font.setPointSize(7 + 6 * chance_.below(3));  // few, as the toolkit keeps every one
   event([&] { QApplication::setFont(font); });
 }
 
