@@ -17,10 +17,11 @@ BusyWindow::~BusyWindow() {
   showChanges();
 }
 
-// What was marked for painting before is not painted by itself any more.
+// What was marked for painting before is not painted by itself any more. The painting waits for the window's
+// next turn, so that a key or a click that is already on its way need not wait for it.
 void BusyWindow::showChanges() {
   window_.setUpdatesEnabled(true);
-  window_.repaint();
+  QMetaObject::invokeMethod(&window_, qOverload<>(&QWidget::repaint), Qt::QueuedConnection);
 }
 
 }  // namespace korvane
