@@ -7,9 +7,9 @@
 
 namespace korvane {
 
-// The only place that opens a user's file for writing. Paths are the program's own or native ones (see
-// NativePath.h). Every operation gives an empty text when it is done, else the system's reason; what was
-// there before is then untouched.
+// The only place in which the program opens a user's file for writing. Paths are the program's own or native
+// ones (see NativePath.h). Every operation gives an empty text when it is done, else the system's reason;
+// what was there before is then untouched.
 class FileWriter {
  public:
   // Replaces the file whole, or creates it; the bytes are on the disk before the old file goes. A symbolic
