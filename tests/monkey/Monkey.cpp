@@ -192,9 +192,8 @@ void Monkey::endRound() {
 }
 
 // Runs in whatever loop lets events run: the program's own, that of a dialog or menu, or in the middle of a
-// read.
+// read. It goes on when the round is over, since a box that the program itself has opened still has to go.
 void Monkey::tick() {
-  if (over_ && depth_ == 0) return;
   pulse_.beat("tick");
   ticker_->startTimer(0);
   if (over_ || depth_ >= kDeepest) return dismiss();

@@ -12,8 +12,11 @@ extern "C" std::size_t __sanitizer_get_current_allocated_bytes();  // not every 
 #elif defined(__GLIBC__)
 #include <malloc.h>
 #endif
-#ifndef _WIN32
+#ifdef __GLIBC__
+#include <array>
+#include <execinfo.h>
 #include <pthread.h>
+#include <unistd.h>
 #endif
 
 namespace korvane {
@@ -23,12 +26,42 @@ namespace {
 constexpr auto kHanging = std::chrono::seconds(120);
 constexpr auto kLookInterval = std::chrono::milliseconds(200);
 
+using Thread = std::thread::native_handle_type;
+
+#ifdef __GLIBC__
+
+Thread ThisThread() {
+  return pthread_self();
+}
+
+void PrintTrace(int signal) {
+  std::array<void*, 64> calls{};
+  backtrace_symbols_fd(calls.data(), backtrace(calls.data(), calls.size()), STDERR_FILENO);
+  std::signal(signal, SIG_DFL);
+  std::raise(signal);
+}
+
+// Ends the program with a trace of what the thread is doing.
+void EndAt(Thread thread) {
+  std::signal(SIGABRT, PrintTrace);
+  pthread_kill(thread, SIGABRT);
+}
+
+#else
+
+Thread ThisThread() {
+  return {};
+}
+
+void EndAt(Thread) {
+  std::abort();
+}
+
+#endif
+
 }  // namespace
 
-Pulse::Pulse() : last_(Clock::now().time_since_epoch().count()) {
-#ifndef _WIN32
-  watched_ = pthread_self();
-#endif
+Pulse::Pulse() : last_(Clock::now().time_since_epoch().count()), watched_(ThisThread()) {
   watcher_ = std::thread([this] { watch(); });
 }
 
@@ -71,12 +104,7 @@ void Pulse::watch() {
     if (Clock::now().time_since_epoch() - Clock::duration(last_) < kHanging) continue;
     std::fprintf(stderr, "No answer for %d seconds during: %s\n", static_cast<int>(kHanging.count()),
                  doing_.load());
-#ifdef _WIN32
-    std::abort();
-#else
-    pthread_kill(watched_, SIGABRT);
-    return;
-#endif
+    return EndAt(watched_);
   }
 }
 
