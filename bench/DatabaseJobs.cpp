@@ -20,8 +20,7 @@ void Restore(const RunningProgram& running, const fs::path& target) {
   DBCtl database;
   const Services& services = running.desk.services;
   RestoreStockFiles(database, FileWriter(), services.folders.program, ProgramText(target),
-                    [&](std::int64_t, std::int64_t, bool wasMissing) {
-                      if (!wasMissing) throw std::runtime_error("a file was there before");
+                    [&](std::int64_t, std::int64_t) {
                       services.yield.fullTurn();
                       return true;
                     });

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "files/NativePath.h"
+#include "files/Windows1252.h"
 #include "ini/IniText.h"
 #include "setup/BigArchive.h"
 #include "setup/DBCtl.h"
@@ -19,7 +20,7 @@ class DatabaseContainer : public Container {
   explicit DatabaseContainer(const std::string& path) { database_.LoadDatabase("", path); }
   std::int64_t count() override { return database_.RecordCount(); }
   void goTo(std::int64_t index) override { database_.SetRecord(index); }
-  std::string path() override { return database_.GetData(0); }
+  std::string path() override { return Utf8FromBytes(database_.GetData(0)); }
   void read(const TakePiece& take) override { database_.GetData(1, take); }
 
  private:
@@ -31,7 +32,7 @@ class ArchiveContainer : public Container {
   explicit ArchiveContainer(const std::string& path) : archive_(path) {}
   std::int64_t count() override { return static_cast<std::int64_t>(archive_.entries().size()); }
   void goTo(std::int64_t index) override { at_ = static_cast<std::size_t>(index); }
-  std::string path() override { return archive_.entries()[at_].path; }
+  std::string path() override { return Utf8FromBytes(archive_.entries()[at_].path); }
   void read(const TakePiece& take) override { archive_.read(archive_.entries()[at_], take); }
 
  private:

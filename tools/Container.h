@@ -16,7 +16,7 @@ class Container {
   virtual ~Container() = default;
   virtual std::int64_t count() = 0;
   virtual void goTo(std::int64_t index) = 0;  // from 0
-  virtual std::string path() = 0;             // relative to the game folder
+  virtual std::string path() = 0;             // relative to the game folder, in UTF-8
   // The file's bytes in pieces, of which some may come before a std::runtime_error.
   virtual void read(const TakePiece& take) = 0;
 };

@@ -39,16 +39,20 @@ std::vector<std::string> AllFiles(const PackSources& sources) {
 }
 
 std::vector<std::string> NamedFiles(std::vector<std::string> paths) {
-  for (std::string& path : paths) {
-    std::replace(path.begin(), path.end(), '/', '\\');
-    if (!IsSafeRelativePath(path)) throw std::runtime_error(path + ": no path of a file below a game folder");
-  }
+  for (std::string& path : paths) std::replace(path.begin(), path.end(), '/', '\\');
   return paths;
 }
 
 std::vector<std::string> WantedFiles(const PackOptions& options, const PackSources& sources) {
   if (options.all) return AllFiles(sources);
   return options.files.empty() ? CatalogueFiles() : NamedFiles(options.files);
+}
+
+// A path of an archive may be anything.
+void RequireSafe(const std::vector<std::string>& paths) {
+  for (const std::string& path : paths) {
+    if (!IsSafeRelativePath(path)) throw std::runtime_error(path + ": no path of a file below a game folder");
+  }
 }
 
 PackSource* SourceOf(const std::string& path, const PackSources& sources) {
@@ -86,6 +90,7 @@ std::uint64_t PackFiles(const std::vector<std::string>& paths, const PackSources
 bool Pack(const PackOptions& options) {
   const PackSources sources = OpenPackSources(options.sources);
   std::vector<std::string> paths = WantedFiles(options, sources);
+  RequireSafe(paths);
   const std::vector<std::string> missing = TakeMissing(paths, sources);
   for (const std::string& path : missing) std::cerr << path << ": not in any source\n";
   if (paths.empty()) throw std::runtime_error("there is nothing to pack");

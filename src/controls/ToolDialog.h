@@ -3,6 +3,8 @@
 
 #include <QDialog>
 
+#include "platform/WindowCalls.h"
+
 namespace korvane {
 
 class SettingsStore;
@@ -18,10 +20,13 @@ class ToolDialog : public QDialog {
   void reject() override { close(); }
 
  Q_SIGNALS:
+  // Closed, and none of its calls is running any more.
   void closedForGood();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+
+  WindowCalls calls_;
 
  private:
   SettingsStore* placements_;

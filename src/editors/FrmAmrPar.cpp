@@ -79,6 +79,7 @@ FrmAmrPar::FrmAmrPar(QWidget* parent) : ToolDialog(parent, nullptr), LV_(MakeTyp
   QPushButton* ok = AddButton(*buttons, "CmdOK", "&OK");
   ok->setDefault(true);
   connect(ok, &QPushButton::clicked, this, [this] {
+    const WindowCalls::Running call(calls_);
     add();
     close();
   });
@@ -90,7 +91,9 @@ FrmAmrPar::FrmAmrPar(QWidget* parent) : ToolDialog(parent, nullptr), LV_(MakeTyp
   resize(sizeHint().width(), kHeight);
 }
 
+// The armour editor may have to read its file for it, in which the user can close this window.
 void FrmAmrPar::add() {
+  const WindowCalls::Running call(calls_);
   if (const auto type = LV_->selectedCaption()) Q_EMIT typeChosen(*type);
 }
 

@@ -23,6 +23,9 @@ class FilePieces {
   // No bytes follow the last piece.
   bool atEnd() const { return !file_; }
 
+  // Lets the file go; the last piece stays valid.
+  void close() { file_.close(); }
+
  private:
   void makeRoom(std::size_t unused);
 

@@ -39,6 +39,10 @@ void TVItem::GetFUnitData(std::optional<std::string_view> IniName) {
   if (ProcDone) ProcDone();
 }
 
+void TVItem::GetLocomotorData() {
+  GetFUnitData(kLocomotorFile);
+}
+
 void TVItem::AddTVItem(std::string_view Key) {
   Ready = false;
   yield();
@@ -46,6 +50,10 @@ void TVItem::AddTVItem(std::string_view Key) {
   if (LoadingItem) LoadingItem(FileKey, FileIndex(FileKey));
   readLines(ObjectFilePath(GamePath, Key));
   Ready = true;
+}
+
+bool TVItem::FindText(std::string_view StrString, std::string_view StringToFind) {
+  return ToLowerAscii(StrString).find(ToLowerAscii(StringToFind)) != std::string::npos;
 }
 
 void TVItem::readLines(std::string_view path) {
@@ -57,6 +65,7 @@ void TVItem::readLines(std::string_view path) {
     yield();
     rest = file_.next(rest.size());
   }
+  file_.close();
   ForEachLine(rest, take);
 }
 

@@ -34,6 +34,9 @@ class TVItem {
   // Reads a file below "\Data\INI\", by default the unit file, between ProcStart and ProcDone.
   void GetFUnitData(std::optional<std::string_view> IniName = std::nullopt);
 
+  // The same for the file of the locomotors.
+  void GetLocomotorData();
+
   // Reads an object file after a LoadingItem with its place (1 to 8) among the object files, if it has one.
   void AddTVItem(std::string_view Key);
 
@@ -41,6 +44,8 @@ class TVItem {
   static bool CheckText(std::string_view StrString, std::string_view StringToFind) {
     return StrString.starts_with(StringToFind);
   }
+  // True when the second text is anywhere in the first, in any case of its ASCII letters.
+  static bool FindText(std::string_view StrString, std::string_view StringToFind);
 
  private:
   void readLines(std::string_view path);

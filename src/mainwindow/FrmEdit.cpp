@@ -53,6 +53,7 @@ FrmEdit::FrmEdit(const Services& services, EditorLauncher& launcher, ManualEditT
       commands_(*this, SParse1_, services, launcher, target, [this] { return display_->selectedObject(); }) {
   setObjectName("FrmEdit");
   setWindowTitle(ApplicationTitle());
+  setProperty("tag", ApplicationTitle());
   statusBar()->setObjectName("StatusBar");
   buildTree();
   buildLayout();
@@ -110,6 +111,7 @@ void FrmEdit::connectButtons() {
   editsWeaponOf(fields_.PWeaponEdit, fields_.PWeapon);
   editsWeaponOf(fields_.SWeaponEdit, fields_.SWeapon);
   editsWeaponOf(fields_.TWeaponEdit, fields_.TWeapon);
+  Timer1_.setObjectName("Timer1");
   connect(&Timer1_, &QTimer::timeout, this, &FrmEdit::nameFileButton);
 }
 

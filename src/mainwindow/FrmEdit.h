@@ -76,7 +76,7 @@ class FrmEdit : public QMainWindow, public UnitChoices {
   StatusPanels panels_;
   ObjectDisplay* display_ = nullptr;
   LaunchCommands commands_;
-  QTimer Timer1_;
+  QTimer Timer1_{this};
   bool ConfirmExit_ = true;
 };
 

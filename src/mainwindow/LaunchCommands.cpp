@@ -119,13 +119,16 @@ void LaunchCommands::editObjectFile() {
   if (!object.name.empty()) LF(FromBytes(object.file));
 }
 
-void LaunchCommands::editPart(const std::function<std::string()>& readText) {
+// The read lets events run, in which another file can be opened: only after it the target is this text's.
+void LaunchCommands::editPart(Folder folder, const QString& filename,
+                              const std::function<std::string()>& readText) {
   std::string text;
   {
     const ParserTurn turn(parser_);
     if (!turn) return;
     text = readText();
   }
+  SetManualEditFile(1, folder, filename);
   target_.ManEditInitDone = false;
   launcher_.showManualEditorOnText(text);
   window_.unsetCursor();
@@ -134,17 +137,13 @@ void LaunchCommands::editPart(const std::function<std::string()>& readText) {
 void LaunchCommands::editLocomotors() {
   const SelectedObject object = selected_();
   if (object.name.empty()) return;
-  editPart([&] {
-    SetManualEditFile(1, ini, Text(kLocomotorFile));
-    return parser_.GetLocomotors(object);
-  });
+  editPart(ini, Text(kLocomotorFile), [&] { return parser_.GetLocomotors(object); });
 }
 
 void LaunchCommands::editObjectBlock() {
   const SelectedObject object = selected_();
   if (object.name.empty()) return;
-  editPart([&] {
-    SetManualEditFile(1, objects, FromBytes(object.file));
+  editPart(objects, FromBytes(object.file), [&] {
     parser_.ObjectName = object.name;
     return parser_.GetObjectText("Object", "Object\\" + object.file);
   });

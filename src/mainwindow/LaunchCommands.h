@@ -60,7 +60,7 @@ class LaunchCommands {
  private:
   void SetManualEditFile(int partial, int folder, const QString& filename);
   void openFile(Folder folder, const QString& filename);
-  void editPart(const std::function<std::string()>& readText);
+  void editPart(Folder folder, const QString& filename, const std::function<std::string()>& readText);
 
   QWidget& window_;
   SParse& parser_;

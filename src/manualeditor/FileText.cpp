@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include "files/Windows1252.h"
 #include "platform/TextEncoding.h"
 
 namespace korvane {

@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "files/NativePath.h"
+#include "files/Windows1252.h"
 #include "platform/FileWriter.h"
-#include "platform/TextEncoding.h"
 #include "setup/DBCtl.h"
 #include "setup/RestorePath.h"
 
@@ -17,16 +17,14 @@ namespace {
 constexpr int kPathField = 0;
 constexpr int kTextField = 1;
 
-// True when the current record's file was missing. What exists is left alone wherever the path leads, so only
-// a missing file's path is followed link by link, which takes long.
-bool RestoreCurrent(DBCtl& database, const FileWriter& writer, const QString& gameFolder) {
+// What exists is left alone wherever the path leads, so only a missing file's path is followed link by link,
+// which takes long.
+void RestoreCurrent(DBCtl& database, const FileWriter& writer, const QString& gameFolder) {
   const std::string folder = gameFolder.toStdString();
-  const std::string relative = FromBytes(database.GetData(kPathField)).toStdString();
-  if (FileExists(folder + '\\' + relative)) return false;
+  const std::string relative = Utf8FromBytes(database.GetData(kPathField));
+  if (FileExists(folder + '\\' + relative)) return;
   const std::optional<std::string> target = SafeTarget(folder, relative);
-  if (!target) return false;
-  WriteTextFile(writer, QString::fromStdString(*target), database.GetData(kTextField));
-  return true;
+  if (target) WriteTextFile(writer, QString::fromStdString(*target), database.GetData(kTextField));
 }
 
 }  // namespace
@@ -38,9 +36,9 @@ void RestoreStockFiles(DBCtl& database, const FileWriter& writer, const QString&
   database.MovePrevious();
   const std::int64_t all = database.RecordCount();
   for (std::int64_t i = 1; i <= all; ++i) {
-    const bool wasMissing = RestoreCurrent(database, writer, gameFolder);
+    RestoreCurrent(database, writer, gameFolder);
     database.SetRecord(i);
-    if (!step(i, all, wasMissing)) return;
+    if (!step(i, all)) return;
   }
 }
 

@@ -12,9 +12,9 @@ namespace korvane {
 class DBCtl;
 class FileWriter;
 
-// Told after each record how many of all are done, and whether its file was missing. False ends the
-// restoring; the database is then left alone, so that another restoring may already be using it.
-using RestoreStep = std::function<bool(std::int64_t done, std::int64_t all, bool wasMissing)>;
+// Told after each record how many of all are done. False ends the restoring; the database is then left alone,
+// so that another restoring may already be using it.
+using RestoreStep = std::function<bool(std::int64_t done, std::int64_t all)>;
 
 // Writes every file of the stock database "Data" in the program folder that is missing below the game folder,
 // with exactly the bytes of its memo. A path that leads out of the game folder and a file that cannot be

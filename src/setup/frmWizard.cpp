@@ -235,7 +235,10 @@ bool frmWizard::gameFolderChosen() {
   return false;
 }
 
+// In the middle of restoring, which Back and another Next can lead to, the rest of the files comes first.
 void frmWizard::finishUp() {
+  finishWanted_ = isRestoring();
+  if (finishWanted_) return;
   StoreFirstTreeFont(services_.settings);
   Finished = true;
   chooser_.CloseBrowse();
@@ -254,21 +257,27 @@ void frmWizard::closeEvent(QCloseEvent*) {
   calls_.whenIdle([this] { emit closedForGood(); });
 }
 
+bool frmWizard::isRestoring() const {
+  return CurrentStep == restore && !nav(next).isEnabled();
+}
+
 // Back, another Next and closing the window all happen in the middle of it: it then ends where it is.
 void frmWizard::restoreStockFiles() {
   const int restoring = ++restorings_;
   const auto goesOn = [&] { return restoring == restorings_ && CurrentStep == restore && !closed_; };
+  finishWanted_ = false;
   nav(next).setEnabled(false);
   RestoreStockFiles(DB_->database(), writer_, services_.folders.program, services_.settings.gameFolder(),
-                    [&](std::int64_t done, std::int64_t all, bool wasMissing) {
+                    [&](std::int64_t done, std::int64_t all) {
                       showProgress(static_cast<int>(done), static_cast<int>(all));
-                      wasMissing ? services_.yield.fullTurn() : services_.yield.perLine();
+                      services_.yield.fullTurn();
                       return goesOn();
                     });
   if (!goesOn()) return;
   nav(next).setEnabled(true);
   nav(next).setFocus();
   steps_->Label1->setText(tr("The Files Have Been Extracted, Click Next To Continue."));
+  if (finishWanted_) finishUp();
 }
 
 void frmWizard::showProgress(int done, int all) {

@@ -73,6 +73,7 @@ class frmWizard : public QWidget {
   void finishUp();
   bool gameFolderChosen();
 
+  bool isRestoring() const;
   void restoreStockFiles();
   void showProgress(int done, int all);
 
@@ -95,7 +96,8 @@ class frmWizard : public QWidget {
   bool Cancelled = false;
   bool Finished = false;
   bool closed_ = false;
-  int restorings_ = 0;  // counted, so that one knows when another has begun since
+  bool finishWanted_ = false;  // as soon as the files are restored
+  int restorings_ = 0;         // counted, so that one knows when another has begun since
 };
 
 }  // namespace korvane

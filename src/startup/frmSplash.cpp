@@ -62,6 +62,7 @@ frmSplash::frmSplash(const Services& services, StartupWindows& windows, QString 
   setObjectName("frmSplash");
   setWindowTitle(ApplicationTitle());
   buildWindow();
+  Timer1_.setObjectName("Timer1");
   connect(&Timer1_, &QTimer::timeout, this, &frmSplash::animate);
 }
 

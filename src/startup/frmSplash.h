@@ -51,7 +51,7 @@ class frmSplash : public QWidget {
   QLabel* Label1_;
   QLabel* lblVersion_;
   QProgressBar* ProgressBar1_;
-  QTimer Timer1_;
+  QTimer Timer1_{this};
   int animationState_ = 0;  // 1 to 4 once the checks begin
   bool ended_ = false;      // the process is about to end: no further step
 };

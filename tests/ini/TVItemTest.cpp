@@ -99,11 +99,31 @@ TEST(TVItem, AHandlerThatFailsLosesItsOwnLineOnly) {
   EXPECT_EQ(seen, "ac");
 }
 
+#ifdef __linux__
+TEST(TVItem, HoldsNoFileAfterTheRead) {
+  const GameFolder game;
+  game.ini("Locomotor.ini", "a\n");
+  TVItem reader;
+  reader.GamePath = game.path();
+  int open = 0;
+  reader.ProcDone = [&] {
+    std::error_code gone;
+    for (const auto& file : std::filesystem::directory_iterator("/proc/self/fd"))
+      open += std::filesystem::read_symlink(file, gone).filename() == "Locomotor.ini";
+  };
+  reader.NewLine = [&](std::string_view line) { EXPECT_EQ(line, "a"); };
+  reader.GetLocomotorData();
+  EXPECT_EQ(open, 0);
+}
+#endif
+
 TEST(TVItem, BeginsWithIsCaseSensitiveAndTrueForNothing) {
   EXPECT_TRUE(TVItem::CheckText("Weapon", ""));
   EXPECT_TRUE(TVItem::CheckText("Weapon X", "Weapon "));
   EXPECT_FALSE(TVItem::CheckText("weapon X", "Weapon "));
   EXPECT_FALSE(TVItem::CheckText("Wea", "Weapon"));
+  EXPECT_TRUE(TVItem::FindText("A Weapon X", "wEAPON"));
+  EXPECT_FALSE(TVItem::FindText("Weap on", "Weapon"));
 }
 
 }  // namespace

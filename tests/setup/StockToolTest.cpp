@@ -61,8 +61,9 @@ TEST_F(StockTool, MakesADatabaseFromTheGamesArchives) {
 
 TEST_F(StockTool, TellsWhatItCannotDo) {
   folder.write("game/Data/INI/Weapon.ini", "text");
-  folder.write("hostile.big",
-               ArchiveBytes({{"..\\escaped.ini", "x"}, {"\x1b[2J.ini", "x"}, {"Data\\good.ini", "y"}}));
+  folder.write("hostile.big", ArchiveBytes({{"Data\\INI\\..\\..\\..\\escaped.ini", "x"},
+                                            {"\x1b[2J.ini", "x"},
+                                            {"Data\\g\xf6od.ini", "y"}}));
   struct Case {
     const char* arguments;
     int exitCode;
@@ -79,6 +80,7 @@ TEST_F(StockTool, TellsWhatItCannotDo) {
       {"pack -f ../x game", 1, "no path of a file"},
       {"pack -o game/Data/INI/Weapon.ini --partial game", 1, "Weapon.ini"},
       {"list game/Data/INI/Weapon.ini", 1, "neither"},
+      {"pack --all hostile.big", 1, "no path of a file"},
       {"verify hostile.big", 1, "would leave"},
       {"list hostile.big", 0, "?[2J.ini"},
       {"extract hostile.big out", 1, "would leave"},
@@ -90,7 +92,7 @@ TEST_F(StockTool, TellsWhatItCannotDo) {
     EXPECT_NE(text.find(test.says), std::string::npos) << test.arguments << ": " << text;
   }
   EXPECT_FALSE(std::filesystem::exists(folder.native("escaped.ini")));
-  EXPECT_EQ(folder.read("out/Data/good.ini"), "y");
+  EXPECT_EQ(folder.read("out/Data/göod.ini"), "y");
   EXPECT_FALSE(std::filesystem::exists(folder.native("Data.DBF"))) << "a pack that fails leaves nothing";
 }
 

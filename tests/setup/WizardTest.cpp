@@ -227,7 +227,10 @@ TEST_F(WizardTest, RestoringMakesFoldersAndLeavesAloneWhatIsThere) {
         {"C:\\outside.ini", "hostile"},
         {"away\\outside.ini", "hostile"},
         {"last.ini", "stock"}});
+  int turns = 0;
+  everyTurn([&] { turns += label().contains('%'); });
   restore();
+  EXPECT_GE(turns, 9) << "one for each record, also where there is nothing to write";
   EXPECT_EQ(label(), "The Files Have Been Extracted, Click Next To Continue.");
   EXPECT_EQ(game.read("Data/INI/New/Deep/Unit.ini"), bytes);
   EXPECT_EQ(game.read("Data/INI/Armor.ini"), "");
@@ -269,6 +272,21 @@ TEST_F(WizardTest, BackInTheMiddleOfRestoringEndsItAndNextTakesItUpAgain) {
   QTest::qWait(20);
   click(next);
   EXPECT_EQ(game.read("c.ini"), "c");
+}
+
+TEST_F(WizardTest, FinishInTheMiddleOfRestoringComesAfterTheLastFile) {
+  restore();
+  click(next);
+  for (int i = 0; i < 2; ++i) click(back);
+  pack({{"a.ini", "a"}, {"b.ini", "b"}, {"c.ini", "c"}});
+  QSignalSpy finished(wizard.get(), &frmWizard::finished);
+  everyTurn([&] {
+    if (label().contains("33%")) click(finish);
+  });
+  QTest::qWait(20);
+  click(next);
+  EXPECT_EQ(game.read("c.ini"), "c");
+  EXPECT_EQ(finished.size(), 1);
 }
 
 TEST_F(WizardTest, ASecondRestoringInTheMiddleOfTheFirstFinishesTheWork) {

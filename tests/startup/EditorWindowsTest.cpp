@@ -5,8 +5,10 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QListView>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
+#include <QTreeView>
 
 #include "controls/InPlaceTable.h"
 #include "mainwindow/FrmEdit.h"
@@ -71,6 +73,42 @@ TEST_F(EditorWindowsTest, ADamageTypeIsAddedEvenWhenTheArmourEditorHasBeenClosed
   ASSERT_NE(window("FrmArmour"), nullptr);
   EXPECT_FALSE(window("FrmArmour")->isVisible());
   EXPECT_EQ(window("FrmArmour")->findChild<InPlaceTable*>("LVEdit")->row(0).caption, "GATTLING");
+}
+
+TEST_F(EditorWindowsTest, ADialogThatIsClosedWhileItsOkReadsTheEditorsFileStaysUntilThen) {
+  program.showArmourEditor();
+  window("FrmArmour")->findChild<QAction*>("Test")->trigger();
+  closeAndWait("FrmArmour");
+  const QPointer<QWidget> dialog = window("FrmAmrPar");
+  dialog->findChild<InPlaceTable*>("LV")->selectRow(4);
+  auto* ok = dialog->findChild<QPushButton*>("CmdOK");
+  bool goneInside = false;
+  yield.onTurn = [&] {
+    dialog->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    goneInside = dialog.isNull();
+  };
+  ok->click();
+  EXPECT_FALSE(yield.onTurn) << "no event ran while the file was read";
+  EXPECT_FALSE(goneInside);
+}
+
+TEST_F(EditorWindowsTest, AFileThatIsOpenedWhileABlockIsReadIsNotOverwrittenByTheBlock) {
+  std::string units = "Object Jeep\n  MaxHealth = 1\nEnd\n";
+  for (int line = 0; line < 400; ++line) units += "; long enough for events to run\n";
+  game.objects("FactionUnit.ini", units);
+  game.ini("Weapon.ini", "Weapon Gun\nEnd\n");
+  FrmEdit& main = program.mainWindow();
+  main.objects().addNode("FactionUnit.ini", "Player Units", "", "FactionUnit.ini");
+  main.objects().addNode("Key1", "Jeep", "FactionUnit.ini", "FactionUnit.ini");
+  auto* tree = main.findChild<QTreeView*>("TVMenu");
+  tree->setCurrentIndex(tree->model()->index(0, 0, tree->model()->index(0, 0)));
+  yield.onTurn = [&] { main.findChild<QAction*>("MnuFileEdit13")->trigger(); };
+  main.findChild<QPushButton*>("Btn_FEdit")->click();
+  EXPECT_FALSE(yield.onTurn) << "no event ran while the block was read";
+  QTest::qWait(10);
+  window("FrmManEdit")->findChild<QAction*>("MnuSave")->trigger();
+  EXPECT_EQ(game.read("Data/INI/Weapon.ini"), "Weapon Gun\r\nEnd\r\n");
 }
 
 TEST_F(EditorWindowsTest, AnEditorClosedWhileItReadsItsListIsMadeAnewByTheNextUse) {
