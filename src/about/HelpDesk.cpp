@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "about/HelpDesk.h"
 
+#include "controls/Present.h"
+
 namespace korvane {
 
 FrmHelp& HelpDesk::window() {
@@ -14,19 +16,12 @@ FrmHelp& HelpDesk::window() {
 
 void HelpDesk::showContents() {
   window().showContents();
-  present();
+  Present(window());
 }
 
 void HelpDesk::showTopic(int topic) {
   window().showTopic(topic);
-  present();
-}
-
-void HelpDesk::present() {
-  window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
-  window_->show();
-  window_->raise();
-  window_->activateWindow();
+  Present(window());
 }
 
 }  // namespace korvane

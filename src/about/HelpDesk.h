@@ -29,7 +29,6 @@ class HelpDesk : public QObject, public HelpViewer {
 
  private:
   FrmHelp& window();
-  void present();
 
   QString helpFile_;
   QPointer<FrmHelp> window_;

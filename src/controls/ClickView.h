@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+#include "controls/SteadySelection.h"
+
 namespace korvane {
 
 // A tree or list view in which reaching an entry with the keyboard counts as a click on it: clicked() is
@@ -23,9 +25,13 @@ class ClickView : public View {
     if (after.isValid() && (after != before || again)) Q_EMIT this->clicked(after);
   }
 
+  // The other buttons select too, and so have to count as a click.
   void mousePressEvent(QMouseEvent* event) override {
+    const QPersistentModelIndex before = this->currentIndex();
     View::mousePressEvent(event);
     pressed_ = this->currentIndex();
+    if (event->button() != Qt::LeftButton && pressed_.isValid() && pressed_ != before)
+      Q_EMIT this->clicked(pressed_);
   }
 
   // A drag with the button held moves the selection, and ends on an entry that was never pressed.
@@ -34,6 +40,11 @@ class ClickView : public View {
     View::mouseReleaseEvent(event);
     const QModelIndex now = this->currentIndex();
     if (event->button() == Qt::LeftButton && now.isValid() && now != pressed) Q_EMIT this->clicked(now);
+  }
+
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                       const QEvent* event) const override {
+    return SteadySelection(View::selectionCommand(index, event), index, event);
   }
 
  private:

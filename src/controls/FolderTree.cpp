@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "controls/SteadySelection.h"
+
 namespace korvane {
 
 namespace {
@@ -66,15 +68,9 @@ void FolderTree::selectionChanged(const QItemSelection& selected, const QItemSel
   if (!indexes.isEmpty()) emit folderSelected(indexes.first().data(FolderModel::PathRole).toString());
 }
 
-// A folder that is selected stays so until another one is: no click takes a selection back.
 QItemSelectionModel::SelectionFlags FolderTree::selectionCommand(const QModelIndex& index,
                                                                  const QEvent* event) const {
-  const auto command = QTreeView::selectionCommand(index, event);
-  const bool takesBack = command.testFlag(QItemSelectionModel::Toggle) ||
-                         command.testFlag(QItemSelectionModel::Deselect) || !index.isValid();
-  if (!takesBack) return command;
-  return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
-                         : QItemSelectionModel::NoUpdate;
+  return SteadySelection(QTreeView::selectionCommand(index, event), index, event);
 }
 
 // A closed folder is read anew when it is opened the next time.

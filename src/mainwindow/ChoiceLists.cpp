@@ -26,6 +26,7 @@ void ChoiceLists::readWeapons() {
 
 void ChoiceLists::readLocomotors() {
   ReplaceEntries(*fields_.CboLocomotor, names(TVItem2_, kLocomotorFile, "Locomotor "));
+  EmptyText(*fields_.CboLocomotor);
 }
 
 void ChoiceLists::readArmours() {

@@ -12,8 +12,8 @@ namespace korvane {
 class UnitFields;
 struct Services;
 
-// Fills the lists that offer every weapon, locomotor and armour type of the game's files. Each read empties
-// the texts of its lists.
+// Fills the lists that offer every weapon, locomotor and armour type of the game's files. Reading weapons or
+// locomotors empties the texts of their lists; the armour's text stays, since other windows follow it.
 class ChoiceLists {
  public:
   // `yield` is called for every line that is read.

@@ -234,9 +234,12 @@ void ShowText(QComboBox& list, const QString& text) {
 }
 
 void ReplaceEntries(QComboBox& list, const QStringList& entries) {
+  const QString text = list.currentText();
+  const QSignalBlocker silent(list);
   list.clear();
-  list.addItems(entries);
-  EmptyText(list);
+  list.addItems(entries);  // which makes the first one the text
+  list.setCurrentIndex(-1);
+  list.setEditText(text);
 }
 
 void EmptyText(QComboBox& list) {

@@ -85,7 +85,7 @@ void SetTabCaption(QTabBar& tabs, int tab, QString caption);
 // Sets the text of a list with editable text, and shows it from its start.
 void ShowText(QComboBox& list, const QString& text);
 
-// Replaces the entries of a list with editable text, and empties the text.
+// Replaces the entries of a list with editable text; the text stays.
 void ReplaceEntries(QComboBox& list, const QStringList& entries);
 // Leaves no entry chosen and no text.
 void EmptyText(QComboBox& list);

@@ -39,13 +39,4 @@ class Lazy {
   QPointer<Window> window_;
 };
 
-// Shows a modeless window and brings it to the front.
-template <typename Window>
-void Present(Window& window) {
-  if (window.isMinimized()) window.showNormal();
-  window.show();
-  window.raise();
-  window.activateWindow();
-}
-
 }  // namespace korvane

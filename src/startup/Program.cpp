@@ -3,6 +3,7 @@
 
 #include "about/FrmFun.h"
 #include "about/frmAbout.h"
+#include "controls/Present.h"
 #include "editors/CmdSetFormat.h"
 #include "editors/FrmAmrPar.h"
 #include "editors/FrmArmour.h"

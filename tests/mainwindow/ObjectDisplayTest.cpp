@@ -20,6 +20,31 @@ TEST_F(ObjectDisplayTest, ACategoryShowsItsPathAndEmptiesTheArmourOnly) {
   EXPECT_EQ(informationOf("Name"), "Other");
 }
 
+// Other windows follow the armour type.
+TEST_F(ObjectDisplayTest, OnlyAChangeOfTheArmourTypeIsTold) {
+  open();
+  for (const char* name : {"Jeep", "Jeep", "Hut"}) click(name);
+  QStringList told = launcher.takeCalls();
+  EXPECT_EQ(told.filter("armour"), (QStringList{"select armour Plate", "select armour "}));
+}
+
+TEST_F(ObjectDisplayTest, WhatIsShownIsWhatIsSelectedWhicheverWayItIsClicked) {
+  open();
+  QTreeView& tree = get<QTreeView>("TVMenu");
+  const auto clickWith = [&](Qt::MouseButton button, Qt::KeyboardModifiers keys, const char* name) {
+    QTest::mouseClick(tree.viewport(), button, keys, tree.visualRect(node(name)).center());
+  };
+  click("Jeep");
+  clickWith(Qt::LeftButton, Qt::ControlModifier, "Jeep");
+  EXPECT_EQ(informationOf("Name"), "Jeep");
+  QTest::keyClick(&tree, Qt::Key_Space, Qt::ControlModifier);
+  QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.viewport()->rect().bottomRight());
+  EXPECT_TRUE(tree.selectionModel()->isSelected(node("Jeep")));
+  clickWith(Qt::RightButton, {}, "Hut");
+  EXPECT_TRUE(tree.selectionModel()->isSelected(node("Hut")));
+  EXPECT_EQ(text("MHealth"), "900");
+}
+
 TEST_F(ObjectDisplayTest, ARemarkHasTheStatusBarUntilANodeIsClicked) {
   open();
   const QLabel& remark = get<QLabel>("Panel1");
