@@ -4,7 +4,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QFontDialog>
-#include <QFontInfo>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -54,7 +54,7 @@ class LimitedFontDialog : public QFontDialog {
 FontRecord RecordOf(const QFont& font) {
   FontRecord record;
   record.faceName = font.family();
-  record.weight = font.bold() ? kBoldWeight : kRegularWeight;
+  record.weight = font.weight();
   record.italic = font.italic() ? kItalicByte : 0;
   record.underline = font.underline() ? 1 : 0;
   record.strikeOut = font.strikeOut() ? 1 : 0;
@@ -73,8 +73,12 @@ bool IsItalic(int value) {
 }
 
 FontRecord FontDialog::ShowFontDialog() {
-  LimitedFontDialog dialog(owner_());
-  return dialog.exec() == QDialog::Accepted ? RecordOf(dialog.selectedFont()) : FontRecord{};
+  // Its owner can go while it waits, and takes it along.
+  const QPointer<LimitedFontDialog> dialog = new LimitedFontDialog(owner_());
+  const bool chosen = dialog->exec() == QDialog::Accepted;
+  const FontRecord record = dialog && chosen ? RecordOf(dialog->selectedFont()) : FontRecord{};
+  delete dialog;
+  return record;
 }
 
 }  // namespace korvane

@@ -6,7 +6,6 @@
 #include <functional>
 #include <utility>
 
-class QFont;
 class QWidget;
 
 namespace korvane {
@@ -18,7 +17,7 @@ inline constexpr int kItalicByte = 255;
 // A font as the font dialog leaves it.
 struct FontRecord {
   QString faceName;             // empty when the dialog was cancelled
-  int weight = kRegularWeight;  // kRegularWeight or kBoldWeight
+  int weight = kRegularWeight;  // from 1 to 1000, as the font itself says
   int italic = 0;               // 0 or kItalicByte
   int underline = 0;            // 0 or not
   int strikeOut = 0;            // 0 or not
@@ -28,7 +27,9 @@ struct FontRecord {
   double points() const { return tenthsOfPoint / 10.0; }
 };
 
+// Exactly a weight of kBoldWeight: one that is a little lighter or heavier counts as not bold.
 bool IsBold(int weight);
+// Exactly kItalicByte.
 bool IsItalic(int value);
 
 // Lets the user choose a font. An interface, so that tests choose in the user's place.

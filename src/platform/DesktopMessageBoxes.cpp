@@ -2,6 +2,7 @@
 #include "platform/DesktopMessageBoxes.h"
 
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 
 #include "platform/HelpViewer.h"
@@ -30,10 +31,7 @@ void AddHelpButton(QMessageBox& box, HelpViewer& help, int topic) {
   QObject::connect(button, &QPushButton::clicked, &box, [&help, topic] { help.showTopic(topic); });
 }
 
-}  // namespace
-
-bool DesktopMessageBoxes::show(const Message& message, QWidget* owner) {
-  QMessageBox box(owner);
+void Prepare(QMessageBox& box, const Message& message) {
   box.setObjectName("MessageBox");
   box.setTextFormat(Qt::PlainText);
   box.setWindowTitle(message.title.isEmpty() ? ApplicationTitle() : message.title);
@@ -42,12 +40,21 @@ bool DesktopMessageBoxes::show(const Message& message, QWidget* owner) {
   const bool asks = message.buttons == Message::Buttons::yesNo;
   box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
   box.setEscapeButton(asks ? QMessageBox::No : QMessageBox::Ok);
-  if (message.helpTopic != kNoHelpTopic) AddHelpButton(box, help_, message.helpTopic);
   // Help stays usable beside a box that offers it.
   box.setWindowModality(message.helpTopic != kNoHelpTopic ? Qt::WindowModal : Qt::ApplicationModal);
   box.setWindowFlag(Qt::WindowStaysOnTopHint, message.systemModal);  // the modality resets it
-  const int answer = box.exec();
-  return answer == QMessageBox::Yes || answer == QMessageBox::Ok;
+}
+
+}  // namespace
+
+bool DesktopMessageBoxes::show(const Message& message, QWidget* owner) {
+  // Its owner can go while it waits, and takes it along: then it is as good as closed.
+  const QPointer<QMessageBox> box = new QMessageBox(owner);
+  Prepare(*box, message);
+  if (message.helpTopic != kNoHelpTopic) AddHelpButton(*box, help_, message.helpTopic);
+  const int answer = box->exec();
+  delete box;
+  return message.buttons == Message::Buttons::ok || answer == QMessageBox::Yes;
 }
 
 }  // namespace korvane

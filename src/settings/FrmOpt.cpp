@@ -168,6 +168,7 @@ void FrmOpt::showFont(const QStringList& values) {
 }
 
 void FrmOpt::chooseFont() {
+  const WindowCalls::Running call(calls_);
   const FontRecord chosen = fonts_.ShowFontDialog();
   if (chosen.cancelled()) return;
   fontName_ = chosen.faceName;

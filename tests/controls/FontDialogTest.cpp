@@ -6,42 +6,53 @@
 #include <QFontDialog>
 #include <QTimer>
 
+#include <functional>
+#include <map>
+
 #include "controls/FontDialog.h"
 
 namespace korvane {
 namespace {
 
 // Shows the dialog and lets `user` act on it before it waits.
-FontRecord Choose(const std::function<void(QFontDialog&)>& user) {
+FontRecord Choose(const std::function<void(QFontDialog&)>& user, QWidget* owner = nullptr) {
   QTimer::singleShot(0, [&] { user(*qobject_cast<QFontDialog*>(QApplication::activeModalWidget())); });
-  return FontDialog([] { return nullptr; }).ShowFontDialog();
+  return FontDialog([&] { return owner; }).ShowFontDialog();
 }
 
-// Some font of this machine that is bold and italic.
-QFont BoldItalicFont() {
+// A font of this machine for each weight, italic where there is one.
+std::map<int, QFont> Fonts() {
+  std::map<int, QFont> fonts;
   for (const QString& family : QFontDatabase::families()) {
     for (const QString& style : QFontDatabase::styles(family)) {
-      if (QFontDatabase::bold(family, style) && QFontDatabase::italic(family, style)) {
-        return QFontDatabase::font(family, style, 14);
-      }
+      const QFont font = QFontDatabase::font(family, style, 14);
+      if (font.italic() || !fonts.contains(font.weight())) fonts[font.weight()] = font;
     }
   }
-  return {};
+  return fonts;
 }
 
 TEST(FontDialog, AChoiceComesBackAsARecord) {
-  QFont font = BoldItalicFont();
-  font.setStrikeOut(true);
-  const FontRecord record = Choose([&](QFontDialog& dialog) {
-    dialog.setCurrentFont(font);
-    dialog.accept();
-  });
-  EXPECT_FALSE(record.cancelled());
-  EXPECT_TRUE(IsBold(record.weight));
-  EXPECT_TRUE(IsItalic(record.italic));
-  EXPECT_EQ(record.underline, 0);
-  EXPECT_NE(record.strikeOut, 0);
-  EXPECT_EQ(record.points(), 14);
+  const std::map<int, QFont> fonts = Fonts();
+  ASSERT_TRUE(fonts.contains(QFont::Bold));
+  for (auto [weight, font] : fonts) {
+    font.setStrikeOut(true);
+    const FontRecord record = Choose([&, &chosen = font](QFontDialog& dialog) {
+      dialog.setCurrentFont(chosen);
+      dialog.accept();
+    });
+    EXPECT_EQ(record.faceName, font.family());
+    EXPECT_EQ(record.weight, weight);
+    EXPECT_EQ(IsItalic(record.italic), font.italic());
+    EXPECT_EQ(record.underline, 0);
+    EXPECT_NE(record.strikeOut, 0);
+    EXPECT_EQ(record.points(), 14);
+  }
+}
+
+TEST(FontDialog, AnOwnerThatGoesTakesTheDialogAlong) {
+  auto* owner = new QWidget;
+  EXPECT_TRUE(Choose([&](QFontDialog&) { delete owner; }, owner).cancelled());
 }
 
 TEST(FontDialog, CancellingGivesThePresetWithoutAName) {

@@ -17,7 +17,11 @@ namespace {
 
 class FakeFontChooser : public FontChooser {
  public:
-  FontRecord ShowFontDialog() override { return choice; }
+  FontRecord ShowFontDialog() override {
+    meanwhile();
+    return choice;
+  }
+  std::function<void()> meanwhile = [] {};
   FontRecord choice;
 };
 
@@ -136,6 +140,17 @@ TEST_F(Options, ACancelledFontDialogChangesNothing) {
   EXPECT_FALSE(button("BtnApply")->isEnabled());
   click("BtnOK");
   EXPECT_EQ(store.GetSet("MenuiFont"), "DejaVu Sans");
+}
+
+TEST_F(Options, AWindowClosedWhileAFontIsChosenGoesAfterIt) {
+  open();
+  const QSignalSpy closed(window.get(), &FrmOpt::closedForGood);
+  fonts.meanwhile = [&] {
+    window->close();
+    EXPECT_EQ(closed.count(), 0);
+  };
+  chooseFont(kChoice);
+  EXPECT_EQ(closed.count(), 1);
 }
 
 TEST_F(Options, TheSearchHistoryIsForgottenAtOnce) {
