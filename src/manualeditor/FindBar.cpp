@@ -20,10 +20,11 @@ const QString kFindNext = QStringLiteral("Find Next");
 const QString kSearchList = QStringLiteral("Search List");
 constexpr int kBoxWidth = 220;  // pixels
 
+// Really let go: the find moves the keyboard into the text, and a held key would go on to overwrite the hit.
 bool IsEnterReleased(const QEvent& event) {
   if (event.type() != QEvent::KeyRelease) return false;
-  const int key = static_cast<const QKeyEvent&>(event).key();
-  return key == Qt::Key_Return || key == Qt::Key_Enter;
+  const auto& key = static_cast<const QKeyEvent&>(event);
+  return !key.isAutoRepeat() && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter);
 }
 
 }  // namespace
@@ -47,15 +48,18 @@ FindBar::FindBar(IniTextEdit& text, QToolBar& bar)
 
 void FindBar::clear() {
   CboFind_->clear();
+  loaded_ = false;
 }
 
 void FindBar::load(const SettingsStore& settings) {
   CboFind_->clear();
   CboFind_->addItems(settings.LoadList(kSearchList));
   CboFind_->setCurrentIndex(-1);
+  loaded_ = true;
 }
 
 void FindBar::save(SettingsStore& settings) const {
+  if (!loaded_) return;
   QStringList items;
   for (int i = 0; i < CboFind_->count(); ++i) items += CboFind_->itemText(i);
   settings.deleteSection(kSearchList);

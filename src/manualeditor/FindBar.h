@@ -22,6 +22,7 @@ class FindBar : public QObject {
 
   void clear();
   void load(const SettingsStore& settings);
+  // Nothing happens between clear() and load(): the stored list is then the only one.
   void save(SettingsStore& settings) const;
   void removeDuplicates();
 
@@ -40,6 +41,7 @@ class FindBar : public QObject {
   IniTextEdit& text_;
   QComboBox* CboFind_;
   QPushButton* BtnFind_;
+  bool loaded_ = false;
 };
 
 }  // namespace korvane

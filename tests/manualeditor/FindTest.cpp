@@ -40,6 +40,23 @@ TEST_F(FindTest, FindsOnFromHitToHitAndStaysAtTheLast) {
   EXPECT_EQ(text().selectedText(), QString::fromUtf8("Ärg"));
 }
 
+TEST_F(FindTest, EnterFindsOnceItIsLetGo) {
+  openFile("gun");
+  auto* box = part<QComboBox>("CboFind");
+  box->setFocus();
+  box->setEditText("gun");
+  for (const auto& [type, repeated] : {std::pair{QEvent::KeyPress, false},
+                                       {QEvent::KeyRelease, true},
+                                       {QEvent::KeyPress, true},
+                                       {QEvent::KeyRelease, false}}) {
+    EXPECT_EQ(text().selectedText(), "");
+    QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier, "\r", repeated);
+    QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
+  }
+  EXPECT_EQ(text().selectedText(), "gun");
+  EXPECT_EQ(text().fileBytes().bytes, "gun");
+}
+
 TEST_F(FindTest, TheHistoryHoldsEachTextOnceAndComesBack) {
   settings_.SaveList("Search List", {"a", "b", "a", "A"});
   openFile("a b c");
