@@ -66,6 +66,19 @@ void Apply(QWidget& window, int state) {
   window.setWindowState(states);
 }
 
+void RestoreGeometry(const SettingsStore& store, QWidget& window) {
+  const QSize extra = FrameToCome(store, window);
+  const int height = Stored(store, window, "_Height", window.height() + extra.height());
+  const int width = Stored(store, window, "_Width", window.width() + extra.width());
+  const int left = Stored(store, window, "_Left", window.x());
+  const int top = Stored(store, window, "_Top", window.y());
+  window.resize(OnScreens({width, height}) - extra);
+  if (store.find(kSection, window.objectName() + "_Left") ||
+      store.find(kSection, window.objectName() + "_Top")) {
+    window.move(Reachable(QRect(QPoint(left, top), window.size())));
+  }
+}
+
 }  // namespace
 
 void SavePlacement(SettingsStore& store, const QWidget& window) {
@@ -85,17 +98,8 @@ void SavePlacement(SettingsStore& store, const QWidget& window) {
 }
 
 void RestorePlacement(const SettingsStore& store, QWidget& window) {
-  const QSize extra = FrameToCome(store, window);
-  const int height = Stored(store, window, "_Height", window.height() + extra.height());
-  const int width = Stored(store, window, "_Width", window.width() + extra.width());
-  const int left = Stored(store, window, "_Left", window.x());
-  const int top = Stored(store, window, "_Top", window.y());
+  if (StateOf(window) == normal) RestoreGeometry(store, window);
   const int state = Stored(store, window, "WindowState", StateOf(window));
-  window.resize(OnScreens({width, height}) - extra);
-  if (store.find(kSection, window.objectName() + "_Left") ||
-      store.find(kSection, window.objectName() + "_Top")) {
-    window.move(Reachable(QRect(QPoint(left, top), window.size())));
-  }
   if (state >= normal && state <= maximised) Apply(window, state);
 }
 

@@ -44,7 +44,7 @@ constexpr QSize kIconSize(16, 16);
 
 enum Panel { linePanel, statePanel, timePanel, datePanel, filePanel };
 struct PanelWidth {
-  const char* longest;  // text that fits in any case
+  const char* longest;  // longest text the panel must fit
   int stretch;
 };
 constexpr std::array kPanelWidths = {PanelWidth{"Line 100000 of 100000", 3}, PanelWidth{"Loading...", 2},
@@ -171,12 +171,14 @@ void FrmManEdit::buildStatusBar() {
 }
 
 bool FrmManEdit::loadFile(const QString& path) {
+  const WindowCalls::Running call(calls_);
   if (!openText_->load(path, target_.ManualEditPartial != 0)) return false;
   opened();
   return true;
 }
 
 void FrmManEdit::setText(std::string_view bytes) {
+  const WindowCalls::Running call(calls_);
   openText_->set(bytes, target_.ManualEditFile, target_.ManualEditPartial != 0);
   opened();
 }
@@ -184,6 +186,7 @@ void FrmManEdit::setText(std::string_view bytes) {
 void FrmManEdit::opened() {
   closed_ = false;
   reopened_ = true;
+  if (!isVisible() || !isMaximized()) RestorePlacement(services_.settings, *this);
   setUpSoon();
 }
 
@@ -191,9 +194,8 @@ void FrmManEdit::keepUnsavedText() {
   openText_->keepUnsaved();
 }
 
-// A window that is active already, or whose display never activates one, gets its set-up all the same. Never
-// inside of the activation itself: the toolkit then still has other windows to tell, which must not go
-// meanwhile.
+// A window that is active already, or whose display never activates one, gets its set-up all the same.
+// Deferred, because the toolkit is still notifying other windows, and none may be destroyed meanwhile.
 void FrmManEdit::setUpSoon() {
   QMetaObject::invokeMethod(this, &FrmManEdit::setUp, Qt::QueuedConnection);
 }
@@ -221,7 +223,6 @@ void FrmManEdit::setUp() {
 }
 
 void FrmManEdit::runSetUp() {
-  RestorePlacement(services_.settings, *this);
   show();
   setEnabled(false);
   showClock();

@@ -170,10 +170,12 @@ TEST_F(ManEditTest, AWindowClosedDuringItsSetUpGoesAfterIt) {
     window_->close();
     heldBack = closed_ == 0;
   };
+  settings_.SaveList("Search List", {"a"});
   window_->show();
   EXPECT_TRUE(QTest::qWaitFor([&] { return closed_ == 1; }));
   EXPECT_TRUE(heldBack);
   EXPECT_FALSE(window_->isVisible());
+  EXPECT_EQ(settings_.LoadList("Search List"), QStringList("a"));
 }
 
 TEST_F(ManEditTest, ATextOpenedDuringTheSetUpIsSetUpToo) {
@@ -185,14 +187,28 @@ TEST_F(ManEditTest, ATextOpenedDuringTheSetUpIsSetUpToo) {
   EXPECT_EQ(panel(1), "Line 1 of 2");
 }
 
-TEST_F(ManEditTest, PlacementComesBack) {
+TEST_F(ManEditTest, PlacementComesBackBeforeTheWindowIsSeen) {
   openFile(kFile);
   window_->resize(700, 400);
   trigger("MnuExit");
   EXPECT_EQ(closed_, 1);
   remake();
-  openFile(kFile);
+  ASSERT_TRUE(window_->loadFile(path_));
   EXPECT_EQ(window_->size(), QSize(700, 400));
+  show();
+  EXPECT_EQ(window_->size(), QSize(700, 400));
+}
+
+TEST_F(ManEditTest, AMaximisedWindowStaysSoForTheNextFile) {
+  openFile(kFile);
+  window_->close();
+  openFile(kFile);
+  window_->showMaximized();
+  QCoreApplication::processEvents();
+  const QRect whole = window_->geometry();
+  openFile(kFile);
+  EXPECT_TRUE(window_->isMaximized());
+  EXPECT_EQ(window_->geometry(), whole);
 }
 
 TEST_F(ManEditTest, ClipboardCommandsWorkOnTheSelection) {
