@@ -25,6 +25,10 @@ std::string BasePath(std::string_view folder, std::string_view table) {
   throw DatabaseError(DatabaseFailure::noCurrentRecord, "The database has no current record.");
 }
 
+[[noreturn]] void CannotStore(const std::string& reason) {
+  throw DatabaseError(DatabaseFailure::cannotStore, "The database cannot be stored: " + reason);
+}
+
 }  // namespace
 
 DBCtl::DBCtl(ReplaceFile replaceFile) : replaceFile_(std::move(replaceFile)) {}
@@ -133,15 +137,21 @@ void DBCtl::store(const DbfField& wanted, std::string_view data) {
   readCurrent();
 }
 
-// The files are let go of meanwhile: an open file cannot be replaced everywhere.
+// The files are let go of meanwhile: an open file cannot be replaced everywhere. If they cannot be opened
+// again, no table is open any more.
 void DBCtl::replace(const std::string& path, std::string_view bytes) {
   if (!replaceFile_) throw DatabaseError(DatabaseFailure::cannotStore, "The database can only be read.");
-  table().close();
+  std::unique_ptr<DbfTable> table = std::move(table_);
+  table->close();
   const std::string reason = replaceFile_(path, bytes);
-  table().reopen();
-  if (!reason.empty()) {
-    throw DatabaseError(DatabaseFailure::cannotStore, "The database cannot be stored: " + reason);
+  try {
+    table->reopen();
+  } catch (const DatabaseError& error) {
+    record_.clear();
+    CannotStore(reason.empty() ? error.what() : reason);
   }
+  table_ = std::move(table);
+  if (!reason.empty()) CannotStore(reason);
 }
 
 bool DBCtl::AtEnd() const {

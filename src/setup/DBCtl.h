@@ -20,7 +20,7 @@ class DbfTable;
 // nothing when the file is stored.
 using ReplaceFile = std::function<std::string(std::string_view path, std::string_view bytes)>;
 
-// The records of one dBASE table (version III or IV) and its memo file. Deleted records do not exist for it.
+// The records of one dBASE table (version III or IV) and its memo file. Deleted records are skipped.
 // A record is read where it lies when it becomes current, and a memo's text only when GetData asks for it.
 // Every failure is a DatabaseError; after a failed LoadDatabase no table is open.
 class DBCtl {
@@ -54,7 +54,8 @@ class DBCtl {
   void GetData(int Field, const TakePiece& take);
 
   // Stores the field of the current record on the disk: the memo file first, then the table, each replaced
-  // whole, so that a failure in between loses nothing. Both are held in memory meanwhile.
+  // whole, so that a failure in between loses nothing. Both are held in memory meanwhile. If the files cannot
+  // be opened again afterwards, no table is open.
   void SetData(int Field, std::string_view Data);
   void SetData(std::string_view Field, std::string_view Data);
 
@@ -64,7 +65,8 @@ class DBCtl {
   // Counted at the first question after LoadDatabase, in one pass over the records' deletion marks.
   std::int64_t RecordCount();
 
-  // The code page mark of the table (its language driver byte), 0 when it has none.
+  // The code page mark of the table (its language driver byte), 0 when it has none. GetData does not convert
+  // anything by it: stock databases are in Windows-1252.
   std::uint8_t languageDriver() const;
 
  private:

@@ -250,6 +250,30 @@ TEST_F(StockDatabase, KeepsItsContentsWhenTheyCannotBeReplaced) {
   }
 }
 
+TEST_F(StockDatabase, IsClosedWhenItsFilesAreGoneAfterStoring) {
+  struct Case {
+    const char* reason;
+    const char* says;
+  };
+  for (const Case& test : {Case{"disk full", "disk full"}, Case{"", "memo file"}}) {
+    write(RawDatabase(kThree));
+    DBCtl losing([&](auto...) {
+      std::filesystem::remove(folder.native("Data.dbt"));
+      return test.reason;
+    });
+    losing.LoadDatabase(folder.path(), "Data");
+    try {
+      losing.SetData(0, "new");
+      FAIL() << test.says;
+    } catch (const DatabaseError& error) {
+      EXPECT_EQ(error.failure(), DatabaseFailure::cannotStore);
+      EXPECT_NE(std::string(error.what()).find(test.says), std::string::npos) << error.what();
+    }
+    EXPECT_THROW(losing.GetData(1), DatabaseError);
+    EXPECT_THROW(losing.SetData(1, "text"), DatabaseError);
+  }
+}
+
 TEST_F(StockDatabase, IsPackedWholeOrNotAtAll) {
   {
     StockTable table(folder.native("Data"));
