@@ -7,6 +7,7 @@
 #include <fstream>
 
 #include "files/NativePath.h"
+#include "files/OrdinaryFile.h"
 
 namespace korvane {
 
@@ -16,19 +17,6 @@ constexpr std::size_t kChunk = std::size_t{4} << 20;  // so that even a slow dis
 constexpr std::size_t kSlack = 64;                    // room to see the end of the file without growing
 
 }  // namespace
-
-bool OpenOrdinaryFile(std::string_view path, std::ifstream& file) {
-  file = std::ifstream();
-  try {
-    const std::filesystem::path native = NativePath(path);
-    if (!std::filesystem::is_regular_file(native)) return false;
-    file.rdbuf()->pubsetbuf(nullptr, 0);
-    file.open(native, std::ios::binary);
-    return file.is_open();
-  } catch (const std::exception&) {  // no such path, no permission
-    return false;
-  }
-}
 
 void FileBytes::reserve(std::size_t capacity) {
   if (capacity <= capacity_) return;

@@ -2,25 +2,19 @@
 #pragma once
 
 #include <cstddef>
-#include <fstream>
 #include <functional>
 #include <memory>
 #include <string_view>
 
 namespace korvane {
 
-// Opens the file at the program's path (see NativePath.h) for reading without a buffer of the stream's own.
-// False when the path names no ordinary file (a pipe would block, a folder has no bytes) or the file cannot
-// be opened.
-bool OpenOrdinaryFile(std::string_view path, std::ifstream& file);
-
 // A whole file in one buffer. The buffer is kept from one read to the next, the contents are not: every read
 // shows the file as it is on the disk now.
 class FileBytes {
  public:
   // Reads the file at the program's path (see NativePath.h). Long reads call `yield` from time to time. False
-  // when the path names no ordinary file or cannot be opened; bytes() is then empty. A fault in the middle
-  // leaves what had been read before it.
+  // when the path names no ordinary file or cannot be opened; bytes() is then empty. After a read error
+  // partway, bytes() holds what was read so far.
   bool read(std::string_view path, const std::function<void()>& yield);
 
   std::string_view bytes() const { return {buffer_.get(), size_}; }

@@ -4,15 +4,9 @@
 #include <cstring>
 #include <new>
 
-#include "files/FileBytes.h"
+#include "files/OrdinaryFile.h"
 
 namespace korvane {
-
-namespace {
-
-constexpr std::size_t kPiece = 256 * 1024;
-
-}  // namespace
 
 bool FilePieces::open(std::string_view path) {
   size_ = 0;

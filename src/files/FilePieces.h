@@ -12,12 +12,14 @@ namespace korvane {
 // memory has to be found for all of it. The buffer is kept from one file to the next, the contents are not.
 class FilePieces {
  public:
+  static constexpr std::size_t kPiece = 256 * 1024;  // a longer one only where a line does not fit
+
   // Opens the file at the program's path (see NativePath.h). False when it names no ordinary file or cannot
   // be opened.
   bool open(std::string_view path);
 
-  // The last `unused` bytes of the piece before, and the bytes of the file that follow them. Valid until the
-  // next call. A fault in the middle of the file is its end.
+  // Returns the last `unused` bytes of the previous piece followed by the next bytes of the file. Valid until
+  // the next call. A read error ends the file.
   std::string_view next(std::size_t unused);
 
   // No bytes follow the last piece.

@@ -2,10 +2,8 @@
 #include "setup/RandomFile.h"
 
 #include <algorithm>
-#include <exception>
-#include <filesystem>
 
-#include "files/NativePath.h"
+#include "files/OrdinaryFile.h"
 
 namespace korvane {
 
@@ -16,18 +14,10 @@ constexpr std::uint64_t kPiece = 256 * 1024;
 }  // namespace
 
 bool RandomFile::open(std::string_view path) {
-  file_ = std::ifstream();
   size_ = 0;
-  try {
-    const std::filesystem::path native = NativePath(path);
-    if (!std::filesystem::is_regular_file(native)) return false;  // a pipe would block
-    file_.rdbuf()->pubsetbuf(nullptr, 0);                         // pieces go straight where they are wanted
-    file_.open(native, std::ios::binary);
-    size_ = std::filesystem::file_size(native);
-    return file_.is_open();
-  } catch (const std::exception&) {  // no such path, no permission
-    return false;
-  }
+  if (!OpenOrdinaryFile(path, file_) || !file_.seekg(0, std::ios::end)) return false;
+  size_ = static_cast<std::uint64_t>(file_.tellg());
+  return true;
 }
 
 std::string RandomFile::read(std::uint64_t offset, std::uint64_t length) {

@@ -12,7 +12,7 @@ namespace korvane {
 // Takes the next bytes of a text that is too long to be held at once.
 using TakePiece = std::function<void(std::string_view)>;
 
-// A file that is read piece by piece, where the pieces lie.
+// A file opened for reading at any offset.
 class RandomFile {
  public:
   // Opens the ordinary file at the program's path. False when there is none, or it may not be read.

@@ -3,11 +3,9 @@
 
 #include <QStringList>
 
-#include <array>
-#include <fstream>
 #include <string>
 
-#include "files/NativePath.h"
+#include "files/FilePieces.h"
 #include "ini/DataFiles.h"
 
 namespace korvane {
@@ -15,14 +13,11 @@ namespace korvane {
 namespace {
 
 // Stops at the first CR, which stands in the first line of nearly every file.
-bool HasOnlyUnixLineEnds(const std::string& path) {
-  if (!FileExists(path)) return false;
-  std::ifstream file(NativePath(path), std::ios::binary);
-  std::array<char, 65536> chunk;
+bool HasOnlyUnixLineEnds(FilePieces& file, const std::string& path) {
+  if (!file.open(path)) return false;
   bool hasLf = false;
-  while (file) {
-    file.read(chunk.data(), chunk.size());
-    const std::string_view bytes(chunk.data(), static_cast<std::size_t>(file.gcount()));
+  while (!file.atEnd()) {
+    const std::string_view bytes = file.next(0);
     if (bytes.find('\r') != std::string_view::npos) return false;
     hasLf = hasLf || bytes.find('\n') != std::string_view::npos;
   }
@@ -31,10 +26,11 @@ bool HasOnlyUnixLineEnds(const std::string& path) {
 
 QStringList FilesWithUnixLineEnds(std::string_view gameFolder) {
   QStringList names;
+  FilePieces pieces;
   for (const DataFile& file : kDataFiles) {
     std::string path(gameFolder);
     path.append(file.folder).append(file.name);
-    if (HasOnlyUnixLineEnds(path))
+    if (HasOnlyUnixLineEnds(pieces, path))
       names += QString::fromUtf8(file.name.data(), static_cast<qsizetype>(file.name.size()));
   }
   return names;

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "files/FilePieces.h"
 #include "ini/TVItem.h"
 #include "support/GameFolder.h"
 
@@ -68,7 +69,7 @@ TEST(TVItem, WhatCannotBeReadHasNoLines) {
 
 // Long files are read in pieces; their borders fall into lines, between lines and between CR and LF.
 TEST(TVItem, LinesAreWholeWhereverAPieceOfTheFileEnds) {
-  constexpr std::size_t kPiece = 256 * 1024;
+  constexpr std::size_t kPiece = FilePieces::kPiece;
   const GameFolder game;
   for (const std::size_t first : {kPiece - 2, kPiece - 1, kPiece, kPiece + 1, 3 * kPiece}) {
     const std::vector<std::string> lines = {std::string(first, 'a'), "b", "", std::string(kPiece - 5, 'c'),

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <fstream>
+#include <string_view>
+
+namespace korvane {
+
+// Opens the file at the program's path (see NativePath.h) for reading without a buffer of the stream's own.
+// False when the path names no ordinary file (a pipe would block, a folder has no bytes) or the file cannot
+// be opened.
+bool OpenOrdinaryFile(std::string_view path, std::ifstream& file);
+
+}  // namespace korvane
