@@ -42,7 +42,7 @@ class ArchiveContainer : public Container {
 
 bool IsArchive(const std::string& path) {
   RandomFile file;
-  return file.open(path) && file.read(0, 4) == "BIGF";
+  return file.open(path) && file.read(0, kBigArchiveMark.size()) == kBigArchiveMark;
 }
 
 }  // namespace

@@ -7,7 +7,6 @@ namespace korvane {
 
 namespace {
 
-constexpr std::string_view kMark = "BIGF";
 constexpr std::size_t kHeaderSize = 16;
 constexpr std::size_t kNumbers = 8;  // place and size of a file
 constexpr std::size_t kLongestPath = 512;
@@ -18,7 +17,8 @@ BigArchive::BigArchive(const std::string& path) : path_(path) {
   if (!file_.open(path)) fail("it cannot be opened");
   const std::uint32_t count = readHeader();
   std::uint64_t at = kHeaderSize;
-  for (std::uint32_t i = 0; i < count; ++i) at = readEntry(at);  // a count that lies ends at the file's end
+  for (std::uint32_t i = 0; i < count; ++i)
+    at = readEntry(at);  // a count that is too large fails at the end of the file
 }
 
 void BigArchive::fail(const std::string& why) const {
@@ -27,7 +27,7 @@ void BigArchive::fail(const std::string& why) const {
 
 std::uint32_t BigArchive::readHeader() {
   const std::string header = file_.read(0, kHeaderSize);
-  if (!header.starts_with(kMark)) fail("it is no BIGF archive");
+  if (!header.starts_with(kBigArchiveMark)) fail("it is no BIGF archive");
   if (header.size() < kHeaderSize) fail("its header is cut off");
   if (Little32(header, 4) > file_.size()) fail("it is cut off");
   if (Big32(header, 12) > file_.size()) fail("its header is longer than the file");

@@ -4,19 +4,23 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "setup/RandomFile.h"
 
 namespace korvane {
 
-// The archive is none, or damaged. what() is a sentence for the user.
+// Not an archive, or a damaged one. what() is a sentence for the user.
 class ArchiveError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-// One of the game's own archives (".big"): the letters "BIGF", the archive's size (little-endian), the number
+// The letters with which an archive begins.
+constexpr std::string_view kBigArchiveMark = "BIGF";
+
+// One of the game's own archives (".big"): these letters, the archive's size (little-endian), the number
 // of files and the header's size (big-endian), and for each file its place and size (big-endian) and its path
 // with backslashes, ended by a zero byte. All numbers have 32 bits.
 class BigArchive {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -9,6 +10,16 @@
 #include "setup/RandomFile.h"
 
 namespace korvane {
+
+// Where things lie in a table: a header of fixed size, a descriptor for each field, a mark, the records, and
+// another mark.
+constexpr std::size_t kDbfHeader = 32;
+constexpr std::size_t kDbfLanguageDriver = 29;  // in the header
+constexpr std::size_t kDbfDescriptor = 32;
+constexpr std::size_t kDbfFieldType = 11;  // in the descriptor, behind the field's name
+constexpr std::size_t kDbfFieldLength = 16;
+constexpr char kDbfHeaderEnd = '\r';
+constexpr char kDbfFileEnd = '\x1a';
 
 struct DbfField {
   std::string name;
@@ -30,9 +41,12 @@ struct DbfLayout {
   std::vector<DbfField> fields;
 };
 
-// Reads the header and holds it against the file's size. A header count beyond what the file can hold is
-// lowered to that; any other lie, and a record that is cut off, is a DatabaseError, and so is a version other
-// than III and IV (noDriver).
+// Reads the header and checks it against the file's size. A header count beyond what the file can hold is
+// lowered to that; any other inconsistency, and a record that is cut off, is a DatabaseError, and so is a
+// version other than III and IV (noDriver).
 DbfLayout ReadDbfLayout(RandomFile& file);
+
+// Throws the DatabaseError of a damaged table. `what`: what is wrong with it.
+[[noreturn]] void TableDamaged(const std::string& what);
 
 }  // namespace korvane

@@ -12,14 +12,10 @@ namespace {
 
 constexpr char kLive = ' ';
 constexpr char kDeleted = '*';
-// Deletion marks are read with the records around them as long as many records fit; of long records only the
-// mark itself is read.
+// Deletion marks are read with the records around them when a piece holds several records; of long records
+// only the mark itself is read.
 constexpr std::uint64_t kMarkPiece = 32 * 1024;
 constexpr std::string_view kBlanks(" \0", 2);
-
-[[noreturn]] void Damaged(const std::string& what) {
-  throw DatabaseError(DatabaseFailure::damaged, "The table of the database is damaged: " + what + ".");
-}
 
 [[noreturn]] void NoSuchField(const std::string& field) {
   throw DatabaseError(DatabaseFailure::noSuchField, "The database has no field " + field + ".");
@@ -49,7 +45,7 @@ bool IsNumber(std::string_view text) {
 std::uint64_t BlockNumber(const DbfField& field, std::string_view text) {
   text = WithoutBlanks(text);
   if (text.size() > 10 || !std::all_of(text.begin(), text.end(), IsDigit)) {
-    Damaged("the field " + field.name + " holds text where a number is due");
+    TableDamaged("the field " + field.name + " holds text where a number is due");
   }
   return text.empty() ? 0 : std::stoull(std::string(text));
 }
@@ -104,15 +100,15 @@ bool DbfTable::isDeleted(std::int64_t record) {
     marks_ = file_.read(offsetOf(marksFrom_), static_cast<std::uint64_t>(atOnce - 1) * length + 1);
   }
   const std::uint64_t at = static_cast<std::uint64_t>(record - marksFrom_) * length;
-  if (at >= marks_.size()) Damaged("a record cannot be read");
+  if (at >= marks_.size()) TableDamaged("a record cannot be read");
   const char mark = marks_[at];
-  if (mark != kLive && mark != kDeleted) Damaged("a record has no beginning");
+  if (mark != kLive && mark != kDeleted) TableDamaged("a record has no beginning");
   return mark == kDeleted;
 }
 
 std::string DbfTable::record(std::int64_t record) {
   std::string bytes = file_.read(offsetOf(record), layout_.recordLength);
-  if (bytes.size() != layout_.recordLength) Damaged("a record cannot be read");
+  if (bytes.size() != layout_.recordLength) TableDamaged("a record cannot be read");
   return bytes;
 }
 
@@ -125,7 +121,7 @@ std::string DbfTable::value(const DbfField& field, std::string_view recordBytes)
   if (!field.isNumber()) return std::string(WithoutBlanksAtEnd(text));
   const std::string_view number = WithoutBlanks(text);
   if (!number.empty() && !IsNumber(number)) {
-    Damaged("the field " + field.name + " holds text where a number is due");
+    TableDamaged("the field " + field.name + " holds text where a number is due");
   }
   return std::string(number);
 }
@@ -139,7 +135,7 @@ void DbfTable::value(const DbfField& field, std::string_view recordBytes, const 
 std::string DbfTable::withFieldBytes(const DbfField& field, std::int64_t record, std::string_view bytes) {
   std::string table = file_.read(0, file_.size());
   const std::uint64_t at = offsetOf(record) + field.offset;
-  if (table.size() < at + bytes.size()) Damaged("a record cannot be read");
+  if (table.size() < at + bytes.size()) TableDamaged("a record cannot be read");
   return table.replace(at, bytes.size(), bytes);
 }
 

@@ -15,8 +15,7 @@ constexpr std::uint64_t kDefaultBlockSize = 512;
 constexpr std::size_t kBlockSizeAt = 20;
 constexpr std::string_view kEnd3 = "\x1a\x1a";
 constexpr std::string_view kMark4("\xff\xff\x08\x00", 4);
-constexpr std::size_t kHead4 = 8;  // mark and length
-constexpr std::uint64_t kMaxMemo = 0xffffffffU - kHead4;
+constexpr std::size_t kHead4 = 8;           // mark and length
 constexpr std::uint64_t kStep = 64 * 1024;  // a memo of version III does not say how long it is
 
 [[noreturn]] void Damaged(const std::string& what) {
@@ -55,14 +54,10 @@ std::string MemoFileHeader(std::uint64_t firstFree, std::uint64_t blockSize) {
   return header;
 }
 
-MemoFile::MemoFile(std::string path, MemoKind kind) : path_(std::move(path)), kind_(kind) {
-  reopen();
-}
-
-void MemoFile::reopen() {
-  if (!file_.open(path_)) {
+MemoFile::MemoFile(const std::string& path, MemoKind kind) : kind_(kind) {
+  if (!file_.open(path)) {
     throw DatabaseError(DatabaseFailure::fileNotFound,
-                        "The memo file of the database, \"" + path_ + "\", cannot be opened.");
+                        "The memo file of the database, \"" + path + "\", cannot be opened.");
   }
   const std::string header = file_.read(0, kHeaderSize);
   if (header.size() < kBlockSizeAt + 2) Damaged("it has no header");
@@ -90,8 +85,7 @@ MemoFile::Place MemoFile::placeOf(std::uint64_t block) {
 }
 
 MemoFile::Place MemoFile::placeOfVersion3(std::uint64_t offset) {
-  std::string
-      text;  // the last byte of the piece before, since the end may straddle two pieces, and the piece
+  std::string text;  // the piece, behind the last byte of the one before: the end may straddle the two
   std::uint64_t at = offset;
   for (std::string piece; !(piece = file_.read(at, kStep)).empty(); at += piece.size()) {
     const std::uint64_t start = at - text.size();

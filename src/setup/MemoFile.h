@@ -14,7 +14,10 @@ enum class MemoKind {
   version4,  // FF FF 08 00, the length with these eight bytes, the text
 };
 
-// What stands before and behind a text of the size in the memo file, so that it fills whole blocks.
+// The longest text of a memo: the length of version IV has 32 bits and counts the eight bytes before it.
+constexpr std::uint64_t kMaxMemo = 0xffffffffU - 8;
+
+// The bytes before and after a text of this size in the memo file, so that it fills whole blocks.
 std::string MemoHead(MemoKind kind, std::uint64_t textSize);
 std::string MemoTail(MemoKind kind, std::uint64_t textSize, std::uint64_t blockSize);
 
@@ -25,10 +28,10 @@ std::string MemoFileHeader(std::uint64_t firstFree, std::uint64_t blockSize);
 class MemoFile {
  public:
   // Opens the memo file at the program's path. A missing or empty one is a DatabaseError.
-  MemoFile(std::string path, MemoKind kind);
+  MemoFile(const std::string& path, MemoKind kind);
 
-  // The text at the block, with no more memory taken than the file has bytes. A number outside the file, or
-  // bytes that are no memo, are a DatabaseError.
+  // The text at the block. Never allocates more than the file's size. A number outside the file, or bytes
+  // that are no memo, are a DatabaseError.
   std::string read(std::uint64_t block);
   // The same text in pieces; what is found wrong behind the first of them is still a DatabaseError.
   void read(std::uint64_t block, const TakePiece& take);
@@ -40,11 +43,6 @@ class MemoFile {
   // A copy of the file with one more text. DatabaseError for a text that this kind of memo cannot hold.
   Grown withText(std::string_view text);
 
-  const std::string& path() const { return path_; }
-  // Lets go of the file, so that another can take its place; reopen() then reads that one.
-  void close() { file_.close(); }
-  void reopen();
-
  private:
   struct Place {  // of a text in the file
     std::uint64_t offset;
@@ -54,7 +52,6 @@ class MemoFile {
   Place placeOfVersion3(std::uint64_t offset);
   Place placeOfVersion4(std::uint64_t offset);
 
-  std::string path_;
   MemoKind kind_;
   RandomFile file_;
   std::uint64_t blockSize_ = 0;

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "setup/BinaryNumbers.h"
+#include "setup/DbfLayout.h"
 #include "setup/MemoFile.h"
 
 namespace korvane {
@@ -21,12 +22,11 @@ struct Column {
 
 constexpr std::array<Column, 2> kColumns = {{{"PATH", 'C', 254}, {"TEXT", 'M', 10}}};
 constexpr std::uint64_t kBlockSize = 512;
-constexpr std::size_t kHeaderLength = 32 + 32 * kColumns.size() + 1;
+constexpr std::size_t kHeaderLength = kDbfHeader + kDbfDescriptor * kColumns.size() + 1;
 constexpr std::size_t kRecordLength = 1 + kColumns[0].length + kColumns[1].length;
 constexpr std::string_view kVersion4WithMemo = "\x8b";
 constexpr std::string_view kDate = "\x64\x01\x01";  // of the last change; 2000-01-01, so that nothing varies
 constexpr std::string_view kWindows1252 = "\x03";
-constexpr std::uint64_t kMaxText = 0xffffffffU - 8;
 
 std::string Padded(std::string_view text, std::size_t length, char filler) {
   std::string padded(text);
@@ -35,18 +35,18 @@ std::string Padded(std::string_view text, std::size_t length, char filler) {
 }
 
 std::string Descriptor(const Column& column) {
-  std::string bytes = Padded(column.name, 11, '\0') + column.type + std::string(4, '\0');
-  bytes += LittleBytes(column.length, 1);
-  return Padded(bytes, 32, '\0');
+  const std::string nameAndType = Padded(column.name, kDbfFieldType, '\0') + column.type;
+  const std::string bytes = Padded(nameAndType, kDbfFieldLength, '\0') + LittleBytes(column.length, 1);
+  return Padded(bytes, kDbfDescriptor, '\0');
 }
 
 std::string TableHeader(std::uint32_t records) {
   std::string header(kVersion4WithMemo);
   header.append(kDate).append(LittleBytes(records, 4));
   header.append(LittleBytes(kHeaderLength, 2)).append(LittleBytes(kRecordLength, 2));
-  header = Padded(Padded(header, 29, '\0').append(kWindows1252), 32, '\0');
+  header = Padded(Padded(header, kDbfLanguageDriver, '\0').append(kWindows1252), kDbfHeader, '\0');
   for (const Column& column : kColumns) header += Descriptor(column);
-  return header += '\r';
+  return header += kDbfHeaderEnd;
 }
 
 bool IsAscii(std::string_view text) {
@@ -71,7 +71,7 @@ void StockTable::add(std::string_view path, std::string_view text) {
 }
 
 void StockTable::add(std::string_view path, std::uint64_t size, const GiveText& give) {
-  if (path.size() > kColumns[0].length || !IsAscii(path) || size > kMaxText) {
+  if (path.size() > kColumns[0].length || !IsAscii(path) || size > kMaxMemo) {
     throw std::runtime_error(std::string(path) + ": the path or the file does not fit into a stock database");
   }
   addRecord(path, size == 0 ? std::string() : std::to_string(memos_.size() / kBlockSize));
@@ -94,7 +94,7 @@ void StockTable::addMemo(std::uint64_t size, const GiveText& give) {
 }
 
 void StockTable::commit() {
-  table_.write("\x1a");
+  table_.write({&kDbfFileEnd, 1});
   table_.rewrite(0, TableHeader(records_));
   memos_.rewrite(0, MemoFileHeader(memos_.size() / kBlockSize, kBlockSize));
   memos_.commit();  // first: a table without its memos would be worse than memos without a table
