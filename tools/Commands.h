@@ -6,8 +6,8 @@
 
 namespace korvane {
 
-// What the user asked for, and what is done about it. Each command gives true when all went well; what did
-// not is told on the standard error stream. A failure that ends a command is an exception.
+// What the user asked for, and what is done about it. Each command gives true when all went well; problems
+// are reported on standard error. A failure that ends a command is an exception.
 
 struct PackOptions {
   std::vector<std::string> sources;  // game folders and archives, the first that has a file wins

@@ -16,14 +16,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// With slashes as the program's own paths have them.
-std::string PathText(const fs::path& path) {
-  const std::u8string text = path.generic_u8string();
-  std::string bytes(text.begin(), text.end());
-  std::replace(bytes.begin(), bytes.end(), '/', '\\');
-  return bytes;
-}
-
 class FolderSource : public PackSource {
  public:
   explicit FolderSource(std::string folder) : folder_(std::move(folder)) {}
@@ -45,7 +37,7 @@ class FolderSource : public PackSource {
     if (!fs::is_directory(start)) return found;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(start)) {
       if (entry.is_regular_file())
-        found.push_back(std::string(folder) + PathText(entry.path().lexically_relative(start)));
+        found.push_back(std::string(folder) + ProgramPath(entry.path().lexically_relative(start)));
     }
     return found;
   }
@@ -87,7 +79,7 @@ class ArchiveSource : public PackSource {
 std::vector<std::string> ArchivesIn(const std::string& folder) {
   std::vector<std::string> found;
   for (const fs::directory_entry& entry : fs::directory_iterator(NativePath(folder))) {
-    const std::string path = PathText(entry.path());
+    const std::string path = ProgramPath(entry.path());
     if (entry.is_regular_file() && ToLowerAscii(path).ends_with(".big")) found.push_back(path);
   }
   std::sort(found.begin(), found.end());

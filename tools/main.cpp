@@ -14,8 +14,7 @@ enum ExitCode { allWell = 0, failed = 1, badUsage = 2 };
 
 constexpr const char* kAbout =
     "Packs a game's data files into a stock database (\"Data.DBF\" and \"Data.DBT\"), from which Korvane "
-    "restores "
-    "files that are missing, and looks into such databases and the game's own archives.";
+    "restores files that are missing, and looks into such databases and the game's own archives.";
 constexpr const char* kExitCodes = "Exit codes: 0 all went well, 1 something failed, 2 wrong usage.";
 
 CLI::App* AddPack(CLI::App& app, PackOptions& options) {
