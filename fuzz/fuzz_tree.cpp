@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "FuzzFolder.h"
-#include "SlowIni.h"
 #include "startup/ObjectTreeBuilder.h"
+#include "support/SlowIni.h"
 
 namespace {
 

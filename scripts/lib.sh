@@ -14,6 +14,7 @@ run     libqt6svg6 fonts-dejavu-core xvfb openbox
 test    python3 fonts-dejavu-core libdbd-xbase-perl python3-dbf python3-dbfread desktop-file-utils appstream
 package dpkg-dev file fakeroot xdotool
 memcheck valgrind
+fuzz    clang libclang-rt-14-dev
 format  clang-format
 '
 
@@ -49,7 +50,7 @@ as_root() {
   fi
 }
 
-# need <build|run|test|format>... : installs what is not there yet.
+# need <need>... : installs the packages of these needs that are not there yet.
 need() {
   if ! command -v apt-get >/dev/null; then
     say "No apt here; these Debian packages, under your system's names, must be there: $(packages_for "$@" | xargs)"

@@ -147,6 +147,7 @@ Monkey::Monkey(unsigned seed, const fs::path& root, bool damaged)
 Monkey::~Monkey() = default;
 
 MonkeyReport Monkey::run(int events) {
+  QPixmapCache::setCacheLimit(0);  // it keeps the name of every picture of every size that it ever held
   eventsLeft_ = events;
   warmAt_ = events - events / 3;
   longestRound_ = std::min(kLongestRound, events / kFewestRounds);
@@ -296,7 +297,6 @@ void Monkey::garbleSetting() {
 }
 
 void Monkey::measureHeap() {
-  QPixmapCache::clear();
   report_.heapEnd = HeapInUse();
   if (eventsLeft_ >= warmAt_ || report_.rounds == 1)
     report_.heapWarm = std::max(report_.heapWarm, report_.heapEnd);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "SlowIni.h"
+#include "support/SlowIni.h"
 
 namespace korvane::slow {
 

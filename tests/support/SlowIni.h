@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-// The grammar of the game's INI text a second time, step by step, without a thought for speed. The fuzz
-// program holds the parser against it.
+// The grammar of the game's INI text a second time, step by step, without a thought for speed. Tests and the
+// fuzz programs hold the parser against it.
 namespace korvane::slow {
 
 using Texts = std::vector<std::string>;
