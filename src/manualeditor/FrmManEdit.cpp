@@ -191,6 +191,7 @@ void FrmManEdit::opened() {
 }
 
 void FrmManEdit::keepUnsavedText() {
+  const WindowCalls::Running call(calls_);
   openText_->keepUnsaved();
 }
 
@@ -265,6 +266,7 @@ void FrmManEdit::finishSetUp() {
 }
 
 void FrmManEdit::closeEvent(QCloseEvent* event) {
+  const WindowCalls::Running call(calls_);
   SavePlacement(services_.settings, *this);
   find_->save(services_.settings);
   openText_->keepUnsaved();

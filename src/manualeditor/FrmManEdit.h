@@ -9,7 +9,6 @@
 #include "platform/WindowCalls.h"
 
 class QLabel;
-class QMenu;
 class QTimer;
 class QToolBar;
 

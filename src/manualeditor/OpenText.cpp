@@ -10,7 +10,6 @@
 #include "files/FileBytes.h"
 #include "files/NativePath.h"
 #include "manualeditor/IniTextEdit.h"
-#include "platform/EventYield.h"
 #include "platform/FileWriter.h"
 #include "platform/MessageBoxes.h"
 
@@ -116,8 +115,19 @@ void OpenText::tell(const QString& text) {
 
 void OpenText::keepUnsaved() {
   noteTimer_.stop();
-  if (text_.isModified()) versions_.keepUnsaved(file_, part_, text_.keepableBytes());
-  journal_.discard();
+  if (!text_.isModified()) return journal_.discard();
+  const std::string bytes = text_.keepableBytes();
+  const QString notKept = versions_.keepUnsaved(file_, part_, bytes);
+  if (notKept.isEmpty()) return journal_.discard();
+  const bool noted = journal_.note(file_, part_, bytes);
+  journal_.release();
+  tellNotKept(notKept, noted);
+}
+
+void OpenText::tellNotKept(const QString& reason, bool noted) {
+  const QString next =
+      noted ? kLineEnd + QStringLiteral("The program will try again when it next starts.") : QString();
+  tell(QStringLiteral("The unsaved text could not be kept: ") + kLineEnd + file_ + kLineEnd + reason + next);
 }
 
 void OpenText::noteUnsaved() {

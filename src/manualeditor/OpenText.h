@@ -12,7 +12,6 @@ namespace korvane {
 
 class FileWriter;
 class IniTextEdit;
-class MessageBoxes;
 struct Services;
 
 // The text in the manual editor and its file: how it comes from the disk and goes back, and that it is not
@@ -25,10 +24,10 @@ class OpenText : public QObject {
   OpenText(IniTextEdit& text, const Services& services, const FileWriter& files,
            const KeptVersions& versions);
 
-  // Both keep the unsaved text that was there before.
-  // False, after a message, when the file cannot be read whole or shown; the text then stays.
+  // `load` and `set` first keep any unsaved text. `load`: false, after a message, when the file cannot be
+  // read whole or shown; the text then stays.
   bool load(const QString& path, bool part);
-  // Of a part that cannot be shown, nothing is.
+  // A part that cannot be shown gives an empty text.
   void set(std::string_view bytes, const QString& path, bool part);
 
   // The program's path of the file, and whether the text is only a part of it, from the moment the text was
@@ -38,11 +37,13 @@ class OpenText : public QObject {
 
   // Writes the file, or says why not.
   void save();
-  // Keeps an unsaved text among the former versions of its file.
+  // Keeps an unsaved text among the former versions of its file, or says why not and leaves it to the next
+  // start of the program.
   void keepUnsaved();
 
  private:
   void noteUnsaved();
+  void tellNotKept(const QString& reason, bool noted);
   void refuse(char32_t character, qsizetype position);
   void tell(const QString& text);
 

@@ -33,7 +33,7 @@ QString FileName(const QString& path) {
   return path.mid(qMax(path.lastIndexOf('\\'), path.lastIndexOf('/')) + 1);
 }
 
-// Oldest last. The name tells the time; the file's own is that of its text.
+// Oldest last. The name tells the time; the file system's time is that of the text, not of the keeping.
 QStringList VersionsIn(const QString& folder) {
   return QDir(folder).entryList(QDir::Files, QDir::Name | QDir::Reversed);
 }
@@ -138,9 +138,7 @@ void KeptVersions::recover(const QString& journal) const {
 
 UnsavedJournal::UnsavedJournal(const KeptVersions& versions) : versions_(versions) {}
 
-UnsavedJournal::~UnsavedJournal() {
-  discard();
-}
+UnsavedJournal::~UnsavedJournal() = default;
 
 bool UnsavedJournal::begin() {
   if (lock_) return true;
@@ -153,13 +151,17 @@ bool UnsavedJournal::begin() {
   return lock_ != nullptr;
 }
 
-void UnsavedJournal::note(const QString& path, bool part, std::string_view bytes) {
-  if (begin()) versions_.files_.note(file_, JournalOf(path, part, bytes));
+bool UnsavedJournal::note(const QString& path, bool part, std::string_view bytes) {
+  return begin() && versions_.files_.note(file_, JournalOf(path, part, bytes)).isEmpty();
 }
 
 void UnsavedJournal::discard() {
   if (!lock_) return;
   QFile::remove(file_);
+  release();
+}
+
+void UnsavedJournal::release() {
   lock_.reset();
 }
 

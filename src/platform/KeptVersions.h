@@ -25,12 +25,13 @@ class KeptVersions {
 
   // Keeps the file as it lies on the disk now, whoever wrote it, when `replacement` is about to replace it by
   // something else. Gives the system's reason when it cannot be kept, else an empty text.
-  QString keepReplaced(const QString& path, std::string_view replacement) const;
-  // Keeps a text that is about to be lost. `part`: it is only a part of that file.
-  QString keepUnsaved(const QString& path, bool part, std::string_view bytes) const;
+  [[nodiscard]] QString keepReplaced(const QString& path, std::string_view replacement) const;
+  // Keeps a text that is about to be lost; gives the same as keepReplaced. `part`: it is only a part of that
+  // file.
+  [[nodiscard]] QString keepUnsaved(const QString& path, bool part, std::string_view bytes) const;
 
-  // To be held from before keepReplaced until the file is replaced: otherwise what another copy of the
-  // program saves in between would be lost. Waits for the other copy's save to end, a few seconds at most.
+  // Hold this from before keepReplaced until the file is replaced: otherwise what another copy of the program
+  // saves in between would be lost. May return without the lock after 3 seconds.
   std::unique_ptr<QLockFile> lock(const QString& path) const;
 
   // The folder (native path) that holds the versions of the file at the program's path.
@@ -59,10 +60,12 @@ class UnsavedJournal {
   UnsavedJournal(const UnsavedJournal&) = delete;
   UnsavedJournal& operator=(const UnsavedJournal&) = delete;
 
-  // Replaces what was noted before. Failures are ignored: there is nothing the user could do about them.
-  void note(const QString& path, bool part, std::string_view bytes);
+  // Replaces what was noted before. False when it is not on the disk; what was noted before then still is.
+  bool note(const QString& path, bool part, std::string_view bytes);
   // The text is saved or kept.
   void discard();
+  // Leaves what is noted to the next start of the program, as the end of the journal does.
+  void release();
 
  private:
   bool begin();

@@ -161,6 +161,20 @@ TEST_F(ManEditTest, UnsavedTextIsKeptWhenItIsClosedOrReplaced) {
   EXPECT_EQ(closed_, 1);
 }
 
+TEST_F(ManEditTest, UnsavedTextThatCannotBeKeptIsToldAndKeptAtTheNextStart) {
+  openFile(kFile);
+  type("x");
+  ASSERT_TRUE(QDir(folder_.path()).mkpath("versions"));
+  QFile inTheWay(versions_.folderOf(path_));
+  ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+  window_->close();
+  ASSERT_EQ(messages_.shown.size(), 1U);
+  EXPECT_TRUE(messages_.shown[0].text.contains(path_)) << messages_.shown[0].text.toStdString();
+  ASSERT_TRUE(inTheWay.remove());
+  const KeptVersions next(files_, folder_.filePath("versions"));
+  EXPECT_EQ(keptNames().filter("unsaved Weapon.ini").size(), 1);
+}
+
 TEST_F(ManEditTest, AWindowClosedDuringItsSetUpGoesAfterIt) {
   game_.write("Data/INI/Weapon.ini", kFile);
   target_ = {path_, 0, false};

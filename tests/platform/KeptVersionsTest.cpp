@@ -50,7 +50,7 @@ TEST_F(KeptVersionsTest, ASaveKeepsWhatLiesOnTheDiskWhoeverWroteIt) {
 
 TEST_F(KeptVersionsTest, TheNewestTenOfEachFileStay) {
   const QString other = path_ + 'x';
-  versions_.keepUnsaved(other, false, "other");
+  EXPECT_EQ(versions_.keepUnsaved(other, false, "other"), "");
   for (int i = 0; i < 13; ++i) {
     EXPECT_EQ(versions_.keepUnsaved(path_, false, std::to_string(i)), "");
   }
@@ -60,7 +60,7 @@ TEST_F(KeptVersionsTest, TheNewestTenOfEachFileStay) {
 }
 
 TEST_F(KeptVersionsTest, AnOldFileThatIsReplacedIsTheNewestVersion) {
-  for (int i = 0; i < 10; ++i) versions_.keepUnsaved(path_, false, std::to_string(i));
+  for (int i = 0; i < 10; ++i) EXPECT_EQ(versions_.keepUnsaved(path_, false, std::to_string(i)), "");
   game_.write("Data/INI/Weapon.ini", "old");
   std::filesystem::last_write_time(game_.native("Data/INI/Weapon.ini"), {});
   EXPECT_EQ(versions_.keepReplaced(path_, "new"), "");
@@ -89,12 +89,16 @@ TEST_F(KeptVersionsTest, AFolderThatCannotBeMadeIsReported) {
   EXPECT_NE(nowhere.keepReplaced(path_, "new"), "");
 }
 
-TEST_F(KeptVersionsTest, AJournalThatIsDiscardedLeavesNothing) {
-  UnsavedJournal journal(versions_);
-  journal.note(path_, false, "typed");
-  journal.discard();
-  const KeptVersions next(writer_, folder_.path());
-  EXPECT_TRUE(names().isEmpty());
+TEST_F(KeptVersionsTest, OnlyAJournalThatIsDiscardedLeavesNothing) {
+  for (const bool discarded : {true, false}) {
+    {
+      UnsavedJournal journal(versions_);
+      EXPECT_TRUE(journal.note(path_, false, "typed"));
+      if (discarded) journal.discard();
+    }
+    const KeptVersions next(writer_, folder_.path());
+    EXPECT_EQ(names().size(), discarded ? 0 : 1);
+  }
 }
 
 #ifndef _WIN32
@@ -134,7 +138,8 @@ TEST_F(KeptVersionsTest, ASecondCopyOfTheProgramLeavesAnOpenTextAlone) {
 
 TEST_F(KeptVersionsTest, TwoCopiesOfTheProgramLoseNothing) {
   const auto keepFive = [&](const char* prefix) {
-    for (int i = 0; i < 5; ++i) versions_.keepUnsaved(path_, false, prefix + std::to_string(i));
+    for (int i = 0; i < 5; ++i)
+      EXPECT_EQ(versions_.keepUnsaved(path_, false, prefix + std::to_string(i)), "");
   };
   const pid_t child = fork();
   keepFive(child == 0 ? "a" : "b");
@@ -150,7 +155,7 @@ TEST_F(KeptVersionsTest, TwoCopiesThatSaveAtOnceKeepEachOthersText) {
     for (int i = 0; i < 5; ++i) {
       const std::string text = prefix + std::to_string(i);
       const auto lock = versions_.lock(path_);
-      versions_.keepReplaced(path_, text);
+      EXPECT_EQ(versions_.keepReplaced(path_, text), "");
       writer_.replace(path_, text);
     }
   };
