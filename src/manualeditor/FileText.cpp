@@ -16,7 +16,7 @@ constexpr bool IsAscii(char c) {
   return static_cast<unsigned char>(c) < 0x80;
 }
 
-// These two have no way out in the middle, so that the compiler takes many bytes at a time.
+// These loops have no early exit, so that the compiler takes many bytes at a time.
 bool IsAllAscii(std::string_view text) {
   unsigned char bits = 0;
   for (const char c : text) bits |= static_cast<unsigned char>(c);

@@ -25,7 +25,7 @@ constexpr int kTextMargin = 4;  // pixels between the line numbers and the text
 constexpr int kLinesAround = 4;
 constexpr int kStrikeIndicator = 20;
 // Above this size edits are not announced to screen readers one by one: for each, the control counts every
-// character of the text before it. That there was an edit is told all the same.
+// character of the text before it. `edited()` is still emitted.
 constexpr std::size_t kAnnounced = 1 << 17;
 constexpr int kEdits = Sci::SC_MOD_INSERTTEXT | Sci::SC_MOD_DELETETEXT;
 constexpr int kEditsToCome = Sci::SC_MOD_BEFOREINSERT | Sci::SC_MOD_BEFOREDELETE;
@@ -84,7 +84,10 @@ IniTextEdit::IniTextEdit(QWidget* parent)
   text_->installEventFilter(this);
   text_->viewport()->installEventFilter(this);
   connect(text_, &QsciScintilla::cursorPositionChanged, this, &IniTextEdit::cursorMayHaveMoved);
-  connect(text_, &Sci::SCEN_CHANGE, this, &IniTextEdit::edited);
+  connect(text_, &Sci::SCEN_CHANGE, this, [this] {
+    if (font_.strikeOut()) strikeOut();
+    Q_EMIT edited();
+  });
   connect(text_, &Sci::SCN_STYLENEEDED, this, &IniTextEdit::colourTo);
 }
 
@@ -99,6 +102,8 @@ void IniTextEdit::prepare() {
   send(Sci::SCI_SETSCROLLWIDTH, 1);
   send(Sci::SCI_SETSCROLLWIDTHTRACKING, 1);
   send(Sci::SCI_SETPASTECONVERTENDINGS, 1);
+  send(Sci::SCI_INDICSETSTYLE, kStrikeIndicator, Sci::INDIC_STRIKE);
+  send(Sci::SCI_SETINDICATORCURRENT, kStrikeIndicator);
 }
 
 void IniTextEdit::fitNumberMargin() {
@@ -115,7 +120,6 @@ void IniTextEdit::setBytes(std::string_view bytes) {
   send(Sci::SCI_EMPTYUNDOBUFFER);
   setUnmodified();
   fitNumberMargin();
-  strikeOut();
   moveToStart();
 }
 
@@ -267,10 +271,9 @@ void IniTextEdit::applyColours() {
   text_->setIndicatorForegroundColor(ink, kStrikeIndicator);
 }
 
-// The control's styles know no strike-through, so an indicator draws it over all of the text.
+// The control's styles know no strike-through, so an indicator draws it over all of the text. After an edit
+// only the new text costs anything: the control passes over what is struck out already.
 void IniTextEdit::strikeOut() {
-  send(Sci::SCI_INDICSETSTYLE, kStrikeIndicator, Sci::INDIC_STRIKE);
-  send(Sci::SCI_SETINDICATORCURRENT, kStrikeIndicator);
   const auto fill = font_.strikeOut() ? Sci::SCI_INDICATORFILLRANGE : Sci::SCI_INDICATORCLEARRANGE;
   send(fill, 0, send(Sci::SCI_GETLENGTH));
 }

@@ -35,13 +35,14 @@ class IniTextEdit : public QWidget {
 
   int lineCount() const;
   int cursorLine() const;  // from 0
-  // The line of a position in the text, and the number of characters before it in that line; from 0.
+  // The line of a byte offset in the UTF-8 text, and the number of characters before it in that line; from 0.
   struct Place {
     int line;
     int column;
   };
   Place placeOf(qsizetype position) const;
   void moveToStart();
+  // At a byte offset in the UTF-8 text.
   void selectCharacterAt(qsizetype position);
   void selectAll();
 

@@ -4,7 +4,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <map>
 #include <memory>
 #include <optional>
 

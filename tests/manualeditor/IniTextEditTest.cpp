@@ -56,6 +56,28 @@ TEST(IniTextEdit, EveryEditIsToldHoweverLargeTheText) {
   }
 }
 
+TEST(IniTextEdit, ALineGoesThroughAllOfAStruckOutTextHoweverItCame) {
+  const auto picture = [](std::string_view loaded, bool struckOut, const auto& edit) {
+    IniTextEdit text;
+    QFont font = text.textFont();
+    font.setStrikeOut(struckOut);
+    text.setTextFont(font);
+    text.setBytes(loaded);
+    edit(text);
+    text.moveToStart();
+    return text.grab().toImage();
+  };
+  const auto nothing = [](IniTextEdit&) {};
+  const QImage expected = picture("aabb", true, nothing);
+  EXPECT_NE(expected, picture("aabb", false, nothing));
+  EXPECT_EQ(expected, picture("bb", true, [](IniTextEdit& text) { text.replaceSelection("aa"); }));
+  EXPECT_EQ(expected, picture("aaxx", true, [](IniTextEdit& text) { text.replaceAll("xx", "bb", true); }));
+  EXPECT_EQ(expected, picture("aac", true, [](IniTextEdit& text) {
+              text.selectCharacterAt(2);
+              text.replaceSelection("bb");
+            }));
+}
+
 TEST(IniTextEdit, TheSelectionCanHoldAnyByte) {
   IniTextEdit text;
   text.setBytes(std::string("a\0b", 3));
