@@ -2,6 +2,7 @@
 #include <QTreeView>
 
 #include <memory>
+#include <optional>
 
 #include "BarePass.h"
 #include "ProgramJobs.h"
@@ -56,14 +57,14 @@ Job ObjectTextJob(const RunningProgram& running) {
 }
 
 struct BuiltTree {
-  ObjectTreeModel model;
+  std::optional<ObjectTreeModel> model;
   QTreeView view;
 };
 
 void Build(BuiltTree& tree, const Services& services) {
   ObjectTreeBuilder builder(
       [&tree](const TreeEntry& entry) {
-        return tree.model.addNode(entry.key, entry.text, entry.parentKey, entry.tag);
+        return tree.model->addNode(entry.key, entry.text, entry.parentKey, entry.tag);
       },
       [&services] { services.yield.perLine(); });
   builder.BuildObjectTree(
@@ -74,14 +75,14 @@ void Build(BuiltTree& tree, const Services& services) {
 Job TreeJob(const RunningProgram& running) {
   const auto tree = std::make_shared<BuiltTree>();
   tree->view.setUniformRowHeights(true);
-  tree->view.setModel(&tree->model);
   return {.name = "tree build",
           .promise = {.ratio = 10, .growth = true},
           .run = [tree, &desk = running.desk] { Build(*tree, desk.services); },
           .bare = BareRead(running.folders.objectFiles()),
           .prepare =
               [tree] {
-                tree->model.clear();
+                tree->model.emplace();
+                tree->view.setModel(&*tree->model);
                 tree->view.show();
                 Settle();
               }};

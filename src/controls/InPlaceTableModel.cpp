@@ -3,11 +3,13 @@
 
 #include <utility>
 
+#include "platform/TextEncoding.h"
+
 namespace korvane {
 
 namespace {
 
-const QString kSeparator(40, QLatin1Char('-'));
+const QString kSeparator = FromBytes(kSeparatorCaption);
 
 }  // namespace
 

@@ -42,7 +42,7 @@ class InPlaceTableModel : public QAbstractTableModel {
   // The rows being collected, or else those that are seen.
   const std::vector<Row>& rows() const { return collecting_ ? next_ : shown_; }
   const Row& shownRow(int row) const { return shown_[static_cast<std::size_t>(row)]; }
-  // A row of 40 hyphens, which stands for a line.
+  // A row that stands for a line.
   bool isSeparator(int row) const;
   // A cell whose text the user can change.
   bool isEditable(const QModelIndex& cell) const;

@@ -19,26 +19,25 @@ inline constexpr std::string_view kLocomotorFile = "Locomotor.ini";
 inline constexpr std::string_view kCommandSetFile = "CommandSet.ini";
 inline constexpr std::string_view kCommandButtonFile = "CommandButton.ini";
 
+// The files of the objects, in the order in which they are read.
+inline constexpr std::array<std::string_view, 8> kObjectFiles = {
+    "FactionUnit.ini",  "FactionBuilding.ini", "FactionProp.ini", "CivilianBuilding.ini",
+    "CivilianUnit.ini", "CivilianProp.ini",    "NatureProp.ini",  "NatureUnit.ini"};
+
 struct DataFile {
   std::string_view name;
   std::string_view folder;
 };
 
-inline constexpr std::array<DataFile, 13> kDataFiles = {{
-    {"FactionBuilding.ini", kObjectFolder},
-    {"FactionUnit.ini", kObjectFolder},
-    {"FactionProp.ini", kObjectFolder},
-    {"CivilianBuilding.ini", kObjectFolder},
-    {"CivilianUnit.ini", kObjectFolder},
-    {"CivilianProp.ini", kObjectFolder},
-    {"NatureProp.ini", kObjectFolder},
-    {"NatureUnit.ini", kObjectFolder},
-    {kWeaponFile, kIniFolder},
-    {kArmorFile, kIniFolder},
-    {kLocomotorFile, kIniFolder},
-    {kCommandSetFile, kIniFolder},
-    {kCommandButtonFile, kIniFolder},
-}};
+inline constexpr auto kDataFiles = [] {
+  constexpr std::array kOthers = {kWeaponFile, kArmorFile, kLocomotorFile, kCommandSetFile,
+                                  kCommandButtonFile};
+  std::array<DataFile, kObjectFiles.size() + kOthers.size()> files{};
+  std::size_t at = 0;
+  for (const std::string_view name : kObjectFiles) files[at++] = {name, kObjectFolder};
+  for (const std::string_view name : kOthers) files[at++] = {name, kIniFolder};
+  return files;
+}();
 
 // The program's path of a file below "\Data\INI\" of the game folder.
 std::string IniPath(std::string_view gameFolder, std::string_view relative);

@@ -32,8 +32,7 @@ void ForEachLine(std::string_view bytes, Take&& take) {
   }
 }
 
-// The same for the lines that are whole in a piece of a file, and gives how many bytes at its end are not:
-// more of the file must follow those.
+// The same for the complete lines of a piece; returns how many bytes at its end belong to an incomplete line.
 template <typename Take>
 std::size_t ForEachWholeLine(std::string_view piece, Take&& take) {
   const std::size_t lastCr = piece.substr(0, piece.empty() ? 0 : piece.size() - 1).rfind('\r');

@@ -24,8 +24,6 @@ const ChoiceList& SharedChoices() {
   return list;
 }
 
-inline constexpr std::string_view kSeparatorCaption = "----------------------------------------";
-inline constexpr std::string_view kSeparatorValue = "--------------------";
 inline constexpr ParameterRow kSeparatorRow{kSeparatorCaption};
 
 inline constexpr auto kDamageTypes =

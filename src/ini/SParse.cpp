@@ -27,8 +27,8 @@ std::string Key(std::string_view name) {
   return key;
 }
 
-std::optional<std::string> SingleValue(std::string_view kind, std::string_view key, std::string_view text) {
-  std::string values = SParse::GetParameterValueNoINI(kind, key, text);
+std::optional<std::string> SingleValue(std::string_view key, std::string_view text) {
+  std::string values = SParse::GetParameterValueNoINI({}, key, text);
   if (values.empty()) return std::nullopt;
   values.resize(values.size() - kLineEnd.size());
   return values;
@@ -89,21 +89,21 @@ std::string SParse::GetParameterValueNoINI(std::string_view /*ObjectHeader*/, st
 }
 
 std::optional<std::string> SParse::GetWeaponValue(std::string_view key, std::string_view text) const {
-  auto value = SingleValue("Weapon", Key(key), text);
+  auto value = SingleValue(Key(key), text);
   if (value && yield_) yield_();
   return value;
 }
 
 std::optional<std::string> SParse::GetLocomotorValue(std::string_view key, std::string_view text) {
-  return SingleValue("Locomotor", Key(key), text);
+  return SingleValue(Key(key), text);
 }
 
 std::optional<std::string> SParse::GetCommandButtonValue(std::string_view key, std::string_view text) {
-  return SingleValue("CommandButton", Key(key), text);
+  return SingleValue(Key(key), text);
 }
 
 std::optional<std::string> SParse::GetCommandSetValue(int slot, std::string_view text) {
-  return SingleValue("CommandSet", std::to_string(slot), text);
+  return SingleValue(std::to_string(slot), text);
 }
 
 std::string SParse::RemVBCrLf(std::string_view Text) {

@@ -2,7 +2,7 @@
 #include "ini/TVItem.h"
 
 #include <algorithm>
-#include <array>
+#include <exception>
 
 #include "ini/DataFiles.h"
 #include "ini/IniText.h"
@@ -13,14 +13,10 @@ namespace {
 
 constexpr std::string_view kDefaultFile = "Object\\FactionUnit.ini";
 
-constexpr std::array<std::string_view, 8> kFileIndex = {
-    "FactionUnit.ini",  "FactionBuilding.ini", "FactionProp.ini", "CivilianBuilding.ini",
-    "CivilianUnit.ini", "CivilianProp.ini",    "NatureProp.ini",  "NatureUnit.ini"};
-
 std::optional<int> FileIndex(std::string_view name) {
-  const auto* found = std::find(kFileIndex.begin(), kFileIndex.end(), name);
-  if (found == kFileIndex.end()) return std::nullopt;
-  return static_cast<int>(found - kFileIndex.begin()) + 1;
+  const auto* found = std::find(kObjectFiles.begin(), kObjectFiles.end(), name);
+  if (found == kObjectFiles.end()) return std::nullopt;
+  return static_cast<int>(found - kObjectFiles.begin()) + 1;
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <span>
 #include <string>
-#include <utility>
 
 #include "ini/DataFiles.h"
 #include "ini/IniText.h"
@@ -29,7 +28,8 @@ void FillRows(std::span<const ParameterRow> rows, TableSink& table, LookUp&& loo
   }
 }
 
-// The first word of what stands between the first "=" of the line and the next, words being apart by spaces.
+// The first word of what stands between the first "=" of the line and the next; words are separated by
+// spaces.
 std::string_view DamageType(std::string_view line) {
   const std::size_t equals = line.find('=');
   if (equals == std::string_view::npos) return {};

@@ -8,6 +8,10 @@
 
 namespace korvane {
 
+// The caption and the value of a row that stands for a line.
+inline constexpr std::string_view kSeparatorCaption = "----------------------------------------";
+inline constexpr std::string_view kSeparatorValue = "--------------------";
+
 enum class EditKind { none = 0, typed = 1, choice = 2 };
 
 // The choices of one row, in their order. Shared: twelve rows that offer the same 1,600 names hold them once.

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
 #include <array>
+
+#include "ini/DataFiles.h"
 
 namespace korvane {
 
@@ -23,5 +26,8 @@ inline constexpr std::array<const char*, 17> kFileEntries = {"FactionUnit.ini",
                                                              "",
                                                              "CommandButton.ini",
                                                              "CommandSet.ini"};
+static_assert(std::ranges::all_of(kDataFiles, [](const DataFile& file) {
+  return std::ranges::count(kFileEntries, file.name) == 1;
+}));
 
 }  // namespace korvane

@@ -12,13 +12,14 @@
 #include "controls/InPlaceTable.h"
 #include "controls/MaskedField.h"
 #include "mainwindow/UnitFields.h"
+#include "platform/TextEncoding.h"
 
 namespace korvane {
 
 namespace {
 
 const QString kNothing = QStringLiteral("N/A");
-const QString kSeparator = QString(40, u'-');
+const QString kSeparator = FromBytes(kSeparatorCaption);
 constexpr int kNameWidth = 3440;  // twips
 constexpr int kValueWidth = 7440;
 constexpr int kFontSize = 11;    // points

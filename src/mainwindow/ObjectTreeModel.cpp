@@ -8,8 +8,6 @@ namespace korvane {
 
 namespace {
 
-constexpr std::string_view kObjectKeyPrefix = "Key";
-
 bool IsTop(const ObjectNode& node) {
   return node.parent == nullptr || node.parent->parent == nullptr;
 }
@@ -31,13 +29,6 @@ bool ObjectTreeModel::addNode(std::string_view key, std::string_view text, std::
   endInsertRows();
   if (!key.starts_with(kObjectKeyPrefix)) groups_[ToLowerAscii(key)] = parent->children.back().get();
   return true;
-}
-
-void ObjectTreeModel::clear() {
-  beginResetModel();
-  root_.children.clear();
-  groups_.clear();
-  endResetModel();
 }
 
 const ObjectNode* ObjectTreeModel::node(const QModelIndex& index) const {

@@ -22,6 +22,9 @@ struct ObjectNode {
   std::vector<std::unique_ptr<ObjectNode>> children;
 };
 
+// How the keys of object nodes begin; no node can be added below one of those.
+inline constexpr std::string_view kObjectKeyPrefix = "Key";
+
 // The catalogue of every unit, building and prop, as the tree shows it.
 class ObjectTreeModel : public QAbstractItemModel {
   Q_OBJECT
@@ -32,9 +35,6 @@ class ObjectTreeModel : public QAbstractItemModel {
   // Appends a node as the last child of the node with the parent key, at the top level when that is empty.
   // Keys of parents are matched without regard to letter case. False when there is no such parent.
   bool addNode(std::string_view key, std::string_view text, std::string_view parentKey, std::string_view tag);
-
-  // Removes all nodes.
-  void clear();
 
   // The node of an index; nothing for the invalid index.
   const ObjectNode* node(const QModelIndex& index) const;
@@ -54,7 +54,7 @@ class ObjectTreeModel : public QAbstractItemModel {
   QModelIndex indexOf(const ObjectNode& node) const;
 
   ObjectNode root_;
-  std::unordered_map<std::string, ObjectNode*> groups_;  // nodes without a parent or below a top-level one
+  std::unordered_map<std::string, ObjectNode*> groups_;  // by key in small letters: all but objects
 };
 
 // True for a node whose parent is a group, not an object file: it stands for an object that can be shown.

@@ -1,74 +1,65 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "startup/ObjectTreeBuilder.h"
 
+#include <algorithm>
 #include <array>
 
 #include "files/NativePath.h"
 #include "ini/DataFiles.h"
 #include "ini/IniText.h"
+#include "mainwindow/ObjectTreeModel.h"
 
 namespace korvane {
 
 namespace {
 
-// How the objects of a file are grouped below its category.
-enum class Grouping { faction, letter, none };
-
-struct ObjectFile {
-  std::string_view name;
-  std::string_view prefix;  // of its group keys
-  Grouping grouping;
-  std::string_view tag;  // of its object nodes
-};
-
-// In the order of reading, which is also the order of the reader's file indices.
-constexpr std::array<ObjectFile, 8> kObjectFiles = {{
-    {"FactionUnit.ini", "FU", Grouping::faction, "FactionUnit.ini"},
-    {"FactionBuilding.ini", "FB", Grouping::faction, "FactionBuilding.ini"},
-    {"FactionProp.ini", "", Grouping::none, ""},
-    {"CivilianBuilding.ini", "CB", Grouping::letter, "CivilianBuilding.ini"},
-    {"CivilianUnit.ini", "CU", Grouping::letter, "CivilianUnit.ini"},
-    {"CivilianProp.ini", "CP", Grouping::letter, "CivilianProp.ini"},
-    {"NatureProp.ini", "NP", Grouping::letter, "NatureProp.ini"},
-    {"NatureUnit.ini", "", Grouping::none, "NatureUnit.ini"},
-}};
-
-constexpr std::array kFactions = {"America", "China", "GLA", "CINE"};
-constexpr std::string_view kOther = "Other";
 constexpr std::string_view kObjectHeader = "Object";
+
+// How the objects of a file are grouped below its category.
+enum class Grouping { none, faction, letter };
 
 struct Category {
   std::string_view text;
-  std::string_view key;
-  std::string_view tag;     // of the category and its groups
-  std::string_view prefix;  // of letter groups
+  std::string_view key{};        // the name of the object file
+  std::string_view tag{};        // of the category and its groups
+  std::string_view objectTag{};  // of its object nodes
+  Grouping grouping = Grouping::none;
+  std::string_view prefix{};  // of its group keys
 };
-
-constexpr Category kSeparator1{"", "Sep1", "", ""};
-constexpr Category kSeparator2{"", "Sep2", "", ""};
 
 // Top-level nodes; the groups of each follow it.
 constexpr std::array kCategories = {
-    Category{"Player Buildings", "FactionBuilding.ini", "FactionBuilding.ini", "FB"},
-    Category{"Player Units", "FactionUnit.ini", "FactionUnit.ini", "FU"},
-    Category{"Player Props", "FactionProp.ini", "FactionProp.ini", ""},
-    kSeparator1,
-    Category{"Civilian Buildings", "CivilianBuilding.ini", "", "CB"},
-    Category{"Civilian Units", "CivilianUnit.ini", "", "CU"},
-    Category{"Civilian Props", "CivilianProp.ini", "", "CP"},
-    kSeparator2,
-    Category{"Nature Props", "NatureProp.ini", "", "NP"},
-    Category{"Nature Units", "NatureUnit.ini", "", ""},
+    Category{"Player Buildings", "FactionBuilding.ini", "FactionBuilding.ini", "FactionBuilding.ini",
+             Grouping::faction, "FB"},
+    Category{"Player Units", "FactionUnit.ini", "FactionUnit.ini", "FactionUnit.ini", Grouping::faction,
+             "FU"},
+    Category{"Player Props", "FactionProp.ini", "FactionProp.ini"},
+    Category{"", "Sep1"},
+    Category{"Civilian Buildings", "CivilianBuilding.ini", "", "CivilianBuilding.ini", Grouping::letter,
+             "CB"},
+    Category{"Civilian Units", "CivilianUnit.ini", "", "CivilianUnit.ini", Grouping::letter, "CU"},
+    Category{"Civilian Props", "CivilianProp.ini", "", "CivilianProp.ini", Grouping::letter, "CP"},
+    Category{"", "Sep2"},
+    Category{"Nature Props", "NatureProp.ini", "", "NatureProp.ini", Grouping::letter, "NP"},
+    Category{"Nature Units", "NatureUnit.ini", "", "NatureUnit.ini"},
 };
+
+constexpr auto CategoryOf(std::string_view file) {
+  return std::ranges::find(kCategories, file, &Category::key);
+}
+static_assert(std::ranges::all_of(kObjectFiles, [](std::string_view file) {
+  return CategoryOf(file) != kCategories.end();
+}));
 
 struct Group {
   std::string_view text;
-  std::string_view keyEnd;
+  std::string_view key;  // behind the category's prefix
 };
 
-constexpr std::array kFactionGroups = {Group{"America", "America"}, Group{"China", "China"},
-                                       Group{"GLA", "GLA"}, Group{"Cinematic", "CINE"},
-                                       Group{"Other", kOther}};
+// The names of a faction's objects begin with its key.
+constexpr std::array kFactions = {Group{"America", "America"}, Group{"China", "China"}, Group{"GLA", "GLA"},
+                                  Group{"Cinematic", "CINE"}};
+constexpr Group kOther{"Other", "Other"};
 constexpr Group kDigits{"0 - 9", "09"};
 
 constexpr bool IsDigit(char c) {
@@ -82,15 +73,42 @@ std::string Joined(std::string_view a, std::string_view b) {
 }
 
 std::string_view FactionOf(std::string_view name) {
-  for (const std::string_view faction : kFactions) {
-    if (TVItem::CheckText(name, faction)) return faction;
+  for (const Group& faction : kFactions) {
+    if (TVItem::CheckText(name, faction.key)) return faction.key;
   }
-  return kOther;
+  return kOther.key;
 }
 
 std::string LetterGroup(std::string_view prefix, std::string_view name) {
   if (name.empty()) return "no group";
-  return Joined(prefix, IsDigit(name[0]) ? kDigits.keyEnd : name.substr(0, 1));
+  return Joined(prefix, IsDigit(name[0]) ? kDigits.key : name.substr(0, 1));
+}
+
+std::string ParentKey(const Category& category, std::string_view name) {
+  switch (category.grouping) {
+    case Grouping::faction:
+      return Joined(category.prefix, FactionOf(name));
+    case Grouping::letter:
+      return LetterGroup(category.prefix, name);
+    case Grouping::none:
+      break;
+  }
+  return std::string(category.key);
+}
+
+template <typename Take>
+void ForEachFaction(Take&& take) {
+  for (const Group& faction : kFactions) take(faction);
+  take(kOther);
+}
+
+template <typename Take>
+void ForEachLetter(Take&& take) {
+  take(kDigits);
+  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+    const std::string_view text(&letter, 1);
+    take(Group{text, text});
+  }
 }
 
 }  // namespace
@@ -112,10 +130,10 @@ void ObjectTreeBuilder::BuildObjectTree(std::string_view gameFolder, const Progr
   TVItem1_.GamePath = gameFolder;
   addSkeleton();
   double percent = kStep;
-  for (const ObjectFile& file : kObjectFiles) {
-    if (!FileExists(ObjectFilePath(gameFolder, file.name))) continue;
+  for (const std::string_view file : kObjectFiles) {
+    if (!FileExists(ObjectFilePath(gameFolder, file))) continue;
     yieldNow();
-    TVItem1_.AddTVItem(file.name);
+    TVItem1_.AddTVItem(file);
     progress(percent);
     percent += kStep;
     yieldNow();
@@ -125,24 +143,11 @@ void ObjectTreeBuilder::BuildObjectTree(std::string_view gameFolder, const Progr
 void ObjectTreeBuilder::addSkeleton() {
   for (const Category& category : kCategories) {
     add_({category.key, category.text, {}, category.tag});
-    addGroups(category.key, category.prefix);
-  }
-}
-
-void ObjectTreeBuilder::addGroups(std::string_view category, std::string_view prefix) {
-  if (prefix.empty()) return;
-  const auto addGroup = [&](const Group& group, std::string_view tag) {
-    const std::string key = Joined(prefix, group.keyEnd);
-    add_({key, group.text, category, tag});
-  };
-  if (prefix.starts_with('F')) {
-    for (const Group& group : kFactionGroups) addGroup(group, category);
-    return;
-  }
-  addGroup(kDigits, {});
-  for (char letter = 'A'; letter <= 'Z'; ++letter) {
-    const std::string_view text(&letter, 1);
-    addGroup({text, text}, {});
+    const auto addGroup = [&](const Group& group) {
+      add_({Joined(category.prefix, group.key), group.text, category.key, category.tag});
+    };
+    if (category.grouping == Grouping::faction) ForEachFaction(addGroup);
+    if (category.grouping == Grouping::letter) ForEachLetter(addGroup);
   }
 }
 
@@ -150,23 +155,13 @@ void ObjectTreeBuilder::takeLine(std::string_view line) {
   if (!TVItem::CheckText(line, kObjectHeader) || fileIndex_ == 0) return;
   const auto name = HeaderName(line);
   if (!name) return;
-  const ObjectFile& file = kObjectFiles[static_cast<std::size_t>(fileIndex_) - 1];
-  switch (file.grouping) {
-    case Grouping::faction:
-      place(*name, Joined(file.prefix, FactionOf(*name)), file.tag);
-      break;
-    case Grouping::letter:
-      place(*name, LetterGroup(file.prefix, *name), file.tag);
-      break;
-    case Grouping::none:
-      place(*name, file.name, file.tag);
-      break;
-  }
+  const Category& category = *CategoryOf(kObjectFiles[static_cast<std::size_t>(fileIndex_) - 1]);
+  place(*name, ParentKey(category, *name), category.objectTag);
 }
 
 void ObjectTreeBuilder::place(std::string_view name, std::string_view parentKey, std::string_view tag) {
   ++NodeCounter_;
-  const std::string key = "Key" + std::to_string(NodeCounter_);
+  const std::string key = Joined(kObjectKeyPrefix, std::to_string(NodeCounter_));
   add_({key, name, parentKey, tag});
 }
 

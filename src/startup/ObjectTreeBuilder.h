@@ -36,7 +36,6 @@ class ObjectTreeBuilder {
 
  private:
   void addSkeleton();
-  void addGroups(std::string_view category, std::string_view prefix);
   void takeLine(std::string_view line);
   void place(std::string_view name, std::string_view parentKey, std::string_view tag);
 

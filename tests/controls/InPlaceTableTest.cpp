@@ -5,15 +5,11 @@
 #include <QLineEdit>
 #include <QTest>
 
-#include <algorithm>
-
 #include "controls/InPlaceTable.h"
 #include "controls/MenuButton.h"
 
 namespace korvane {
 namespace {
-
-const std::string kSeparator(40, '-');
 
 // Rows: a typed value, a separator, choices with a value, no value, choices without one.
 class InPlaceTableTest : public testing::Test {
@@ -35,8 +31,8 @@ class InPlaceTableTest : public testing::Test {
     table.ClearRows();
     table.AddCell("Damage", 0);
     table.AddCell("40.0", 1, EditKind::typed);
-    table.AddCell(kSeparator, 0);
-    table.AddCell(std::string(20, '-'), 1);
+    table.AddCell(kSeparatorCaption, 0);
+    table.AddCell(kSeparatorValue, 1);
     table.AddCell("Death", 0);
     table.AddCell("BURNED", 1, EditKind::choice);
     table.AddChoices(choices);
@@ -169,7 +165,7 @@ int RedPixels(InPlaceTable& table, int row) {
 
 TEST_F(InPlaceTableTest, EveryCaptionIsRedEvenThatOfASeparator) {
   for (const int row : {0, 1, 4}) EXPECT_GT(RedPixels(table, row), 0) << row;
-  EXPECT_EQ(table.row(1).caption.toStdString(), kSeparator);
+  EXPECT_EQ(table.row(1).caption.toStdString(), kSeparatorCaption);
 }
 
 TEST_F(InPlaceTableTest, TheMenuIsAskedForWithTheRightButtonAndTheMenuKey) {

@@ -18,6 +18,7 @@
 #include "controls/InPlaceTable.h"
 #include "controls/ManualEditTarget.h"
 #include "mainwindow/FrmEdit.h"
+#include "platform/TextEncoding.h"
 #include "support/TestDesk.h"
 
 namespace korvane {
@@ -91,7 +92,7 @@ class MainWindow : public testing::Test, protected TestDesk {
     const auto& list = get<InPlaceTable>("LstInfo");
     for (int i = 0; i < list.rowCount(); ++i) {
       const auto& row = list.row(i);
-      rows += row.caption == QString(40, u'-') ? "-" : row.caption + '|' + row.value;
+      rows += row.caption == FromBytes(kSeparatorCaption) ? "-" : row.caption + '|' + row.value;
     }
     return rows;
   }

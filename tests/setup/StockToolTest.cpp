@@ -38,7 +38,7 @@ class StockTool : public testing::Test {
 TEST_F(StockTool, MakesADatabaseFromTheGamesArchives) {
   StockRecords files = Catalogue();
   files[0].second = "loose";
-  folder.write("game/data/ini/object/factionbuilding.ini", "loose");
+  folder.write("game/data/ini/object/factionunit.ini", "loose");
   StockRecords packed = Catalogue();
   packed.emplace_back("Data\\INI\\Extra.ini", "");
   folder.write("game/INI.big", ArchiveBytes(packed));
