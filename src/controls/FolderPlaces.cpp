@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/FolderPlaces.h"
 
-#include <QCoreApplication>
 #include <QDir>
 
 #include "controls/Icons.h"
 #include "files/NativePath.h"
+#include "platform/NativeText.h"
 
 namespace korvane {
 
@@ -32,13 +32,13 @@ QList<FolderPlace> StandardPlaces() {
 
 QList<FolderPlace> StandardPlaces() {
   const QString home = QDir::homePath();
-  QList<FolderPlace> places = {{"/", "\\", "/", ThemeIcon("drive")},
-                               {QCoreApplication::translate("FolderPlaces", "Home (%1)").arg(home),
-                                WithBackslashes(home), home, ThemeIcon("home")}};
+  QList<FolderPlace> places = {
+      {"/", "\\", "/", ThemeIcon("drive")},
+      {QString("Home (%1)").arg(home), WithBackslashes(home), home, ThemeIcon("home")}};
   const std::string driveC = "C:\\";
   if (FolderExists(driveC)) {
-    places += {QString::fromStdString(driveC), QString::fromStdString(driveC),
-               QString::fromStdU16String(NativePath(driveC).u16string()), ThemeIcon("drive")};
+    places += {QString::fromStdString(driveC), QString::fromStdString(driveC), NativeText(driveC),
+               ThemeIcon("drive")};
   }
   return places;
 }

@@ -11,7 +11,7 @@ namespace korvane {
 struct FolderPlace {
   QString label;
   QString path;    // the program's path text
-  QString native;  // the same folder on this machine, with slashes
+  QString native;  // the same folder on this machine, with slashes; opens only if it is UTF-8
   QIcon icon;
 };
 

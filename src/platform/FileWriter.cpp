@@ -9,11 +9,14 @@
 #include <filesystem>
 #include <system_error>
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include <io.h>
+#else
 #include <unistd.h>
 #endif
 
 #include "files/NativePath.h"
+#include "platform/NativeText.h"
 
 namespace korvane {
 
@@ -23,19 +26,18 @@ namespace {
 
 constexpr int kMostLinks = 40;  // links that lead further than this lead in a circle
 
-QString TextOf(const fs::path& path) {
 #ifdef _WIN32
-  return QString::fromStdU16String(path.u16string());
+constexpr QIODevice::OpenMode kToSync = QIODevice::ReadWrite | QIODevice::ExistingOnly;  // else it is refused
 #else
-  return QFile::decodeName(path.c_str());  // takes names of any bytes
+constexpr QIODevice::OpenMode kToSync = QIODevice::ReadOnly;
 #endif
-}
 
 QString ReasonOf(const std::error_code& error) {
   return error ? QString::fromLocal8Bit(error.message().c_str()) : QString();
 }
 
-// The file that a path means in the end. The last link of a chain may lead to a file that is yet to be made.
+// The file a path leads to after following symbolic links. The last link of a chain may lead to a file that
+// is yet to be made.
 fs::path BehindLinks(fs::path path) {
   std::error_code error;
   for (int i = 0; i < kMostLinks && fs::is_symlink(path, error); ++i) {
@@ -54,47 +56,42 @@ fs::path Beside(const fs::path& target) {
   return name += ('.' + QUuid::createUuid().toString(QUuid::Id128)).toStdString();
 }
 
-bool ReachesTheDisk([[maybe_unused]] const QFileDevice& file) {
+// Waits until the file's bytes are on the disk. Gives the reason when they do not get there.
+QString Sync(const QFileDevice& file) {
 #ifdef _WIN32
-  return true;  // the toolkit flushes to the disk when it commits
+  const bool done = ::_commit(file.handle()) == 0;
 #else
   // Some file systems cannot be asked; a disk that is full or broken can.
-  return ::fdatasync(file.handle()) == 0 || errno == EINVAL || errno == ENOSYS;
+  const bool done = ::fdatasync(file.handle()) == 0 || errno == EINVAL || errno == ENOSYS;
 #endif
+  return done ? QString() : ReasonOf({errno, std::generic_category()});
 }
 
-// A full disk shows only in the number of bytes taken, in the flush or in the sync: closing a truncated file
-// can report success.
 bool WriteAll(QFileDevice& file, std::string_view bytes) {
   const auto size = static_cast<qint64>(bytes.size());
   return file.write(bytes.data(), size) == size && file.flush();
 }
 
+// A full disk shows only in the number of bytes taken, in the flush or in the sync: closing a truncated file
+// can report success. Gives the reason of a failure.
+QString PutOnDisk(QFileDevice& file, std::string_view bytes) {
+  return WriteAll(file, bytes) ? Sync(file) : file.errorString();
+}
+
 QString Replace(const fs::path& target, std::string_view bytes) {
-  QSaveFile file(TextOf(target));
+  QSaveFile file(TextOfNative(target));
   if (!file.open(QIODevice::WriteOnly)) return file.errorString();
-  if (!WriteAll(file, bytes)) {
-    const QString reason = file.errorString();
-    file.cancelWriting();
-    file.commit();
-    return reason;
-  }
-  if (!ReachesTheDisk(file)) {
-    const std::error_code error(errno, std::generic_category());
-    file.cancelWriting();
-    file.commit();
-    return ReasonOf(error);
-  }
+  const QString reason = PutOnDisk(file, bytes);
+  if (!reason.isEmpty()) return reason;  // without the commit nothing is left of the new file
   return file.commit() ? QString() : file.errorString();
 }
 
 // For file systems without hard links. Ended by force in the middle, it leaves a part of the file.
 QString CreateInPlace(const fs::path& target, std::string_view bytes) {
-  QFile file(TextOf(target));
+  QFile file(TextOfNative(target));
   if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) return file.errorString();
-  if (WriteAll(file, bytes) && ReachesTheDisk(file)) return {};
-  const QString reason = file.errorString();
-  file.remove();
+  const QString reason = PutOnDisk(file, bytes);
+  if (!reason.isEmpty()) file.remove();
   return reason;
 }
 
@@ -129,9 +126,9 @@ QString FileWriter::keepAs(const QString& path, const QString& name) const {
   std::error_code error;
   if (fs::hard_link_count(target, error) != 1)
     return ReasonOf(std::make_error_code(std::errc::too_many_links));
-  QFile file(TextOf(target));
-  if (!file.open(QIODevice::ReadOnly)) return file.errorString();
-  if (!ReachesTheDisk(file)) return ReasonOf({errno, std::generic_category()});
+  QFile file(TextOfNative(target));
+  if (!file.open(kToSync)) return file.errorString();
+  if (const QString reason = Sync(file); !reason.isEmpty()) return reason;
   fs::create_hard_link(target, NativePath(name.toStdString()), error);
   return ReasonOf(error);
 }
@@ -139,7 +136,7 @@ QString FileWriter::keepAs(const QString& path, const QString& name) const {
 QString FileWriter::note(const QString& path, std::string_view bytes) const {
   const fs::path target = TargetOf(path);
   const fs::path beside = fs::path(target) += ".new";
-  QFile file(TextOf(beside));
+  QFile file(TextOfNative(beside));
   if (!file.open(QIODevice::WriteOnly) || !WriteAll(file, bytes)) return file.errorString();
   file.close();
   std::error_code error;

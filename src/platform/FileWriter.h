@@ -14,20 +14,20 @@ class FileWriter {
  public:
   // Replaces the file whole, or creates it; the bytes are on the disk before the old file goes. A symbolic
   // link stays a link to the file, permissions stay as they are, another hard link keeps the old file.
-  QString replace(const QString& path, std::string_view bytes) const;
+  [[nodiscard]] QString replace(const QString& path, std::string_view bytes) const;
 
   // Writes a new file whole. Whatever has that name already is never touched, not even when it appears
   // meanwhile.
-  QString create(const QString& path, std::string_view bytes) const;
+  [[nodiscard]] QString create(const QString& path, std::string_view bytes) const;
 
-  // Gives the file, as it lies on the disk, a second name (native path) that it keeps when it is replaced:
+  // Makes a hard link at `name` (native path), so that the old contents stay there when the file is replaced:
   // the cheapest copy there is. Not for a file that has several names already, as it can change under each of
   // them, and not from one disk to another.
-  QString keepAs(const QString& path, const QString& name) const;
+  [[nodiscard]] QString keepAs(const QString& path, const QString& name) const;
 
-  // Replaces a file whole as the system gets round to it: what is written survives the end of the program,
-  // not that of the machine. For what is written often and needed seldom.
-  QString note(const QString& path, std::string_view bytes) const;
+  // Replaces a file whole without forcing it to disk: it survives a crash of the program, but perhaps not a
+  // power cut. For what is written often and needed seldom.
+  [[nodiscard]] QString note(const QString& path, std::string_view bytes) const;
 };
 
 }  // namespace korvane

@@ -6,8 +6,8 @@
 #include <QStandardPaths>
 #include <QUrl>
 
-#include "files/NativePath.h"
 #include "platform/HelpViewer.h"
+#include "platform/NativeText.h"
 
 namespace korvane {
 
@@ -17,8 +17,8 @@ bool IsWebAddress(const QString& text) {
   return text.startsWith("http://", Qt::CaseInsensitive) || text.startsWith("https://", Qt::CaseInsensitive);
 }
 
-QString NativeText(const QString& path) {
-  return IsWebAddress(path) ? path : QString::fromStdU16String(NativePath(path.toStdString()).u16string());
+QString Native(const QString& path) {
+  return IsWebAddress(path) ? path : NativeText(path.toStdString());
 }
 
 #ifdef Q_OS_WIN
@@ -54,7 +54,7 @@ void PlatformShell::RunFile(const QString& filename, const QString& dir) {
     help_.showContents();
     return;
   }
-  OpenWithDesktop(NativeText(filename), NativeText(dir));
+  OpenWithDesktop(Native(filename), Native(dir));
 }
 
 }  // namespace korvane

@@ -4,7 +4,7 @@
 #include <QProcess>
 #include <QStandardPaths>
 
-#include "files/NativePath.h"
+#include "platform/NativeText.h"
 
 namespace korvane {
 
@@ -14,10 +14,7 @@ bool SystemPrograms::installed(const QString& name) const {
 
 bool SystemPrograms::start(const QString& program, const QStringList& arguments) {
   const bool isPath = program.contains('\\') || program.contains('/');
-  const auto native = [&] {
-    return QString::fromStdU16String(NativePath(program.toStdString()).u16string());
-  };
-  return QProcess::startDetached(isPath ? native() : program, arguments);
+  return QProcess::startDetached(isPath ? NativeText(program.toStdString()) : program, arguments);
 }
 
 }  // namespace korvane

@@ -47,7 +47,7 @@ void WriteTextFile(const FileWriter& writer, const QString& path, std::string_vi
   for (qsizetype end = path.indexOf('\\'); end >= 0; end = path.indexOf('\\', end + 1)) {
     std::filesystem::create_directory(NativePath(path.first(end + 1).toStdString()), ignored);
   }
-  writer.create(path, text);
+  static_cast<void>(writer.create(path, text));
 }
 
 }  // namespace korvane

@@ -19,6 +19,7 @@
 #include "mainwindow/FrmEdit.h"
 #include "platform/EventYield.h"
 #include "platform/MessageBoxes.h"
+#include "platform/NativeText.h"
 #include "platform/ProcessEnd.h"
 #include "platform/SupportAddress.h"
 #include "platform/Version.h"
@@ -146,7 +147,7 @@ void frmSplash::IdentifyFixProblems() {
 bool frmSplash::manifestRemoved() {
   const QString manifest = services_.folders.program + "\\Korvane.exe.manifest";
   if (!Exists(manifest)) return false;
-  QFile::remove(QString::fromStdU16String(NativePath(manifest.toStdString()).u16string()));
+  QFile::remove(NativeText(manifest.toStdString()));
   services_.messages.show(
       {.text = manifest + " has been detected," + kCrLf + "This file will be deleted, Click OK and Run " +
                ApplicationTitle() + " again."},

@@ -117,7 +117,7 @@ TEST_F(FileWriterTest, AFullDiskLeavesTheOldFileAndSaysSo) {
 // A process that saves one text after the other until it is killed.
 pid_t StartSaving(const FileWriter& writer, const QString& path, const std::string (&texts)[2]) {
   const pid_t child = fork();
-  for (int i = 0; child == 0; ++i) writer.replace(path, texts[i % 2]);
+  for (int i = 0; child == 0; ++i) static_cast<void>(writer.replace(path, texts[i % 2]));
   return child;
 }
 

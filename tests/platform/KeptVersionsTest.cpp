@@ -156,7 +156,7 @@ TEST_F(KeptVersionsTest, TwoCopiesThatSaveAtOnceKeepEachOthersText) {
       const std::string text = prefix + std::to_string(i);
       const auto lock = versions_.lock(path_);
       EXPECT_EQ(versions_.keepReplaced(path_, text), "");
-      writer_.replace(path_, text);
+      EXPECT_EQ(writer_.replace(path_, text), "");
     }
   };
   const pid_t child = fork();
