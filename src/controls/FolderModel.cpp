@@ -106,7 +106,7 @@ void FolderModel::readOn() {
   while (!scans_.empty() && !slice.hasExpired());
   if (!scans_.empty()) return;
   timer_.stop();
-  emit settled();
+  Q_EMIT settled();
 }
 
 // One entry of the folder that was asked for last.
@@ -141,7 +141,7 @@ void FolderModel::finish(Scan scan) {
   folder.state = Folder::State::read;
   folder.holdsGame = scan.holdsGame;
   if (!scan.names.isEmpty()) insert(scan.folder, std::move(scan.names));
-  emit dataChanged(scan.folder, scan.folder);
+  Q_EMIT dataChanged(scan.folder, scan.folder);
 }
 
 void FolderModel::insert(const QModelIndex& index, QStringList names) {
@@ -187,7 +187,7 @@ QVariant FolderModel::data(const QModelIndex& index, int role) const {
     case Qt::DecorationRole:
       return icon(folder);
     case Qt::AccessibleDescriptionRole:
-      return folder.holdsGame ? tr("The game is in this folder") : QString();
+      return folder.holdsGame ? QString("The game is in this folder") : QString();
     case Qt::FontRole:
       return folder.holdsGame ? Bold() : QVariant();
     case GameRole:

@@ -25,7 +25,7 @@ class FolderModel : public QAbstractItemModel {
     GameRole                  // true when the game's program lies in the folder, as far as it has been read
   };
 
-  // `slice`: how long it reads before it lets events run; one entry at the least.
+  // `slice`: how long it reads before it lets events run; at least one entry per turn.
   explicit FolderModel(QList<FolderPlace> places, QObject* parent = nullptr,
                        std::chrono::milliseconds slice = std::chrono::milliseconds(5));
   ~FolderModel() override;
@@ -42,7 +42,7 @@ class FolderModel : public QAbstractItemModel {
   bool hasChildren(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
 
- signals:
+ Q_SIGNALS:
   // Everything that was looked at has been read.
   void settled();
 
@@ -66,7 +66,7 @@ class FolderModel : public QAbstractItemModel {
   QIcon gameFolderIcon_;
   std::unique_ptr<Folder> root_;
   std::vector<Scan> scans_;  // the last one is read first: it is what the user sees now
-  QTimer timer_;
+  QTimer timer_{this};
 };
 
 }  // namespace korvane

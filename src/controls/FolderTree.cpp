@@ -23,7 +23,7 @@ bool IsBelow(QModelIndex index, const QModelIndex& ancestor) {
 
 FolderTree::FolderTree(const QList<FolderPlace>& places, QWidget* parent)
     : QTreeView(parent), model_(new FolderModel(places, this)) {
-  setAccessibleName(tr("Folders"));
+  setAccessibleName("Folders");
   setHeaderHidden(true);
   setUniformRowHeights(true);
   setIconSize(fontMetrics().height() * QSize(1, 1));
@@ -56,7 +56,7 @@ int FolderTree::sizeHintForColumn(int column) const {
   return widest_;
 }
 
-// The bar of the selected row reaches across the tree.
+// The highlight spans the whole width.
 void FolderTree::resizeEvent(QResizeEvent* event) {
   header()->setMinimumSectionSize(viewport()->width());
   QTreeView::resizeEvent(event);
@@ -65,7 +65,7 @@ void FolderTree::resizeEvent(QResizeEvent* event) {
 void FolderTree::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
   QTreeView::selectionChanged(selected, deselected);
   const QModelIndexList indexes = selected.indexes();
-  if (!indexes.isEmpty()) emit folderSelected(indexes.first().data(FolderModel::PathRole).toString());
+  if (!indexes.isEmpty()) Q_EMIT folderSelected(indexes.first().data(FolderModel::PathRole).toString());
 }
 
 QItemSelectionModel::SelectionFlags FolderTree::selectionCommand(const QModelIndex& index,

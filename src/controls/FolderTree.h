@@ -16,7 +16,7 @@ class FolderTree : public QTreeView {
  public:
   explicit FolderTree(const QList<FolderPlace>& places, QWidget* parent = nullptr);
 
- signals:
+ Q_SIGNALS:
   // Another folder is selected now; the full path in the program's path text.
   void folderSelected(const QString& path);
 

@@ -13,8 +13,8 @@ class EventYield {
   explicit EventYield(std::chrono::milliseconds slice = std::chrono::milliseconds(8));
   virtual ~EventYield() = default;
 
-  // Made for every line that is read: next to free, and really enters the event loop only when a time slice
-  // has passed since it was last entered.
+  // Call it for every line read. It costs almost nothing and enters the event loop only when a time slice has
+  // passed since it was last entered.
   void perLine() {
     if (--linesUntilLook_ <= 0) lookAtClock();
   }

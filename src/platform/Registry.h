@@ -21,7 +21,8 @@ class Registry {
   virtual ~Registry() = default;
 
   // The value `name` of the key below the root. Nothing when the key cannot be opened for all access, when it
-  // has no such value, or when the value is longer than 1024 characters or of another kind.
+  // has no such value, or when the value is longer than 1024 characters or of another kind. All access is
+  // asked for so that a key which the user may not change counts as absent.
   virtual std::optional<RegistryValue> read(Root root, const QString& key, const QString& name) const = 0;
 };
 

@@ -6,7 +6,7 @@
 namespace korvane {
 
 // Counts the calls of one window that are still running, since a call that lets events run can see its own
-// window closed. Such a window is hidden at once and goes only after its last call has returned.
+// window closed. Such a window is hidden at once and is destroyed only after its last call has returned.
 class WindowCalls {
  public:
   // One running call.

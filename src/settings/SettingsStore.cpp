@@ -117,6 +117,10 @@ void SettingsStore::saveGameFolder(const QString& folder) {
   save(kPaths, kGameFolder, folder);
 }
 
+void SettingsStore::forgetGameFolder() {
+  deleteSection(kPaths);
+}
+
 std::optional<bool> FlagOf(const QString& text) {
   if (text.compare("True", Qt::CaseInsensitive) == 0) return true;
   if (text.compare("False", Qt::CaseInsensitive) == 0) return false;

@@ -44,6 +44,7 @@ class SettingsStore {
   QString gameFolder() const;
   bool gameFolderStored() const;
   void saveGameFolder(const QString& folder);
+  void forgetGameFolder();
 
  private:
   std::unique_ptr<QSettings> app_;

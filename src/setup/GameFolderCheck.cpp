@@ -10,7 +10,7 @@ namespace korvane {
 
 namespace {
 
-constexpr int kRestPerLook = 50;  // times as long as the look itself took
+constexpr int kRestPerLook = 50;  // pause after a look, as a multiple of its duration
 
 }  // namespace
 

@@ -78,8 +78,8 @@ void WizardSteps::fillFolderStep(QVBoxLayout& layout) {
   PicBrouse->setObjectName("PicBrouse");
   PicBrouse->setMinimumHeight(kFolderLines * fontMetrics().height());
   layout.addWidget(PicBrouse, 1);
-  layout.addWidget(MakeLabel("Label2", tr("On most computers, This folder is usually located at:")));
-  layout.addWidget(MakeLabel("Label3", tr(" C:\\Program Files\\EA Games\\Command and Conquer Generals")));
+  layout.addWidget(MakeLabel("Label2", "On most computers, This folder is usually located at:"));
+  layout.addWidget(MakeLabel("Label3", " C:\\Program Files\\EA Games\\Command and Conquer Generals"));
 }
 
 void WizardSteps::fillRestoreStep(QVBoxLayout& layout) {
@@ -87,7 +87,7 @@ void WizardSteps::fillRestoreStep(QVBoxLayout& layout) {
   ProgressBar1->setObjectName("ProgressBar1");
   ProgressBar1->setTextVisible(false);  // the label tells the percentage
   ProgressBar1->setValue(0);
-  Label1 = MakeLabel("Label1", tr("Extracting Files..."));
+  Label1 = MakeLabel("Label1", "Extracting Files...");
   layout.addSpacing(kSpaceAboveProgress * fontMetrics().height());
   layout.addWidget(ProgressBar1);
   layout.addWidget(Label1);

@@ -2,7 +2,6 @@
 #include "setup/frmWizard.h"
 
 #include <QCloseEvent>
-#include <QFrame>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
@@ -210,7 +209,7 @@ void frmWizard::showHelp() {
 }
 
 void frmWizard::giveUp() {
-  services_.settings.deleteSection("Paths");
+  services_.settings.forgetGameFolder();
   Cancelled = true;
   chooser_.CloseBrowse();
   close();
@@ -228,10 +227,9 @@ void frmWizard::goOn() {
 
 bool frmWizard::gameFolderChosen() {
   if (HoldsGame(chooser_.SelectedFolder)) return true;
-  services_.messages.show({.text = tr("Invalid path, Try a differnet directory"),
-                           .title = tr("Error"),
-                           .icon = Message::Icon::critical},
-                          this);
+  services_.messages.show(
+      {.text = "Invalid path, Try a differnet directory", .title = "Error", .icon = Message::Icon::critical},
+      this);
   return false;
 }
 
@@ -242,7 +240,7 @@ void frmWizard::finishUp() {
   StoreFirstTreeFont(services_.settings);
   Finished = true;
   chooser_.CloseBrowse();
-  emit finished();
+  Q_EMIT finished();
   close();
 }
 
@@ -254,7 +252,7 @@ void frmWizard::closeEvent(QCloseEvent*) {
     chooser_.CloseBrowse();
     services_.process.end();
   }
-  calls_.whenIdle([this] { emit closedForGood(); });
+  calls_.whenIdle([this] { Q_EMIT closedForGood(); });
 }
 
 bool frmWizard::isRestoring() const {
@@ -276,7 +274,7 @@ void frmWizard::restoreStockFiles() {
   if (!goesOn()) return;
   nav(next).setEnabled(true);
   nav(next).setFocus();
-  steps_->Label1->setText(tr("The Files Have Been Extracted, Click Next To Continue."));
+  steps_->Label1->setText("The Files Have Been Extracted, Click Next To Continue.");
   if (finishWanted_) finishUp();
 }
 
@@ -284,9 +282,9 @@ void frmWizard::showProgress(int done, int all) {
   QProgressBar& bar = *steps_->ProgressBar1;
   bar.setRange(1, all);
   bar.setValue(done);
-  bar.setToolTip(tr("File %1 of %2").arg(done).arg(all));
+  bar.setToolTip(QString("File %1 of %2").arg(done).arg(all));
   const auto percent = static_cast<int>(std::int64_t{100} * done / all);
-  steps_->Label1->setText(tr("Extracting Files... (%1% Complete)").arg(percent));
+  steps_->Label1->setText(QString("Extracting Files... (%1% Complete)").arg(percent));
 }
 
 void frmWizard::endWith(const Message& failure) {

@@ -38,7 +38,7 @@ class frmWizard : public QWidget {
   void SetNavBtns(int step);
   void SetCaption(int step);
 
- signals:
+ Q_SIGNALS:
   // The user pressed Finish: start up again. The wizard closes when this has returned.
   void finished();
   // Closed, and none of its calls is running any more.
@@ -97,7 +97,7 @@ class frmWizard : public QWidget {
   bool Finished = false;
   bool closed_ = false;
   bool finishWanted_ = false;  // as soon as the files are restored
-  int restorings_ = 0;         // counted, so that one knows when another has begun since
+  int restorings_ = 0;         // number of restorings started; an older one stops when it changes
 };
 
 }  // namespace korvane
