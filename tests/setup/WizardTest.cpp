@@ -53,14 +53,24 @@ class WizardTest : public testing::Test {
     open();
     click(next);
     chooser.SelectedFolder = game.qpath();
-    QTest::qWait(20);
+    waitForNext(true);
     click(next);
   }
 
   QPushButton* nav(Nav button) const {
     return wizard->findChild<QPushButton*>(QString("cmdNav%1").arg(button));
   }
+  void waitForNext(bool enabled) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return nav(next)->isEnabled() == enabled; }));
+  }
   void click(Nav button) { QTest::mouseClick(nav(button), Qt::LeftButton); }
+  // With the mouse while the click of a shortcut is still to come.
+  void clickTwice(Nav button) {
+    QSignalSpy clicked(nav(button), &QPushButton::clicked);
+    nav(button)->animateClick();  // what a shortcut does
+    click(button);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return clicked.size() == 2; })) << clicked.size();
+  }
   QString label() const { return wizard->findChild<QLabel*>("Label1")->text(); }
   bool showsStep(int step) const {
     const auto* frame = wizard->findChild<QWidget*>(QString("fraStep%1").arg(step));
@@ -98,18 +108,16 @@ TEST_F(WizardTest, TheKeyboardLeadsFromTheIntroductionToTheEditor) {
   QTest::keyClick(nav(next), Qt::Key_Return);
   EXPECT_EQ(storedFolder(), "");
   auto* tree = wizard->findChild<QTreeView*>("BrowseTree");
-  QTest::qWait(20);
-  EXPECT_FALSE(nav(next)->isEnabled());
+  waitForNext(false);
   tree->setCurrentIndex(tree->model()->index(0, 0));
   QTest::keyClick(tree, Qt::Key_Down);  // the home folder
-  QTest::qWait(20);
+  waitForNext(true);
   QTest::keyClick(tree, Qt::Key_Return);
   EXPECT_EQ(storedFolder(), game.qpath());
   EXPECT_EQ(label(), "The Files Have Been Extracted, Click Next To Continue.");
   EXPECT_EQ(game.read("Data/INI/Weapon.ini"), "Weapon A\r\nEnd\r\n");
   EXPECT_FALSE(nav(cancel)->isEnabled());
   click(next);
-  QTest::qWait(20);
   EXPECT_EQ(wizard->windowTitle(), "Command And Conquer Generals - Korvane Setup Wizard - Finished!");
   EXPECT_FALSE(nav(next)->isEnabled());
   QTest::keyClick(nav(finish), Qt::Key_Return);
@@ -176,14 +184,10 @@ TEST_F(WizardTest, StepsCanBeGoneBackAndFilesAreRestoredOnlyOnTheWayForward) {
 TEST_F(WizardTest, AShortcutThatComesTooLateLeadsNowhere) {
   open();
   click(next);
-  nav(back)->animateClick();  // what a shortcut does
-  click(back);
-  QTest::qWait(200);
+  clickTwice(back);
   EXPECT_TRUE(showsStep(0));
   restore();
-  nav(next)->animateClick();
-  click(next);
-  QTest::qWait(200);
+  clickTwice(next);
   EXPECT_TRUE(showsStep(3));
 }
 
@@ -269,7 +273,7 @@ TEST_F(WizardTest, BackInTheMiddleOfRestoringEndsItAndNextTakesItUpAgain) {
   EXPECT_TRUE(showsStep(1));
   EXPECT_TRUE(fs::exists(game.native("a.ini")));
   EXPECT_FALSE(fs::exists(game.native("b.ini")));
-  QTest::qWait(20);
+  waitForNext(true);
   click(next);
   EXPECT_EQ(game.read("c.ini"), "c");
 }
@@ -283,7 +287,7 @@ TEST_F(WizardTest, FinishInTheMiddleOfRestoringComesAfterTheLastFile) {
   everyTurn([&] {
     if (label().contains("33%")) click(finish);
   });
-  QTest::qWait(20);
+  waitForNext(true);
   click(next);
   EXPECT_EQ(game.read("c.ini"), "c");
   EXPECT_EQ(finished.size(), 1);
