@@ -2,7 +2,6 @@
 #include "controls/FontDialog.h"
 
 #include <QApplication>
-#include <QFont>
 #include <QFontDialog>
 #include <QPointer>
 
@@ -70,6 +69,16 @@ bool IsBold(int weight) {
 
 bool IsItalic(int value) {
   return value == kItalicByte;
+}
+
+QFont FontOf(const FontRecord& record, QFont font) {
+  font.setFamily(record.faceName);
+  font.setBold(IsBold(record.weight));
+  font.setItalic(IsItalic(record.italic));
+  font.setPointSizeF(record.points());
+  font.setStrikeOut(record.strikeOut != 0);
+  font.setUnderline(record.underline != 0);
+  return font;
 }
 
 FontRecord FontDialog::ShowFontDialog() {

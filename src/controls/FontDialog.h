@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QFont>
 #include <QString>
 
 #include <functional>
@@ -31,6 +32,9 @@ struct FontRecord {
 bool IsBold(int weight);
 // Exactly kItalicByte.
 bool IsItalic(int value);
+
+// The font of a record that was not cancelled, its other properties as in `current`.
+QFont FontOf(const FontRecord& record, QFont current);
 
 // Lets the user choose a font. An interface, so that tests choose in the user's place.
 class FontChooser {

@@ -3,7 +3,6 @@
 
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QMenuBar>
@@ -19,6 +18,7 @@
 
 #include "controls/EditorLauncher.h"
 #include "controls/Placement.h"
+#include "controls/StoredFont.h"
 #include "mainwindow/MainMenu.h"
 #include "mainwindow/MainToolBar.h"
 #include "platform/EventYield.h"
@@ -36,7 +36,6 @@ constexpr int kMargin = 100;         // twips around and between the tree and th
 constexpr int kTabBoxWidth = 12000;  // twips; wide enough for the information list's columns
 constexpr int kTreeWidth = 4200;
 constexpr int kDesignHeight = 10200;
-constexpr double kLeastFontSize = 4;  // points; smaller ones cannot be read
 constexpr auto kFileButtonInterval = std::chrono::milliseconds(100);
 
 }  // namespace
@@ -134,19 +133,7 @@ void FrmEdit::selectInfoTab() {
 }
 
 void FrmEdit::applyTreeFont() {
-  const SettingsStore& settings = services_.settings;
-  QFont font = TVMenu_->font();
-  if (const auto bold = FlagOf(settings.GetSet("MenuiBold"))) font.setBold(*bold);
-  const QString family = settings.GetSet("MenuiFont");
-  if (QFontDatabase::hasFamily(family)) font.setFamily(family);
-  bool isNumber = false;
-  const double size = settings.GetSet("MenuiFontSize").toDouble(&isNumber);
-  constexpr double kGreatestFontSize = 400;  // a larger one is a damaged entry
-  if (isNumber && size >= kLeastFontSize && size <= kGreatestFontSize) font.setPointSizeF(size);
-  if (const auto italic = FlagOf(settings.GetSet("MenuiItalic"))) font.setItalic(*italic);
-  if (const auto struckOut = FlagOf(settings.GetSet("MenuiStrikeout"))) font.setStrikeOut(*struckOut);
-  if (const auto underlined = FlagOf(settings.GetSet("MenuiUnderline"))) font.setUnderline(*underlined);
-  TVMenu_->setFont(font);
+  TVMenu_->setFont(StoredFont(services_.settings, kTreeFont, TVMenu_->font()));
 }
 
 void FrmEdit::prepareInformationList() {

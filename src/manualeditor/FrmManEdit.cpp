@@ -15,18 +15,17 @@
 #include <QToolBar>
 
 #include <algorithm>
-#include <utility>
 
 #include "controls/FontDialog.h"
 #include "controls/Icons.h"
 #include "controls/ManualEditTarget.h"
 #include "controls/Placement.h"
 #include "controls/Services.h"
+#include "controls/StoredFont.h"
 #include "manualeditor/FindBar.h"
 #include "manualeditor/FrmReplace.h"
 #include "manualeditor/IniTextEdit.h"
 #include "manualeditor/OpenText.h"
-#include "manualeditor/TextFont.h"
 #include "platform/EventYield.h"
 #include "platform/MessageBoxes.h"
 #include "settings/SettingsStore.h"
@@ -52,6 +51,45 @@ constexpr std::array kPanelWidths = {PanelWidth{"Line 100000 of 100000", 3}, Pan
                                      PanelWidth{"", 10}};
 
 }  // namespace
+
+struct FrmManEdit::MenuEntry {
+  const char* name;
+  const char* caption;                  // empty: a separator
+  void (FrmManEdit::*run)() = nullptr;  // none: a menu that holds the entries after it
+  const char* shortcut = "";
+};
+// Undo and Redo show a message here; their usual keys belong to the text.
+constexpr FrmManEdit::MenuEntry FrmManEdit::kMenuEntries[] = {
+    {"MnuFile", "&File"},
+    {"MnuSave", "&Save", &FrmManEdit::save, "Ctrl+S"},
+    {"", ""},
+    {"MnuExit", "E&xit", &FrmManEdit::exitCommand},
+    {"MnuEdit", "&Edit"},
+    {"MnuUndo", "&Undo", &FrmManEdit::tellAboutUndo},
+    {"MnuRedo", "&Redo", &FrmManEdit::tellAboutUndo},
+    {"", ""},
+    {"MnuCut", "Cu&t", &FrmManEdit::cut},
+    {"MnuCopy", "&Copy", &FrmManEdit::copy},
+    {"MnuPaste", "&Paste", &FrmManEdit::paste},
+    {"MnuDelete", "&Delete", &FrmManEdit::deleteSelection},
+    {"", ""},
+    {"MnuFind", "&Find...", &FrmManEdit::focusFind, "Ctrl+F"},
+    {"MnuFindNext", "Find &Next", &FrmManEdit::findNext, "F3"},
+    {"MnuReplace", "R&eplace...", &FrmManEdit::showReplace, "Ctrl+H"},
+    {"", ""},
+    {"MnuSelAll", "Select &All", &FrmManEdit::selectAll},
+    {"MnuFormat", "F&ormat"},
+    {"MnuFont", "&Fonts", &FrmManEdit::chooseFont},
+};
+
+struct FrmManEdit::ToolButton {
+  const char* key;
+  void (FrmManEdit::*run)();
+};
+constexpr FrmManEdit::ToolButton FrmManEdit::kToolButtons[] = {
+    {"Save", &FrmManEdit::save},          {"Cut", &FrmManEdit::cut},
+    {"Copy", &FrmManEdit::copy},          {"Paste", &FrmManEdit::paste},
+    {"Undo", &FrmManEdit::tellAboutUndo}, {"Redo", &FrmManEdit::tellAboutUndo}};
 
 FrmManEdit::FrmManEdit(const Services& services, ManualEditTarget& target, const FileWriter& files,
                        const KeptVersions& versions, FontChooser& fonts)
@@ -81,38 +119,8 @@ FrmManEdit::FrmManEdit(const Services& services, ManualEditTarget& target, const
 }
 
 void FrmManEdit::buildMenus() {
-  struct Entry {
-    const char* name;
-    const char* caption;                  // empty: a separator
-    void (FrmManEdit::*run)() = nullptr;  // none: a menu that holds the entries after it
-    const char* shortcut = "";
-  };
-  constexpr Entry kSeparator{"", ""};
-  // Undo and Redo show a message here; their usual keys belong to the text.
-  constexpr std::array kEntries = {
-      Entry{"MnuFile", "&File"},
-      Entry{"MnuSave", "&Save", &FrmManEdit::save, "Ctrl+S"},
-      kSeparator,
-      Entry{"MnuExit", "E&xit", &FrmManEdit::exitCommand},
-      Entry{"MnuEdit", "&Edit"},
-      Entry{"MnuUndo", "&Undo", &FrmManEdit::tellAboutUndo},
-      Entry{"MnuRedo", "&Redo", &FrmManEdit::tellAboutUndo},
-      kSeparator,
-      Entry{"MnuCut", "Cu&t", &FrmManEdit::cut},
-      Entry{"MnuCopy", "&Copy", &FrmManEdit::copy},
-      Entry{"MnuPaste", "&Paste", &FrmManEdit::paste},
-      Entry{"MnuDelete", "&Delete", &FrmManEdit::deleteSelection},
-      kSeparator,
-      Entry{"MnuFind", "&Find...", &FrmManEdit::focusFind, "Ctrl+F"},
-      Entry{"MnuFindNext", "Find &Next", &FrmManEdit::findNext, "F3"},
-      Entry{"MnuReplace", "R&eplace...", &FrmManEdit::showReplace, "Ctrl+H"},
-      kSeparator,
-      Entry{"MnuSelAll", "Select &All", &FrmManEdit::selectAll},
-      Entry{"MnuFormat", "F&ormat"},
-      Entry{"MnuFont", "&Fonts", &FrmManEdit::chooseFont},
-  };
   QMenu* menu = nullptr;
-  for (const Entry& entry : kEntries) {
+  for (const MenuEntry& entry : kMenuEntries) {
     if (*entry.caption == '\0') {
       menu->addSeparator();
     } else if (entry.run == nullptr) {
@@ -132,28 +140,14 @@ void FrmManEdit::buildToolBar() {
   TB1_->setContextMenuPolicy(Qt::PreventContextMenu);
   TB1_->setIconSize(kIconSize);
   QAction* beforeFind = TB1_->insertSeparator(TB1_->actions().value(0));
-  for (const char* key : {"Save", "Cut", "Copy", "Paste", "Undo", "Redo"}) {
+  for (const auto& [key, run] : kToolButtons) {
     auto* action = new QAction(ThemeIcon(QString(key).toLower()), key, TB1_);
     action->setObjectName(key);
     action->setToolTip(key);
     TB1_->insertAction(beforeFind, action);
+    connect(action, &QAction::triggered, this, run);
   }
   TB1_->setFixedHeight(std::max(kBarsHeight - statusBar()->height(), TB1_->sizeHint().height()));
-  connect(TB1_, &QToolBar::actionTriggered, this,
-          [this](const QAction* action) { runToolButton(action->toolTip()); });
-}
-
-void FrmManEdit::runToolButton(const QString& tooltip) {
-  constexpr std::array<std::pair<const char*, void (FrmManEdit::*)()>, 6> kButtons = {
-      {{"Save", &FrmManEdit::save},
-       {"Cut", &FrmManEdit::cut},
-       {"Copy", &FrmManEdit::copy},
-       {"Paste", &FrmManEdit::paste},
-       {"Undo", &FrmManEdit::tellAboutUndo},
-       {"Redo", &FrmManEdit::tellAboutUndo}}};
-  for (const auto& [key, run] : kButtons) {
-    if (tooltip == QLatin1String(key)) (this->*run)();
-  }
 }
 
 void FrmManEdit::buildStatusBar() {
@@ -233,7 +227,7 @@ void FrmManEdit::runSetUp() {
   lineTotal_ = TxtManEdit_->lineCount();
   if (!prepareSearchList()) return;
   setWindowTitle("Loading, Setting Font...");
-  TxtManEdit_->setTextFont(StoredTextFont(services_.settings, TxtManEdit_->textFont()));
+  TxtManEdit_->setTextFont(StoredFont(services_.settings, kTextFont, TxtManEdit_->textFont()));
   if (!showStep(windowTitle())) return;
   finishSetUp();
 }
@@ -350,8 +344,8 @@ void FrmManEdit::chooseFont() {
   const WindowCalls::Running call(calls_);
   const FontRecord record = fonts_.ShowFontDialog();
   if (record.cancelled()) return;
-  TxtManEdit_->setTextFont(ChosenFont(record, TxtManEdit_->textFont()));
-  SaveTextFont(services_.settings, TxtManEdit_->textFont());
+  TxtManEdit_->setTextFont(FontOf(record, TxtManEdit_->textFont()));
+  SaveFont(services_.settings, kTextFont, TxtManEdit_->textFont());
   services_.yield.fullTurn();
 }
 

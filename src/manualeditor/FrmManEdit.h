@@ -52,10 +52,14 @@ class FrmManEdit : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  struct MenuEntry;
+  struct ToolButton;
+  static const MenuEntry kMenuEntries[];
+  static const ToolButton kToolButtons[];
+
   void buildMenus();
   void buildToolBar();
   void buildStatusBar();
-  void runToolButton(const QString& tooltip);
 
   void opened();
   void setUpSoon();

@@ -13,6 +13,7 @@
 
 #include "controls/FontDialog.h"
 #include "controls/Icons.h"
+#include "controls/StoredFont.h"
 #include "settings/SettingsStore.h"
 
 namespace korvane {
@@ -28,8 +29,8 @@ constexpr int kInformationTab = 5;
 constexpr const char* kFontCaptions[] = {
     "Font:", "Font Size:", "Bold:", "Underline:", "Italic:", "Strike-out:"};
 // The settings that the font labels show, in the labels' order.
-constexpr const char* kFontSettings[] = {"MenuiFont",      "MenuiFontSize", "MenuiBold",
-                                         "MenuiUnderline", "MenuiItalic",   "MenuiStrikeout"};
+constexpr const char* kFontSettings[] = {kTreeFont.family,    kTreeFont.size,   kTreeFont.bold,
+                                         kTreeFont.underline, kTreeFont.italic, kTreeFont.strikeOut};
 
 QPushButton* Button(const char* name, const QString& caption) {
   auto* button = new QPushButton(caption);
@@ -53,11 +54,6 @@ QWidget* Page(const char* frameName, const QString& accessibleName, const QList<
   auto* layout = new QVBoxLayout(page);
   layout->addWidget(frame);
   return page;
-}
-
-// A flag of the store; a text that is no flag leaves the value as it is.
-void LoadFlag(const SettingsStore& store, const QString& name, bool& flag) {
-  flag = FlagOf(store.GetSet(name)).value_or(flag);
 }
 
 }  // namespace
@@ -144,12 +140,11 @@ void FrmOpt::load() {
 }
 
 void FrmOpt::loadFont() {
-  fontName_ = store_.GetSet("MenuiFont");
-  fontSize_ = store_.GetSet("MenuiFontSize").trimmed().toDouble();
-  LoadFlag(store_, "MenuiBold", bold_);
-  LoadFlag(store_, "MenuiUnderline", underline_);
-  LoadFlag(store_, "MenuiItalic", italic_);
-  LoadFlag(store_, "MenuiStrikeout", strikeOut_);
+  font_ = StoredFont(store_, kTreeFont, font_);
+  // A name that this machine lacks, or a size that the tree passes over, is stored again as it was.
+  font_.setFamily(store_.GetSet(kTreeFont.family));
+  const double size = store_.GetSet(kTreeFont.size).toDouble();
+  if (size > 0) font_.setPointSizeF(size);
   QStringList stored;
   for (const char* setting : kFontSettings) stored += store_.GetSet(setting);
   showFont(stored);
@@ -171,26 +166,16 @@ void FrmOpt::chooseFont() {
   const WindowCalls::Running call(calls_);
   const FontRecord chosen = fonts_.ShowFontDialog();
   if (chosen.cancelled()) return;
-  fontName_ = chosen.faceName;
-  fontSize_ = chosen.points();
-  bold_ = IsBold(chosen.weight);
-  underline_ = chosen.underline != 0;
-  strikeOut_ = chosen.strikeOut != 0;
-  italic_ = IsItalic(chosen.italic);
-  showFont({fontName_, QString::number(fontSize_), TextOfFlag(bold_), TextOfFlag(underline_),
-            TextOfFlag(italic_), TextOfFlag(strikeOut_)});
+  font_ = FontOf(chosen, font_);
+  showFont({font_.family(), QString::number(font_.pointSizeF()), TextOfFlag(font_.bold()),
+            TextOfFlag(font_.underline()), TextOfFlag(font_.italic()), TextOfFlag(font_.strikeOut())});
   apply_->setEnabled(true);
 }
 
 void FrmOpt::ApplySet() {
   store_.SaveSet("InfoTab", QString::number(tab_->currentIndex()));
   store_.SaveSet("Exit", exit_->isChecked() ? "1" : "0");
-  store_.SaveSet("MenuiFont", fontName_);
-  store_.SaveSet("MenuiFontSize", QString::number(fontSize_));
-  store_.SaveSet("MenuiBold", TextOfFlag(bold_));
-  store_.SaveSet("MenuiItalic", TextOfFlag(italic_));
-  store_.SaveSet("MenuiStrikeout", TextOfFlag(strikeOut_));
-  store_.SaveSet("MenuiUnderline", TextOfFlag(underline_));
+  SaveFont(store_, kTreeFont, font_);
   Q_EMIT optionsApplied();
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QFont>
 #include <QStringList>
 
 #include <array>
@@ -48,12 +49,7 @@ class FrmOpt : public ToolDialog {
   SettingsStore& store_;
   FontChooser& fonts_;
 
-  QString fontName_;
-  double fontSize_ = 0;  // in points
-  bool bold_ = false;
-  bool italic_ = false;
-  bool underline_ = false;
-  bool strikeOut_ = false;
+  QFont font_;
 
   QComboBox* tab_ = nullptr;
   QCheckBox* exit_ = nullptr;
