@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# A room is one folder of src/ built as one library. It links only the rooms it may include, so that a
-# forbidden include does not compile.
+# A room is one folder of src/ built as one library, which names the rooms that it includes. The compiler would
+# let it include any file of src/: scripts/check-includes is what guards the floors.
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
