@@ -9,12 +9,15 @@
 
 namespace korvane {
 
+// How texts from the files end their lines, and those of messages.
+inline const QString kCrLf = QStringLiteral("\r\n");
+
 inline constexpr int kMostShown = 1000;  // characters
 
 // As much of a text as is ever drawn: laying out a damaged file's single line of megabytes would take
 // minutes.
 inline QString ShownText(const QString& text) {
-  return text.left(kMostShown).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+  return text.left(kMostShown).replace(kCrLf, QLatin1String("\n"));
 }
 
 // The same of a name from a file; no name of a sound file is longer.

@@ -116,20 +116,14 @@ void FrmEdit::connectButtons() {
 
 void FrmEdit::load() {
   RestorePlacement(services_.settings, *this);
-  selectInfoTab();
+  display_->selectInfoTab();
   applyTreeFont();
   Timer1_.start(kFileButtonInterval);
 }
 
 void FrmEdit::applyOptions() {
   applyTreeFont();
-  selectInfoTab();
-}
-
-void FrmEdit::selectInfoTab() {
-  bool isNumber = false;
-  const int tab = services_.settings.GetSet("InfoTab").toInt(&isNumber);
-  if (isNumber) fields_.F_Tab->setCurrentIndex(tab);
+  display_->selectInfoTab();
 }
 
 void FrmEdit::applyTreeFont() {
@@ -142,6 +136,7 @@ void FrmEdit::prepareInformationList() {
 
 void FrmEdit::readWeapons() {
   const ParserTurn turn(SParse1_);
+  if (!turn) return;  // the next object to be shown brings them too
   display_->choices().readWeapons();
 }
 

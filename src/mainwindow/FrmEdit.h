@@ -5,8 +5,6 @@
 #include <QTimer>
 #include <QTreeView>
 
-#include <functional>
-
 #include "controls/ClickView.h"
 #include "controls/Services.h"
 #include "controls/UnitChoices.h"
@@ -61,7 +59,6 @@ class FrmEdit : public QMainWindow, public UnitChoices {
   void connectButtons();
   void load();
   void applyTreeFont();
-  void selectInfoTab();
   void nameFileButton();
   bool exitConfirmed();
   void exitCommand();

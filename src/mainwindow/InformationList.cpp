@@ -39,19 +39,25 @@ constexpr bool BlankFollows(std::size_t field) {
   return field == 0 || field == 2 || field == 4 || field == 6;
 }
 
+// Tabs are text, as they are to the parser.
+bool IsBlank(const QString& text) {
+  return text.count(u' ') == text.size();
+}
+
 QString ValueOf(const QString& text) {
-  return text.trimmed().isEmpty() ? kNothing : text;
+  return IsBlank(text) ? kNothing : text;
 }
 
 QString AsCurrency(const QString& text) {
   bool isNumber = false;
-  const double amount = text.trimmed().toDouble(&isNumber);
+  double amount = text.toDouble(&isNumber);
+  if (!isNumber) amount = QLocale().toDouble(text, &isNumber);
   return isNumber ? QLocale().toCurrencyString(amount) : text;
 }
 
 // The cost without its cents, or nothing when the text is too short to lose them.
 std::optional<QString> CostOf(const QString& text) {
-  if (text.trimmed().isEmpty()) return kNothing;
+  if (IsBlank(text)) return kNothing;
   const QString currency = AsCurrency(text);
   if (currency.size() < kCentsLength) return std::nullopt;
   return currency.chopped(kCentsLength);

@@ -5,8 +5,6 @@
 
 #include <functional>
 
-class QComboBox;
-
 namespace korvane {
 
 class UnitFields;
@@ -24,7 +22,7 @@ class InformationList {
   void UpdateLV();
 
  private:
-  // Cut short at the cost when that cannot be written; the rows so far stay.
+  // Stops after the "Cost" caption when the cost is too short to drop its cents.
   void Stage1Update();
   // Adds nothing when there is no locomotor.
   void Stage2LocomotorUpdate();

@@ -5,6 +5,7 @@
 
 #include "controls/EditorLauncher.h"
 #include "controls/ManualEditTarget.h"
+#include "controls/ShownText.h"
 #include "files/NativePath.h"
 #include "ini/DataFiles.h"
 #include "platform/DesktopShell.h"
@@ -19,10 +20,6 @@ namespace {
 const QString kMakersPage = QStringLiteral("https://ferncastle.example/");
 const QString kDevelopmentPage = QStringLiteral("https://ferncastle.example/korvane/development");
 
-QString Text(std::string_view utf8) {
-  return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 }  // namespace
 
 LaunchCommands::LaunchCommands(QWidget& window, SParse& parser, const Services& services,
@@ -36,7 +33,8 @@ LaunchCommands::LaunchCommands(QWidget& window, SParse& parser, const Services& 
       selected_(std::move(selected)) {}
 
 void LaunchCommands::runGame() {
-  services_.shell.RunFile(services_.folders.game + u'\\' + Text(kGameProgram), services_.folders.game);
+  services_.shell.RunFile(services_.folders.game + u'\\' + QString::fromUtf8(kGameProgram),
+                          services_.folders.game);
 }
 
 void LaunchCommands::showOptions() {
@@ -90,23 +88,25 @@ void LaunchCommands::tellAboutArrow() {
 
 void LaunchCommands::openDataFile(const QString& filename) {
   for (const DataFile& file : kDataFiles) {
-    if (filename.compare(Text(file.name), Qt::CaseInsensitive) != 0) continue;
+    if (filename.compare(QString::fromUtf8(file.name), Qt::CaseInsensitive) != 0) continue;
     openFile(file.folder == kObjectFolder ? objects : ini, filename);
     return;
   }
 }
 
-void LaunchCommands::SetManualEditFile(int partial, int folder, const QString& filename) {
-  if (folder != ini && folder != objects) return;
+QString LaunchCommands::path(Folder folder, const QString& filename) const {
+  return services_.folders.game + QString::fromUtf8(folder == ini ? kIniFolder : kObjectFolder) + filename;
+}
+
+void LaunchCommands::SetManualEditFile(int partial, Folder folder, const QString& filename) {
   target_.ManualEditPartial = partial;
-  target_.ManualEditFile =
-      services_.folders.game + Text(folder == ini ? kIniFolder : kObjectFolder) + filename;
+  target_.ManualEditFile = path(folder, filename);
 }
 
 void LaunchCommands::openFile(Folder folder, const QString& filename) {
-  const QString path = services_.folders.game + Text(folder == ini ? kIniFolder : kObjectFolder) + filename;
-  if (!FileExists(path.toStdString())) {
-    services_.messages.show({.text = "The following files do not exist: \r\n" + path}, &window_);
+  const QString wanted = path(folder, filename);
+  if (!FileExists(wanted.toStdString())) {
+    services_.messages.show({.text = "The following files do not exist: " + kCrLf + wanted}, &window_);
     return;
   }
   SetManualEditFile(0, folder, filename);
@@ -137,7 +137,7 @@ void LaunchCommands::editPart(Folder folder, const QString& filename,
 void LaunchCommands::editLocomotors() {
   const SelectedObject object = selected_();
   if (object.name.empty()) return;
-  editPart(ini, Text(kLocomotorFile), [&] { return parser_.GetLocomotors(object); });
+  editPart(ini, QString::fromUtf8(kLocomotorFile), [&] { return parser_.GetLocomotors(object); });
 }
 
 void LaunchCommands::editObjectBlock() {

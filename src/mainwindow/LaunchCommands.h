@@ -19,8 +19,8 @@ struct ManualEditTarget;
 // What the menus, the toolbar and the buttons of the main window start.
 class LaunchCommands {
  public:
-  // Whole numbers of the commands that open a file: where it lies.
-  enum Folder { ini = 0, objects = 1 };
+  // Where a data file lies.
+  enum Folder { ini, objects };
 
   // `selected` gives the tree's selected object.
   LaunchCommands(QWidget& window, SParse& parser, const Services& services, EditorLauncher& launcher,
@@ -45,7 +45,7 @@ class LaunchCommands {
   // exist.
   void SF(const QString& filename) { openFile(ini, filename); }
   void LF(const QString& filename) { openFile(objects, filename); }
-  // A data file by its name in any letter case; a name that is none does nothing.
+  // A data file by its name in any letter case; an unknown name does nothing.
   void openDataFile(const QString& filename);
 
   // The three buttons for manual editing of the selected object. Nothing happens without one.
@@ -58,7 +58,8 @@ class LaunchCommands {
   void showWeapon(const QString& name);
 
  private:
-  void SetManualEditFile(int partial, int folder, const QString& filename);
+  QString path(Folder folder, const QString& filename) const;
+  void SetManualEditFile(int partial, Folder folder, const QString& filename);
   void openFile(Folder folder, const QString& filename);
   void editPart(Folder folder, const QString& filename, const std::function<std::string()>& readText);
 

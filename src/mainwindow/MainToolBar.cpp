@@ -5,6 +5,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include <algorithm>
 #include <array>
 #include <span>
 
@@ -20,8 +21,25 @@ using Launch = void (LaunchCommands::*)();
 using Captions = std::span<const char* const>;
 
 constexpr std::array kNewEntries = {"Unit", "Building"};
-constexpr std::array kEditorEntries = {"Weapons Editor", "Armour Editor", "", "Command Button Editor",
-                                       "Command Set Editor"};
+
+struct EditorEntry {
+  const char* caption;  // empty: a separator
+  Launch launch = nullptr;
+};
+
+constexpr std::array kEditors = {
+    EditorEntry{"Weapons Editor", &LaunchCommands::showWeaponEditor},
+    EditorEntry{"Armour Editor", &LaunchCommands::showArmourEditor},
+    EditorEntry{""},
+    EditorEntry{"Command Button Editor", &LaunchCommands::showCommandButtonEditor},
+    EditorEntry{"Command Set Editor", &LaunchCommands::showCommandSetEditor},
+};
+
+constexpr auto kEditorEntries = [] {
+  std::array<const char*, kEditors.size()> captions{};
+  std::ranges::transform(kEditors, captions.begin(), &EditorEntry::caption);
+  return captions;
+}();
 
 struct Button {
   const char* key;
@@ -44,25 +62,12 @@ const std::array kButtons = {
 };
 constexpr Button kExitButton{"W95MBX01", "Exit", "exit"};
 
-struct EditorCommand {
-  const char* text;
-  Launch launch;
-};
-
-constexpr std::array kEditorCommands = {
-    EditorCommand{"weapons editor", &LaunchCommands::showWeaponEditor},
-    EditorCommand{"armour editor", &LaunchCommands::showArmourEditor},
-    EditorCommand{"command button editor", &LaunchCommands::showCommandButtonEditor},
-    EditorCommand{"command set editor", &LaunchCommands::showCommandSetEditor},
-};
-
-// A drop-down entry is known by its text alone, in any letter case.
+// A drop-down entry is known by its text alone; a file is opened by its name in small letters.
 void Dispatch(LaunchCommands& commands, const QString& text) {
-  const QString lower = text.toLower();
-  for (const EditorCommand& command : kEditorCommands) {
-    if (lower == command.text) (commands.*command.launch)();
+  for (const EditorEntry& editor : kEditors) {
+    if (text == editor.caption) return (commands.*editor.launch)();
   }
-  commands.openDataFile(lower);
+  commands.openDataFile(text.toLower());
 }
 
 QMenu* DropDown(QToolButton& button, Captions entries, LaunchCommands& commands) {

@@ -13,7 +13,6 @@
 #include "controls/ShownText.h"
 #include "files/NativePath.h"
 #include "ini/DataFiles.h"
-#include "ini/IniText.h"
 #include "mainwindow/BusyWindow.h"
 #include "mainwindow/FrmColData.h"
 #include "mainwindow/ObjectTreeModel.h"
@@ -27,12 +26,22 @@ namespace korvane {
 
 namespace {
 
-const QString kLineBreak = QStringLiteral("\r\n");
 constexpr std::string_view kObject = "Object";
 
-// The keys of the fields of UnitFields::textFields, in their order.
-constexpr std::array<std::string_view, 6> kTextKeys = {"MaxHealth", "InitialHealth", "BuildCost",
-                                                       "BuildTime", "VisionRange",   "ShroudClearingRange"};
+struct TextField {
+  std::string_view key;
+  QLineEdit* UnitFields::*field;
+};
+
+// In the order in which an object fills them.
+constexpr std::array<TextField, 6> kTextFields = {{
+    {"MaxHealth", &UnitFields::MHealth},
+    {"InitialHealth", &UnitFields::IHealth},
+    {"BuildCost", &UnitFields::TxtCost},
+    {"BuildTime", &UnitFields::TxtBS},
+    {"VisionRange", &UnitFields::TxtVisRange},
+    {"ShroudClearingRange", &UnitFields::TxtSCR},
+}};
 
 // What the bar of the progress window shows when a stage is done; the six text fields are stages 1 to 6.
 enum Stage {
@@ -45,11 +54,11 @@ enum Stage {
 };
 
 QString WithoutLineBreaks(std::string_view bytes) {
-  return FromBytes(bytes).remove(kLineBreak);
+  return FromBytes(bytes).remove(kCrLf);
 }
 
 QStringList LinesOf(std::string_view bytes) {
-  return bytes.empty() ? QStringList() : FromBytes(bytes).split(kLineBreak);
+  return bytes.empty() ? QStringList() : FromBytes(bytes).split(kCrLf);
 }
 
 void Select(QComboBox& list, int index) {
@@ -94,7 +103,8 @@ ObjectDisplay::ObjectDisplay(QWidget& window, QTreeView& tree, const ObjectTreeM
 
 void ObjectDisplay::connectFields() {
   const auto update = [this] { information_.UpdateLV(); };
-  for (QLineEdit* field : fields_.textFields()) connect(field, &QLineEdit::textChanged, this, update);
+  for (const TextField& text : kTextFields)
+    connect(fields_.*text.field, &QLineEdit::textChanged, this, update);
   for (MaskedField* field : fields_.HS_TextBox) connect(field, &QLineEdit::textChanged, this, update);
   for (QComboBox* list : {fields_.PWeapon, fields_.SWeapon, fields_.TWeapon}) {
     connect(list, &QComboBox::activated, this, update);
@@ -166,6 +176,12 @@ void ObjectDisplay::select(const QModelIndex& index) {
   services_.yield.fullTurn();
 }
 
+void ObjectDisplay::selectInfoTab() {
+  bool isNumber = false;
+  const int tab = services_.settings.GetSet("InfoTab").toInt(&isNumber);
+  if (isNumber) fields_.F_Tab->setCurrentIndex(tab);
+}
+
 void ObjectDisplay::reportNode(const ObjectNode& node) {
   panels_.show(StatusPanels::file, FromBytes(node.tag));
   services_.yield.fullTurn();
@@ -179,12 +195,10 @@ void ObjectDisplay::showObject(const ObjectNode& node, BusyWindow& busy) {
   fields_.F_Tab->setEnabled(true);
   FrmColData progress(window_);
   connect(&progress, &FrmColData::cameUp, &progress, [&busy] { busy.showChanges(); });
-  bool isNumber = false;
-  const int tab = services_.settings.GetSet("InfoTab").toInt(&isNumber);
-  if (isNumber) fields_.F_Tab->setCurrentIndex(tab);
+  selectInfoTab();
   parser_.ObjectName = node.text;
   readTextFields(file, progress);
-  armour_ = FromBytes(parser_.GetParameterValue(kObject, "Armor ", file)).section(kLineBreak, 0, 0);
+  armour_ = FromBytes(parser_.GetParameterValue(kObject, "Armor ", file)).section(kCrLf, 0, 0);
   progress.setStage(armourRead);
   choices_.readWeapons();
   progress.setStage(weaponsRead);
@@ -201,11 +215,12 @@ void ObjectDisplay::showObject(const ObjectNode& node, BusyWindow& busy) {
 }
 
 void ObjectDisplay::readTextFields(const std::string& file, FrmColData& progress) {
-  const auto fields = fields_.textFields();
-  for (std::size_t i = 0; i < kTextKeys.size(); ++i) {
-    fields[i]->setText(WithoutLineBreaks(parser_.GetParameterValue(kObject, kTextKeys[i], file)));
-    fields[i]->setCursorPosition(0);
-    progress.setStage(static_cast<int>(i) + 1);
+  int stage = 0;
+  for (const TextField& text : kTextFields) {
+    QLineEdit& field = *(fields_.*text.field);
+    field.setText(WithoutLineBreaks(parser_.GetParameterValue(kObject, text.key, file)));
+    field.setCursorPosition(0);
+    progress.setStage(++stage);
   }
 }
 
@@ -303,7 +318,7 @@ void ObjectDisplay::clearHandlingField(std::size_t field) {
 
 QString CleanWeaponName(const QString& text) {
   const QString lower = text.toLower();
-  const bool namesNothing = lower == "weaponset" || lower == "yes" || lower == "no" || lower == kLineBreak;
+  const bool namesNothing = lower == "weaponset" || lower == "yes" || lower == "no" || lower == kCrLf;
   return namesNothing ? QString() : text;
 }
 

@@ -34,6 +34,9 @@ class ObjectDisplay : public QObject {
   // Shows the node; ignored while something else reads.
   void select(const QModelIndex& index);
 
+  // Brings the tab of the settings to the front, if they name one.
+  void selectInfoTab();
+
   ChoiceLists& choices() { return choices_; }
   InformationList& information() { return information_; }
   // The tree's selected node, or nothing.

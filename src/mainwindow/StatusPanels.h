@@ -18,7 +18,7 @@ class StatusPanels {
   explicit StatusPanels(QStatusBar& bar);
 
   void show(Panel panel, const QString& text);
-  // A remark in the first panel, with room for it, until the other panels have something to say.
+  // Shows a remark in the first panel, hiding the others until they are next shown.
   void showRemark(const QString& text);
 
  private:

@@ -67,11 +67,17 @@ QPushButton* Button(const char* name, const char* caption) {
   return Named(name, new QPushButton(caption));
 }
 
-void AddField(QFormLayout* form, const char* caption, QWidget* field) {
+// Adds a row with the field alone, or with the layout that holds it.
+template <typename Row>
+void AddRow(QFormLayout* form, const char* caption, QWidget* field, Row* row) {
   auto* label = new QLabel(caption);
   label->setBuddy(field);
   field->setAccessibleName(QString(caption).chopped(1).simplified());
-  form->addRow(label, field);
+  form->addRow(label, row);
+}
+
+void AddField(QFormLayout* form, const char* caption, QWidget* field) {
+  AddRow(form, caption, field, field);
 }
 
 // A field with a button to its right.
@@ -81,11 +87,8 @@ void AddFieldWithButton(QFormLayout* form, const char* caption, QWidget* field, 
   row->addWidget(field);
   row->addWidget(button);
   row->addStretch();
-  auto* label = new QLabel(caption);
-  label->setBuddy(field);
-  field->setAccessibleName(QString(caption).chopped(1).simplified());
+  AddRow(form, caption, field, row);
   button->setAccessibleName(button->text().trimmed() + u' ' + field->accessibleName());
-  form->addRow(label, row);
 }
 
 QFormLayout* Form(QGroupBox* frame) {
@@ -96,14 +99,18 @@ QFormLayout* Form(QGroupBox* frame) {
   return form;
 }
 
-// A tab page of frames, one below the other, with free space at the bottom.
-QWidget* Page(std::initializer_list<QWidget*> frames) {
+// A tab page of frames, one below the other. What is left at the bottom goes to `rest`, or stays free.
+QWidget* Page(std::initializer_list<QWidget*> frames, QWidget* rest = nullptr) {
   auto* page = new QWidget;
   auto* layout = new QVBoxLayout(page);
   layout->setContentsMargins(14, 14, 14, 14);
   layout->setSpacing(12);
   for (QWidget* frame : frames) layout->addWidget(frame);
-  layout->addStretch(1);
+  if (rest == nullptr) {
+    layout->addStretch(1);
+  } else {
+    layout->addWidget(rest, 1);
+  }
   return page;
 }
 
@@ -199,13 +206,7 @@ QWidget* UnitFields::informationTab() {
   AddField(form, "Weapon Conditions:", CondCombo = List("CondCombo", false));
   LstInfo = Named("LstInfo", new InPlaceTable);
   LstInfo->setAccessibleName("Information");
-  auto* page = new QWidget;
-  auto* layout = new QVBoxLayout(page);
-  layout->setContentsMargins(14, 14, 14, 14);
-  layout->setSpacing(12);
-  layout->addWidget(frame);
-  layout->addWidget(LstInfo, 1);
-  return page;
+  return Page({frame}, LstInfo);
 }
 
 QWidget* UnitFields::otherTab() {
@@ -214,10 +215,6 @@ QWidget* UnitFields::otherTab() {
   AddField(form, "Shroud Clearing Range:", TxtSCR = TextField("TxtSCR"));
   AddField(form, "Vision Range:", TxtVisRange = TextField("TxtVisRange"));
   return Page({frame});
-}
-
-std::array<QLineEdit*, 6> UnitFields::textFields() const {
-  return {MHealth, IHealth, TxtCost, TxtBS, TxtVisRange, TxtSCR};
 }
 
 QString TabCaption(const QTabBar& tabs, int tab) {

@@ -7,7 +7,6 @@
 
 class QComboBox;
 class QFormLayout;
-class QLabel;
 class QLineEdit;
 class QPushButton;
 class QTabBar;
@@ -63,9 +62,6 @@ class UnitFields {
 
   // The choices of the three weapon lists, which are always the same.
   QStringListModel* weapons;
-
-  // The text fields, in the order in which an object fills them.
-  std::array<QLineEdit*, 6> textFields() const;
 
  private:
   QWidget* handlingTab();

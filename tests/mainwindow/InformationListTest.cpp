@@ -50,8 +50,12 @@ TEST_F(InformationListTest, FollowsWhatIsTyped) {
   click("Jeep");
   get<QLineEdit>("IHealth").setText("7");
   EXPECT_EQ(informationOf("Initial Health"), "7");
+  get<QLineEdit>("IHealth").setText("\t");
+  EXPECT_EQ(informationOf("Initial Health"), "\t");
   get<QLineEdit>("TxtCost").setText("  ");
   EXPECT_EQ(informationOf("Cost"), "N/A");
+  get<QLineEdit>("TxtCost").setText("1,500");
+  EXPECT_EQ(informationOf("Cost"), "$1,500");
   get<QLineEdit>("TxtCost").setText("many");
   EXPECT_EQ(informationOf("Cost"), "m");
   press("HS_ClearBtn0");
