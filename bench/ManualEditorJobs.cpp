@@ -147,39 +147,44 @@ Job SaveJob(const RunningProgram& running) {
               }};
 }
 
+Job OpenJob(const RunningProgram& running) {
+  return {.name = "manual editor, open",
+          .promise = {.time = 100, .memory = 150},
+          .run = Open,
+          .bare = BareRead({running.folders.objects(kLargestFile)}),
+          .prepare = [] { CloseWindow(kEditor); }};
+}
+
+Job KeystrokeJob(const RunningProgram& running) {
+  return {.name = "keystroke in the middle",
+          .promise = {.time = 16},
+          .run = [] { Type(Qt::Key_X); },
+          .bare = BareRead({running.folders.objects(kLargestFile)}),
+          .prepare =
+              [] {
+                EnsureOpen();
+                Find(kMiddleText);
+                Type(Qt::Key_End);
+              }};
+}
+
+Job FindJob(const RunningProgram& running) {
+  return {.name = "find at the end",
+          .promise = {.time = 50},
+          .run = [] { Find(kFarthestText); },
+          .bare = BareRead({running.folders.objects(kLargestFile)}),
+          .prepare =
+              [] {
+                EnsureOpen();
+                Find(kMiddleText);
+              }};
+}
+
 }  // namespace
 
 Jobs ManualEditorJobs(const RunningProgram& running) {
-  const auto largest = BareRead({running.folders.objects(kLargestFile)});
-  return {
-      {.name = "manual editor, open",
-       .promise = {.time = 100, .memory = 150},
-       .run = Open,
-       .bare = largest,
-       .prepare = [] { CloseWindow(kEditor); }},
-      {.name = "keystroke in the middle",
-       .promise = {.time = 16},
-       .run = [] { Type(Qt::Key_X); },
-       .bare = largest,
-       .prepare =
-           [] {
-             EnsureOpen();
-             Find(kMiddleText);
-             Type(Qt::Key_End);
-           }},
-      {.name = "find at the end",
-       .promise = {.time = 50},
-       .run = [] { Find(kFarthestText); },
-       .bare = largest,
-       .prepare =
-           [] {
-             EnsureOpen();
-             Find(kMiddleText);
-           }},
-      SaveJob(running),
-      ReplaceAllJob(running),
-      HugeJob(running),
-  };
+  return {OpenJob(running), KeystrokeJob(running),  FindJob(running),
+          SaveJob(running), ReplaceAllJob(running), HugeJob(running)};
 }
 
 }  // namespace korvane

@@ -5,7 +5,6 @@
 #include <QTemporaryDir>
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <iostream>

@@ -2,7 +2,6 @@
 #include "about/FrmHelp.h"
 
 #include <QAction>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -21,6 +20,7 @@
 
 #include "about/HelpText.h"
 #include "controls/Icons.h"
+#include "controls/Named.h"
 
 namespace korvane {
 
@@ -37,7 +37,7 @@ constexpr int kSmallestZoom = -4;
 
 FrmHelp::FrmHelp(const QString& path, QWidget* parent) : QMainWindow(parent), file_(path), search_(file_) {
   setObjectName("FrmHelp");
-  setWindowTitle(tr("Korvane Help"));
+  setWindowTitle("Korvane Help");
   setWindowIcon(ApplicationIcon());
   buildText();
   auto* splitter = new QSplitter;
@@ -57,18 +57,17 @@ FrmHelp::FrmHelp(const QString& path, QWidget* parent) : QMainWindow(parent), fi
 }
 
 void FrmHelp::buildToolBar() {
-  QToolBar* bar = addToolBar(tr("Navigation"));
+  QToolBar* bar = addToolBar("Navigation");
   bar->setObjectName("HelpToolbar");
   bar->setMovable(false);
   bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-  back_ = addCommand(*bar, "back", tr("&Back"), {QKeySequence::Back}, &FrmHelp::goBack);
-  forward_ = addCommand(*bar, "forward", tr("&Forward"), {QKeySequence::Forward}, &FrmHelp::goForward);
-  addCommand(*bar, "home", tr("&Contents"), {Qt::ALT | Qt::Key_Home}, &FrmHelp::showContents);
+  back_ = addCommand(*bar, "back", "&Back", {QKeySequence::Back}, &FrmHelp::goBack);
+  forward_ = addCommand(*bar, "forward", "&Forward", {QKeySequence::Forward}, &FrmHelp::goForward);
+  addCommand(*bar, "home", "&Contents", {Qt::ALT | Qt::Key_Home}, &FrmHelp::showContents);
   bar->addSeparator();
-  addCommand(*bar, "zoom-in", tr("&Larger"), {QKeySequence::ZoomIn, Qt::CTRL | Qt::Key_Equal},
-             &FrmHelp::zoomIn);
-  addCommand(*bar, "zoom-out", tr("S&maller"), {QKeySequence::ZoomOut}, &FrmHelp::zoomOut);
-  addCommand(*bar, "zoom-normal", tr("Normal Si&ze"), {Qt::CTRL | Qt::Key_0}, &FrmHelp::resetZoom);
+  addCommand(*bar, "zoom-in", "&Larger", {QKeySequence::ZoomIn, Qt::CTRL | Qt::Key_Equal}, &FrmHelp::zoomIn);
+  addCommand(*bar, "zoom-out", "S&maller", {QKeySequence::ZoomOut}, &FrmHelp::zoomOut);
+  addCommand(*bar, "zoom-normal", "Normal Si&ze", {Qt::CTRL | Qt::Key_0}, &FrmHelp::resetZoom);
   back_->setEnabled(false);
   forward_->setEnabled(false);
 }
@@ -86,19 +85,16 @@ QAction* FrmHelp::addCommand(QToolBar& bar, const char* icon, const QString& tex
 QWidget* FrmHelp::sidePart() {
   auto* part = new QWidget;
   auto* layout = new QVBoxLayout(part);
-  auto* label = new QLabel(tr("&Search all pages:"));
-  searchField_ = new QLineEdit;
-  searchField_->setObjectName("HelpSearchField");
+  auto* label = new QLabel("&Search all pages:");
+  searchField_ = Named("HelpSearchField", new QLineEdit);
   searchField_->setClearButtonEnabled(true);
   label->setBuddy(searchField_);
-  contents_ = new QTreeWidget;
-  contents_->setObjectName("HelpContents");
-  contents_->setAccessibleName(tr("Contents"));
+  contents_ = Named("HelpContents", new QTreeWidget);
+  contents_->setAccessibleName("Contents");
   contents_->setHeaderHidden(true);
   contents_->setRootIsDecorated(false);
-  hits_ = new QListWidget;
-  hits_->setObjectName("HelpHits");
-  hits_->setAccessibleName(tr("Pages found"));
+  hits_ = Named("HelpHits", new QListWidget);
+  hits_->setAccessibleName("Pages found");
   hits_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   side_ = new QStackedWidget;
   side_->addWidget(contents_);
@@ -106,6 +102,11 @@ QWidget* FrmHelp::sidePart() {
   layout->addWidget(label);
   layout->addWidget(searchField_);
   layout->addWidget(side_);
+  connectSidePart();
+  return part;
+}
+
+void FrmHelp::connectSidePart() {
   auto* find = new QAction(this);
   find->setShortcut(QKeySequence::Find);
   addAction(find);
@@ -116,13 +117,11 @@ QWidget* FrmHelp::sidePart() {
   connect(contents_, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* item) {
     if (item != nullptr) goTo(item->data(0, kPageRole).toString());
   });
-  return part;
 }
 
 void FrmHelp::buildText() {
-  text_ = new QTextBrowser;
-  text_->setObjectName("HelpText");
-  text_->setAccessibleName(tr("Help page"));
+  text_ = Named("HelpText", new QTextBrowser);
+  text_->setAccessibleName("Help page");
   text_->setOpenLinks(false);
   connect(text_, &QTextBrowser::anchorClicked, this, &FrmHelp::followLink);
 }
@@ -185,7 +184,7 @@ void FrmHelp::showPlace() {
   SetHelpText(*text_->document(), page.markdown, palette());
   text_->setTextCursor(QTextCursor(text_->document()));
   text_->verticalScrollBar()->setValue(place.scroll);
-  setWindowTitle(page.title + " - " + tr("Korvane Help"));
+  setWindowTitle(page.title + " - Korvane Help");
   back_->setEnabled(place_ > 0);
   forward_->setEnabled(place_ + 1 < static_cast<int>(history_.size()));
   markInContents(place.page);
@@ -240,7 +239,7 @@ void FrmHelp::search(const QString& text) {
     auto* item = new QListWidgetItem(QString("%1 (%2)").arg(hit.page->title).arg(hit.count), hits_);
     item->setData(kPageRole, hit.page->name);
   }
-  if (hits_->count() == 0) (new QListWidgetItem(tr("No page has these words."), hits_))->setFlags({});
+  if (hits_->count() == 0) (new QListWidgetItem("No page has these words.", hits_))->setFlags({});
   hits_->setCurrentRow(-1);
   side_->setCurrentWidget(words_.isEmpty() ? static_cast<QWidget*>(contents_) : hits_);
   markWords();

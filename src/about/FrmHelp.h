@@ -26,7 +26,7 @@ class FrmHelp : public QMainWindow {
   Q_OBJECT
 
  public:
-  // `path`: the program's path of the help file. A file that is none shows a text that says so.
+  // `path`: the program's path of the help file. If it is not a help file, the window says so.
   explicit FrmHelp(const QString& path, QWidget* parent = nullptr);
 
   void showContents();
@@ -50,6 +50,7 @@ class FrmHelp : public QMainWindow {
   QAction* addCommand(QToolBar& bar, const char* icon, const QString& text, const QList<QKeySequence>& keys,
                       void (FrmHelp::*command)());
   QWidget* sidePart();
+  void connectSidePart();
   void buildText();
   void fillContents();
   QTreeWidgetItem* headingItem(const QString& heading);

@@ -66,7 +66,7 @@ HelpFile::HelpFile(const QString& path) {
   problem_ = ProblemWith(path, file.bytes());
   if (!problem_.isEmpty()) return;
   const std::string_view pages = file.bytes().substr(kFirstLine.size());
-  const QString text = QString::fromUtf8(pages.data(), static_cast<qsizetype>(pages.size())).remove('\r');
+  const QString text = QString::fromUtf8(pages).remove('\r');
   for (const QString& page : text.split(kPageMark, Qt::SkipEmptyParts)) pages_.push_back(PageOf(page));
   if (pages_.empty()) problem_ = "The help file \"" + path + "\" has no pages.";
 }

@@ -10,6 +10,7 @@
 
 #include "about/SysInfo.h"
 #include "controls/Icons.h"
+#include "controls/Named.h"
 #include "platform/MessageBoxes.h"
 #include "platform/Version.h"
 
@@ -24,25 +25,22 @@ constexpr qreal kTitleScale = 1.4;
 
 const QString kDescription = QStringLiteral(
     "Command And Conquer Generals is a exciting and fun game, but no-one has bothered to make a decent "
-    "editor "
-    "for the game. This software will speed up editing units and buildings. When this software is finished, "
-    "you will be able to make a unit or a building in less than 5 minutes with a easy to use wizard. (That "
-    "will be in Version 2.0)");
+    "editor for the game. This software will speed up editing units and buildings. When this software "
+    "is finished, you will be able to make a unit or a building in less than 5 minutes with a easy to "
+    "use wizard. (That will be in Version 2.0)");
 
 const QString kLegalNotice = QStringLiteral(
-    "Korvane is free software under the GNU General Public License, version 3 or later, and comes without "
-    "any "
-    "warranty. It is an independent project: it is not made, endorsed or supported by EA or by anyone who "
-    "made the game. The names of the game and of its maker belong to their owners and are used here only to "
-    "say which files this program edits.");
+    "Korvane is free software under the GNU General Public License, version 3 or later, and comes "
+    "without any warranty. It is an independent project: it is not made, endorsed or supported by EA or "
+    "by anyone who made the game. The names of the game and of its maker belong to their owners and are "
+    "used here only to say which files this program edits.");
 
 QString VersionText() {
   return QStringLiteral("Version %1.%2.%3").arg(kMajorVersion).arg(kMinorVersion).arg(kRevision);
 }
 
 QLabel* AddLabel(QBoxLayout& layout, const char* name, const QString& text) {
-  auto* label = new QLabel(text);
-  label->setObjectName(name);
+  auto* label = Named(name, new QLabel(text));
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -69,9 +67,8 @@ QWidget* frmAbout::textPart() {
   auto* part = new QWidget;
   auto* layout = new QHBoxLayout(part);
   layout->setSpacing(kGap);
-  auto* icon = new QLabel;
-  icon->setObjectName("picIcon");
-  icon->setAccessibleName(tr("Icon"));
+  auto* icon = Named("picIcon", new QLabel);
+  icon->setAccessibleName("Icon");
   icon->setPixmap(windowIcon().pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
   layout->addWidget(icon, 0, Qt::AlignTop);
 
@@ -92,11 +89,9 @@ QWidget* frmAbout::textPart() {
 QWidget* frmAbout::buttonPart() {
   auto* part = new QWidget;
   auto* layout = new QHBoxLayout(part);
-  auto* systemInformation = new QPushButton("&System Info...");
-  systemInformation->setObjectName("cmdSysInfo");
+  auto* systemInformation = Named("cmdSysInfo", new QPushButton("&System Info..."));
   systemInformation->setAutoDefault(false);
-  auto* ok = new QPushButton("&OK");
-  ok->setObjectName("CmdOK");
+  auto* ok = Named("CmdOK", new QPushButton("&OK"));
   ok->setDefault(true);
   ok->setFocus();
   layout->addWidget(systemInformation);
@@ -109,8 +104,7 @@ QWidget* frmAbout::buttonPart() {
 
 // The entry works by its key alone; there is no menu bar.
 void frmAbout::addHiddenMenu() {
-  auto* menu = new QMenu("File", this);
-  menu->setObjectName("MnuFile");
+  auto* menu = Named("MnuFile", new QMenu("File", this));
   QAction* extras = menu->addAction("Fun");
   extras->setObjectName("MnuFun");
   extras->setShortcut(Qt::Key_F2);

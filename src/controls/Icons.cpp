@@ -39,7 +39,7 @@ class ThemeIconEngine : public QIconEngine {
     painter->restore();
   }
 
-  // Asked at every painting of a button, and to draw a picture takes far longer than to find it again.
+  // Asked at every painting of a button, and drawing takes far longer than a cache look-up.
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
     const QString key = QStringLiteral("%1 %2x%3 %4 %5")
                             .arg(name_, QString::number(size.width()), QString::number(size.height()),

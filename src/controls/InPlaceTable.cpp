@@ -60,10 +60,6 @@ void InPlaceTable::setUp(int mode) {
   setEditTriggers(mode == 0 ? NoEditTriggers : kEditing);
 }
 
-void InPlaceTable::setPickList(bool on) {
-  setEditTriggers(on ? NoEditTriggers : kEditing);
-}
-
 void InPlaceTable::hideHeaders() {
   horizontalHeader()->hide();
 }

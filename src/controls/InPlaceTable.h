@@ -22,10 +22,8 @@ class InPlaceTable : public QTableView, public TableSink {
 
   // The last column is wider where there is room.
   void addColumn(const QString& caption, int widthTwips);
-  // Lets the user edit the values, each as its kind allows.
+  // Lets the user edit the values, each as its kind allows; mode 0: none, as in a new table.
   void setUp(int mode);
-  // Nothing can be edited, one row can be picked.
-  void setPickList(bool on);
   void hideHeaders();
   void setFontSize(int points);
 

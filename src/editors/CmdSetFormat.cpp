@@ -2,10 +2,12 @@
 #include "editors/CmdSetFormat.h"
 
 #include <QHBoxLayout>
+#include <QImage>
 #include <QLabel>
 #include <QPainter>
 
 #include "controls/Icons.h"
+#include "controls/Named.h"
 
 namespace korvane {
 
@@ -49,8 +51,7 @@ CmdSetFormat::CmdSetFormat(SettingsStore& store, QWidget* parent) : ToolDialog(p
   setObjectName("CmdSetFormat");
   setWindowTitle("Command Set Format");
   setWindowIcon(ApplicationIcon());
-  auto* picture = new QLabel;
-  picture->setObjectName("Picture1");
+  auto* picture = Named("Picture1", new QLabel);
   picture->setAccessibleName("Top row: slots 1, 3, 5, 7, 9, 11. Bottom row: slots 2, 4, 6, 8, 10, 12.");
   picture->setPixmap(QPixmap::fromImage(DrawSlots(devicePixelRatioF()), Qt::ColorOnly));
   auto* layout = new QHBoxLayout(this);

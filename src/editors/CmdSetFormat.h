@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QImage>
-
 #include "controls/ToolDialog.h"
 
 namespace korvane {

@@ -7,6 +7,7 @@
 
 #include "controls/Icons.h"
 #include "controls/InPlaceTable.h"
+#include "controls/Named.h"
 
 namespace korvane {
 
@@ -48,12 +49,10 @@ constexpr const char* kOfferedTypes[] = {"EXPLOSION",
                                          "FLESHY_SNIPER"};
 
 InPlaceTable* MakeTypeList(QWidget* parent) {
-  auto* list = new InPlaceTable(parent);
-  list->setObjectName("LV");
+  auto* list = Named("LV", new InPlaceTable(parent));
   list->setAccessibleName("Damage types");
   list->setFontSize(kFontPoints);
   list->hideHeaders();
-  list->setPickList(true);
   list->addColumn({}, kColumnTwips);
   for (const char* type : kOfferedTypes) list->addRow(type);
   const int scrollBar = list->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, list);
@@ -62,8 +61,7 @@ InPlaceTable* MakeTypeList(QWidget* parent) {
 }
 
 QPushButton* AddButton(QVBoxLayout& buttons, const char* name, const char* caption) {
-  auto* button = new QPushButton(caption);
-  button->setObjectName(name);
+  auto* button = Named(name, new QPushButton(caption));
   buttons.addWidget(button);
   return button;
 }

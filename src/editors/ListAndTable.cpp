@@ -15,12 +15,12 @@ namespace {
 
 // Twips.
 constexpr int kMargin = 100;       // left of the list, right of the table, above and below both
-constexpr int kListShorter = 175;  // than the distance from the window's edge to the table
+constexpr int kListShorter = 175;  // subtracted from the table's left edge to give the list's width
 
 constexpr int kTablePercent = 30;  // where the table begins
 
-// Of these, one is as good as the widest. To measure a name takes a thousand times as long as to see its
-// length.
+// The widest name is almost certainly among the longest; measuring costs a thousand times as much as
+// comparing lengths.
 constexpr qsizetype kMeasured = 32;
 
 QStringList Longest(QStringList names) {

@@ -96,7 +96,7 @@ void TableEditor::makeColumns() {
 void TableEditor::load() {
   if (std::exchange(loaded_, true)) return;
   const WindowCalls::Running call(calls_);
-  // Goes on when the parser is taken too: this load is then part of the command that took it.
+  // Goes on when the parser is taken too: the names are read with a reader of this window's own.
   const ParserTurn turn(context_.parser);
   RestorePlacement(context_.services.settings, *this);
   fillList(readNames());

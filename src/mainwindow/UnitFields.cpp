@@ -14,6 +14,7 @@
 
 #include "controls/InPlaceTable.h"
 #include "controls/MaskedField.h"
+#include "controls/Named.h"
 
 namespace korvane {
 
@@ -38,12 +39,6 @@ constexpr std::array<HandlingField, kHandlingFields> kHandling = {{
 
 constexpr int kFieldWidth = 220;     // device-independent pixels
 constexpr int kListEntryWidth = 34;  // characters
-
-template <typename Widget>
-Widget* Named(const char* name, Widget* widget) {
-  widget->setObjectName(name);
-  return widget;
-}
 
 QLineEdit* TextField(const char* name) {
   auto* field = Named(name, new QLineEdit);

@@ -30,8 +30,7 @@ QStringList FilesWithUnixLineEnds(std::string_view gameFolder) {
   for (const DataFile& file : kDataFiles) {
     std::string path(gameFolder);
     path.append(file.folder).append(file.name);
-    if (HasOnlyUnixLineEnds(pieces, path))
-      names += QString::fromUtf8(file.name.data(), static_cast<qsizetype>(file.name.size()));
+    if (HasOnlyUnixLineEnds(pieces, path)) names += QString::fromUtf8(file.name);
   }
   return names;
 }

@@ -23,8 +23,9 @@ namespace korvane {
 
 namespace {
 
-// A table editor reads its list when it is made; the events that run meanwhile find it in its place. One that
-// the user closes even then is still this one: it goes a moment later.
+// A table editor reads its list when it is made; the events that run meanwhile already find the window
+// registered. If the user closes it meanwhile the reference stays valid until control returns to the event
+// loop.
 template <typename Editor>
 Editor& Loaded(Lazy<Editor>& lazy) {
   Editor& editor = lazy.get();

@@ -14,6 +14,8 @@
 #include <chrono>
 
 #include "controls/Icons.h"
+#include "controls/Named.h"
+#include "controls/ShownText.h"
 #include "files/NativePath.h"
 #include "ini/DataFiles.h"
 #include "mainwindow/FrmEdit.h"
@@ -32,7 +34,6 @@ namespace korvane {
 
 namespace {
 
-const QString kCrLf = QStringLiteral("\r\n");
 constexpr int kMissingFilesTopic = 62;
 constexpr auto kAnimationInterval = std::chrono::milliseconds(500);
 constexpr std::array kLoadingTexts = {"Loading.", "Loading..", "Loading...", "Loading...."};
@@ -44,10 +45,14 @@ bool Exists(const QString& path) {
   return FileExists(path.toStdString());
 }
 
-template <typename Widget>
-Widget* Named(const char* name, Widget* widget) {
-  widget->setObjectName(name);
-  return widget;
+QLabel* TitleLabel() {
+  auto* title = new QLabel(ApplicationTitle());
+  QFont large = title->font();
+  large.setPointSizeF(large.pointSizeF() * 1.4);
+  large.setBold(true);
+  title->setFont(large);
+  title->setWordWrap(true);
+  return title;
 }
 
 }  // namespace
@@ -70,16 +75,10 @@ frmSplash::frmSplash(const Services& services, StartupWindows& windows, QString 
 void frmSplash::buildWindow() {
   auto* picture = Named("Image1", new QLabel);
   picture->setPixmap(ApplicationIcon().pixmap(QSize(kPictureSize, kPictureSize), devicePixelRatioF()));
-  auto* title = new QLabel(ApplicationTitle());
-  QFont large = title->font();
-  large.setPointSizeF(large.pointSizeF() * 1.4);
-  large.setBold(true);
-  title->setFont(large);
-  title->setWordWrap(true);
   auto* texts = new QVBoxLayout;
   texts->setSpacing(6);
   texts->addStretch(1);
-  texts->addWidget(title);
+  texts->addWidget(TitleLabel());
   texts->addWidget(lblVersion_);
   texts->addWidget(Named("lblPlatform", new QLabel("Win 9X / XP")));
   texts->addStretch(1);
@@ -133,18 +132,18 @@ void frmSplash::load() {
 }
 
 void frmSplash::IdentifyFixProblems() {
-  if (manifestRemoved() || stockDataMissing()) {
+  if (removeManifest() || tellMissingStockData()) {
     endProgram();
     return;
   }
   if (INIExist()) return;
-  services_.messages.show({.text = services_.folders.game + "\\Data\\INI does not exist, " + kCrLf +
-                                   ApplicationTitle() + " will now run the setup wizard."},
+  services_.messages.show({.text = iniFolder() + " does not exist, " + kCrLf + ApplicationTitle() +
+                                   " will now run the setup wizard."},
                           this);
   showWizardAndClose();
 }
 
-bool frmSplash::manifestRemoved() {
+bool frmSplash::removeManifest() {
   const QString manifest = services_.folders.program + "\\Korvane.exe.manifest";
   if (!Exists(manifest)) return false;
   QFile::remove(NativeText(manifest.toStdString()));
@@ -155,7 +154,7 @@ bool frmSplash::manifestRemoved() {
   return true;
 }
 
-bool frmSplash::stockDataMissing() {
+bool frmSplash::tellMissingStockData() {
   const QString missing = MissingFiles();
   if (missing.isEmpty()) return false;
   services_.messages.show({.text = "The following files are missing:" + kCrLf + missing + kCrLf +
@@ -178,8 +177,12 @@ QString frmSplash::MissingFiles() const {
   return missing;
 }
 
+QString frmSplash::iniFolder() const {
+  return services_.folders.game + QString::fromUtf8(kIniFolder).chopped(1);
+}
+
 bool frmSplash::INIExist() const {
-  return FolderExists((services_.folders.game + "\\Data\\INI").toStdString());
+  return FolderExists(iniFolder().toStdString());
 }
 
 void frmSplash::openEditor() {

@@ -35,9 +35,12 @@ class frmSplash : public QWidget {
   void animate();
 
   void IdentifyFixProblems();
-  bool manifestRemoved();
-  bool stockDataMissing();
+  // True when there was one, and the user has been told; the program can then not go on.
+  bool removeManifest();
+  // True when some are missing.
+  bool tellMissingStockData();
   QString MissingFiles() const;
+  QString iniFolder() const;
   bool INIExist() const;
 
   void openEditor();

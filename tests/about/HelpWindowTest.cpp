@@ -17,16 +17,13 @@
 #include "about/HelpDesk.h"
 #include "platform/DesktopMessageBoxes.h"
 #include "support/GameFolder.h"
+#include "support/Windows.h"
 
 namespace korvane {
 namespace {
 
 FrmHelp* HelpWindow() {
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    auto* help = qobject_cast<FrmHelp*>(window);
-    if (help != nullptr && help->isVisible()) return help;
-  }
-  return nullptr;
+  return qobject_cast<FrmHelp*>(VisibleWindow("FrmHelp"));
 }
 
 QString Heading(const FrmHelp& window) {

@@ -120,7 +120,7 @@ TEST_F(InPlaceTableTest, AChoiceCanBePickedOrTyped) {
 TEST_F(InPlaceTableTest, NothingElseCanBeEdited) {
   for (const auto& [row, column] : {std::pair{0, 0}, {1, 0}, {1, 1}, {3, 1}})
     EXPECT_FALSE(table.model()->flags(table.model()->index(row, column)).testFlag(Qt::ItemIsEditable));
-  table.setPickList(true);
+  table.setUp(0);
   select(0, 1);
   QTest::keyClick(&table, Qt::Key_F2);
   EXPECT_EQ(line(), nullptr);

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QApplication>
 #include <QComboBox>
 #include <QListView>
 #include <QPointer>
@@ -14,6 +13,7 @@
 #include "mainwindow/FrmEdit.h"
 #include "startup/Program.h"
 #include "support/TestDesk.h"
+#include "support/Windows.h"
 
 namespace korvane {
 namespace {
@@ -27,22 +27,17 @@ class EditorWindowsTest : public testing::Test, protected TestDesk {
     game.ini("Armor.ini", armours);
   }
 
-  static QWidget* window(const char* name) {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-      if (widget->objectName() == name) return widget;
-    }
-    return nullptr;
-  }
-  static int armours() { return window("FrmArmour")->findChild<QListView*>()->model()->rowCount(); }
+  static int armours() { return WindowNamed("FrmArmour")->findChild<QListView*>()->model()->rowCount(); }
   static QString selectedArmour() {
-    const auto indexes = window("FrmArmour")->findChild<QListView*>()->selectionModel()->selectedIndexes();
+    const auto indexes =
+        WindowNamed("FrmArmour")->findChild<QListView*>()->selectionModel()->selectedIndexes();
     return indexes.isEmpty() ? QString("none") : indexes.first().data().toString();
   }
   void chooseArmour(const char* name) {
     program.mainWindow().findChild<QComboBox*>("CboArmour")->setEditText(name);
   }
   static void closeAndWait(const char* name) {
-    window(name)->close();
+    WindowNamed(name)->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
@@ -52,7 +47,7 @@ class EditorWindowsTest : public testing::Test, protected TestDesk {
 TEST_F(EditorWindowsTest, TheArmourEditorFollowsTheArmourListWhetherItIsOpenOrNot) {
   chooseArmour("tankarmor");
   program.mainWindow().findChild<QPushButton*>("Command2")->click();
-  EXPECT_TRUE(window("FrmArmour")->isVisible());
+  EXPECT_TRUE(WindowNamed("FrmArmour")->isVisible());
   EXPECT_EQ(selectedArmour(), "TankArmor");
   chooseArmour("TankArmorHeavy");
   EXPECT_EQ(selectedArmour(), "TankArmorHeavy");
@@ -66,20 +61,20 @@ TEST_F(EditorWindowsTest, TheArmourEditorFollowsTheArmourListWhetherItIsOpenOrNo
 
 TEST_F(EditorWindowsTest, ADamageTypeIsAddedEvenWhenTheArmourEditorHasBeenClosed) {
   program.showArmourEditor();
-  window("FrmArmour")->findChild<QAction*>("Test")->trigger();
+  WindowNamed("FrmArmour")->findChild<QAction*>("Test")->trigger();
   closeAndWait("FrmArmour");
-  window("FrmAmrPar")->findChild<InPlaceTable*>("LV")->selectRow(4);
-  window("FrmAmrPar")->findChild<QPushButton*>("CmdOK")->click();
-  ASSERT_NE(window("FrmArmour"), nullptr);
-  EXPECT_FALSE(window("FrmArmour")->isVisible());
-  EXPECT_EQ(window("FrmArmour")->findChild<InPlaceTable*>("LVEdit")->row(0).caption, "GATTLING");
+  WindowNamed("FrmAmrPar")->findChild<InPlaceTable*>("LV")->selectRow(4);
+  WindowNamed("FrmAmrPar")->findChild<QPushButton*>("CmdOK")->click();
+  ASSERT_NE(WindowNamed("FrmArmour"), nullptr);
+  EXPECT_FALSE(WindowNamed("FrmArmour")->isVisible());
+  EXPECT_EQ(WindowNamed("FrmArmour")->findChild<InPlaceTable*>("LVEdit")->row(0).caption, "GATTLING");
 }
 
 TEST_F(EditorWindowsTest, ADialogThatIsClosedWhileItsOkReadsTheEditorsFileStaysUntilThen) {
   program.showArmourEditor();
-  window("FrmArmour")->findChild<QAction*>("Test")->trigger();
+  WindowNamed("FrmArmour")->findChild<QAction*>("Test")->trigger();
   closeAndWait("FrmArmour");
-  const QPointer<QWidget> dialog = window("FrmAmrPar");
+  const QPointer<QWidget> dialog = WindowNamed("FrmAmrPar");
   dialog->findChild<InPlaceTable*>("LV")->selectRow(4);
   auto* ok = dialog->findChild<QPushButton*>("CmdOK");
   bool goneInside = false;
@@ -107,21 +102,20 @@ TEST_F(EditorWindowsTest, AFileThatIsOpenedWhileABlockIsReadIsNotOverwrittenByTh
   main.findChild<QPushButton*>("Btn_FEdit")->click();
   EXPECT_FALSE(yield.onTurn) << "no event ran while the block was read";
   QTest::qWait(10);
-  window("FrmManEdit")->findChild<QAction*>("MnuSave")->trigger();
+  WindowNamed("FrmManEdit")->findChild<QAction*>("MnuSave")->trigger();
   EXPECT_EQ(game.read("Data/INI/Weapon.ini"), "Weapon Gun\r\nEnd\r\n");
 }
 
 TEST_F(EditorWindowsTest, AnEditorClosedWhileItReadsItsListIsMadeAnewByTheNextUse) {
   program.mainWindow();
-  QTest::qSleep(10);  // longer than a read waits before it lets events run
   yield.onTurn = [this] {
     program.showArmourEditor();
-    window("FrmArmour")->close();
+    WindowNamed("FrmArmour")->close();
   };
   program.showArmourEditor();
   EXPECT_FALSE(yield.onTurn) << "no event ran while the list was read";
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  EXPECT_EQ(window("FrmArmour"), nullptr);
+  EXPECT_EQ(WindowNamed("FrmArmour"), nullptr);
   program.showArmourEditor();
   EXPECT_EQ(armours(), 3);
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QFile>
 #include <QLabel>
 #include <QListView>
@@ -14,6 +13,7 @@
 #include "setup/StockTable.h"
 #include "startup/Program.h"
 #include "support/TestDesk.h"
+#include "support/Windows.h"
 
 namespace korvane {
 namespace {
@@ -41,12 +41,6 @@ class StartProgramTest : public testing::Test, protected TestDesk {
     program->StartProgram();
   }
 
-  static QWidget* visible(const char* name) {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-      if (window->objectName() == name && window->isVisible()) return window;
-    }
-    return nullptr;
-  }
   // Opens the folders on the way and gives the node of the path, which begins at the root.
   static QModelIndex reach(QTreeView& folders, const QString& path) {
     const QAbstractItemModel& model = *folders.model();
@@ -62,9 +56,9 @@ class StartProgramTest : public testing::Test, protected TestDesk {
     return at;
   }
   void expectWindows(bool editor, bool wizard) {
-    EXPECT_EQ(visible("FrmEdit") != nullptr, editor);
-    EXPECT_EQ(visible("frmWizard") != nullptr, wizard);
-    EXPECT_EQ(visible("frmSplash"), nullptr);
+    EXPECT_EQ(VisibleWindow("FrmEdit") != nullptr, editor);
+    EXPECT_EQ(VisibleWindow("frmWizard") != nullptr, wizard);
+    EXPECT_EQ(VisibleWindow("frmSplash"), nullptr);
   }
 
   GameFolder own;
@@ -147,7 +141,7 @@ TEST_F(StartProgramTest, EscapeDuringLoadingEndsWithoutTheMainWindow) {
   chooseGame();
   yield.onTurn = [this] {
     yield.onTurn = [] {
-      if (QWidget* splash = visible("frmSplash")) QTest::keyClick(splash, Qt::Key_Escape);
+      if (QWidget* splash = VisibleWindow("frmSplash")) QTest::keyClick(splash, Qt::Key_Escape);
     };
   };
   start();
@@ -170,7 +164,7 @@ TEST_F(StartProgramTest, AClickThatComesAfterTheCloseStartsNothing) {
   chooseGame();
   start();
   program->showArmourEditor();
-  const QPointer<QWidget> editor = visible("FrmArmour");
+  const QPointer<QWidget> editor = VisibleWindow("FrmArmour");
   ASSERT_TRUE(editor);
   editor->close();
   ASSERT_TRUE(editor);  // gone only when the events of now are over
@@ -182,7 +176,7 @@ TEST_F(StartProgramTest, AClickThatComesAfterTheCloseStartsNothing) {
 
 TEST_F(StartProgramTest, TheWizardLeadsFromAnEmptyStoreToTheEditor) {
   start("-Reinstall");
-  QWidget* wizard = visible("frmWizard");
+  QWidget* wizard = VisibleWindow("frmWizard");
   ASSERT_NE(wizard, nullptr);
   const auto press = [wizard](const char* button) { wizard->findChild<QPushButton*>(button)->click(); };
   press("cmdNav3");
