@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QCursor>
 #include <QListView>
 #include <QPixmap>
 #include <QScreen>
@@ -42,12 +43,12 @@ constexpr ObjectStop kObjectStops[] = {
     {"Nature Props", "object-nature-prop"},         {"Nature Units", "object-nature-unit"},
 };
 
-// The first leaf below the node, in the order of the tree, that is deeper than a group without objects.
-QModelIndex FirstObject(const QAbstractItemModel& model, const QModelIndex& category) {
-  for (int row = 0; row < model.rowCount(category); ++row) {
-    const QModelIndex child = model.index(row, 0, category);
-    if (model.rowCount(child) > 0) return model.index(0, 0, child);
-    if (child.data().toString().size() > QString("Cinematic").size()) return child;
+// The first object below the node, in the order of the tree.
+QModelIndex FirstObject(const ObjectTreeModel& model, const QModelIndex& group) {
+  for (int row = 0; row < model.rowCount(group); ++row) {
+    const QModelIndex child = model.index(row, 0, group);
+    if (model.node(child)->key.starts_with(kObjectKeyPrefix)) return child;
+    if (const QModelIndex object = FirstObject(model, child); object.isValid()) return object;
   }
   return {};
 }
@@ -81,6 +82,7 @@ QModelIndex Reach(QTreeView& folders, const QString& path) {
 }  // namespace
 
 bool Tour::run() {
+  QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());  // on no button
   start();
   objects();
   tabs();
@@ -142,7 +144,7 @@ void Tour::start() {
 
 void Tour::showObject(const QString& group, const QString& pictureName) {
   QTreeView& tree = objectTree();
-  const QAbstractItemModel& model = *tree.model();
+  const ObjectTreeModel& model = program_.mainWindow().objects();
   const QModelIndex category =
       model.match(model.index(0, 0), Qt::DisplayRole, group, 1, Qt::MatchExactly).value(0);
   const QModelIndex object = FirstObject(model, category);
