@@ -27,7 +27,7 @@ namespace {
 constexpr int kMostLinks = 40;  // links that lead further than this lead in a circle
 
 #ifdef _WIN32
-constexpr QIODevice::OpenMode kToSync = QIODevice::ReadWrite | QIODevice::ExistingOnly;  // else it is refused
+constexpr QIODevice::OpenMode kToSync = QIODevice::ReadWrite | QIODevice::ExistingOnly;  // else no flush
 #else
 constexpr QIODevice::OpenMode kToSync = QIODevice::ReadOnly;
 #endif
