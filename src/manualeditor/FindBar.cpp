@@ -20,11 +20,13 @@ const QString kFindNext = QStringLiteral("Find Next");
 const QString kSearchList = QStringLiteral("Search List");
 constexpr int kBoxWidth = 220;  // pixels
 
-// Really let go: the find moves the keyboard into the text, and a held key would go on to overwrite the hit.
-bool IsEnterReleased(const QEvent& event) {
-  if (event.type() != QEvent::KeyRelease) return false;
-  const auto& key = static_cast<const QKeyEvent&>(event);
-  return !key.isAutoRepeat() && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter);
+// Some displays do not mark the repeats of a held key, but send them in pairs of release and press.
+constexpr int kLetGo = 30;  // milliseconds without a press after a release
+
+bool IsEnter(const QEvent& event, QEvent::Type type) {
+  if (event.type() != type) return false;
+  const int key = static_cast<const QKeyEvent&>(event).key();
+  return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
 }  // namespace
@@ -43,6 +45,9 @@ FindBar::FindBar(IniTextEdit& text, QToolBar& bar)
   CboFind_->installEventFilter(this);  // its line edit leaves the keyboard to it
   BtnFind_->installEventFilter(this);
   connect(CboFind_, &QComboBox::editTextChanged, this, [this] { BtnFind_->setText(kFind); });
+  released_.setSingleShot(true);
+  released_.setInterval(kLetGo);
+  connect(&released_, &QTimer::timeout, this, &FindBar::FindText);
   connect(BtnFind_, &QPushButton::clicked, this, &FindBar::FindText);
 }
 
@@ -99,8 +104,11 @@ QString FindBar::soughtText() const {
 }
 
 bool FindBar::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == CboFind_ && IsEnterReleased(*event)) {
-    FindText();
+  // Only when it is let go: the find moves the keyboard into the text, and a held key would overwrite the
+  // hit.
+  if (watched == CboFind_ && IsEnter(*event, QEvent::KeyPress)) released_.stop();
+  if (watched == CboFind_ && IsEnter(*event, QEvent::KeyRelease)) {
+    if (!static_cast<QKeyEvent*>(event)->isAutoRepeat()) released_.start();
     return true;
   }
   const bool released = event->type() == QEvent::KeyRelease || event->type() == QEvent::MouseButtonRelease;

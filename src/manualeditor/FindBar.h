@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 
 class QComboBox;
 class QPushButton;
@@ -42,6 +43,7 @@ class FindBar : public QObject {
   QComboBox* CboFind_;
   QPushButton* BtnFind_;
   bool loaded_ = false;
+  QTimer released_;  // runs while a release of Enter may still be a repeat
 };
 
 }  // namespace korvane

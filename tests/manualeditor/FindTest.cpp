@@ -30,6 +30,7 @@ TEST_F(FindTest, FindsOnFromHitToHitAndStaysAtTheLast) {
     part<QComboBox>("CboFind")->setFocus();
     if (button() == "Find") part<QComboBox>("CboFind")->setEditText("Gun");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return text().focusProxy()->hasFocus(); }));
     EXPECT_EQ(panel(1), line);
     EXPECT_EQ(button(), caption);
   }
@@ -45,13 +46,17 @@ TEST_F(FindTest, EnterFindsOnceItIsLetGo) {
   auto* box = part<QComboBox>("CboFind");
   box->setFocus();
   box->setEditText("gun");
-  for (const auto& [type, repeated] : {std::pair{QEvent::KeyPress, false},
-                                       {QEvent::KeyRelease, true},
-                                       {QEvent::KeyPress, true},
-                                       {QEvent::KeyRelease, false}}) {
-    EXPECT_EQ(text().selectedText(), "");
-    QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier, "\r", repeated);
-    QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
+  for (const bool marked : {true, false}) {
+    for (const auto& [type, repeated] : {std::pair{QEvent::KeyPress, false},
+                                         {QEvent::KeyRelease, true},
+                                         {QEvent::KeyPress, true},
+                                         {QEvent::KeyRelease, false}}) {
+      QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier, "\r", repeated && marked);
+      QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
+      EXPECT_FALSE(text().focusProxy()->hasFocus());
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return text().focusProxy()->hasFocus(); }));
+    box->setFocus();
   }
   EXPECT_EQ(text().selectedText(), "gun");
   EXPECT_EQ(text().fileBytes().bytes, "gun");
