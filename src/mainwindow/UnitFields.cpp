@@ -68,6 +68,8 @@ void AddRow(QFormLayout* form, const char* caption, QWidget* field, Row* row) {
   auto* label = new QLabel(caption);
   label->setBuddy(field);
   field->setAccessibleName(QString(caption).chopped(1).simplified());
+  if (auto* list = qobject_cast<QComboBox*>(field); list != nullptr && list->isEditable())
+    list->lineEdit()->setAccessibleName(field->accessibleName());  // it has the focus
   form->addRow(label, row);
 }
 
@@ -112,6 +114,7 @@ QWidget* Page(std::initializer_list<QWidget*> frames, QWidget* rest = nullptr) {
 }  // namespace
 
 UnitFields::UnitFields() : F_Tab(Named("F_Tab", new QTabWidget)), weapons(new QStringListModel(F_Tab)) {
+  F_Tab->setAccessibleName("Values of the object");
   QFont captions = F_Tab->font();
   captions.setFamilies({"Verdana", captions.family()});
   F_Tab->tabBar()->setFont(captions);

@@ -36,6 +36,7 @@ FindBar::FindBar(IniTextEdit& text, QToolBar& bar)
   CboFind_->setObjectName("CboFind");
   CboFind_->setAccessibleName(kFind);
   CboFind_->setEditable(true);
+  CboFind_->lineEdit()->setAccessibleName(kFind);
   CboFind_->setInsertPolicy(QComboBox::NoInsert);
   CboFind_->setCompleter(nullptr);  // what is typed is what is sought
   CboFind_->setMinimumWidth(kBoxWidth);

@@ -92,6 +92,7 @@ IniTextEdit::IniTextEdit(QWidget* parent)
 }
 
 void IniTextEdit::prepare() {
+  text_->setAccessibleName("Text");
   text_->setUtf8(true);
   text_->setEolMode(QsciScintilla::EolWindows);
   text_->setTabWidth(4);
