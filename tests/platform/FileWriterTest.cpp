@@ -87,6 +87,24 @@ TEST_F(FileWriterTest, AFileMarkedAsFixedIsRefused) {
   EXPECT_EQ(folder_.read("a.ini"), "old");
 }
 
+TEST_F(FileWriterTest, AFolderThatIsNotTheUsersToChangeIsRefused) {
+  folder_.write("a.ini", "old");
+  fs::permissions(folder_.native(""), fs::perms(0555));
+  const pid_t child = fork();
+  if (child == 0) {
+    if (geteuid() == 0 && setuid(65534) != 0) _exit(2);  // for whom permissions count
+    const bool refused = !writer_.replace(pathOf("a.ini"), "new").isEmpty() &&
+                         !writer_.create(pathOf("b.ini"), "new").isEmpty();
+    _exit(refused ? 0 : 1);
+  }
+  int status = -1;
+  waitpid(child, &status, 0);
+  fs::permissions(folder_.native(""), fs::perms(0755));
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(folder_.read("a.ini"), "old");
+  EXPECT_EQ(entries(), 2);
+}
+
 // The largest file that this process may write, as if the disk were full behind it.
 class FileSizeLimit {
  public:
