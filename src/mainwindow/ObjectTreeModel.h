@@ -10,6 +10,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "mainwindow/ObjectKey.h"
+
 namespace korvane {
 
 // A node of the object tree. Texts are the files' bytes.
@@ -21,9 +23,6 @@ struct ObjectNode {
   int row = 0;
   std::vector<std::unique_ptr<ObjectNode>> children;
 };
-
-// How the keys of object nodes begin; no node can be added below one of those.
-inline constexpr std::string_view kObjectKeyPrefix = "Key";
 
 // The catalogue of every unit, building and prop, as the tree shows it.
 class ObjectTreeModel : public QAbstractItemModel {

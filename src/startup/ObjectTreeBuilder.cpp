@@ -7,7 +7,7 @@
 #include "files/NativePath.h"
 #include "ini/DataFiles.h"
 #include "ini/IniText.h"
-#include "mainwindow/ObjectTreeModel.h"
+#include "mainwindow/ObjectKey.h"
 
 namespace korvane {
 
