@@ -3,9 +3,12 @@
 
 #include <QApplication>
 #include <QLocale>
+#include <QTemporaryDir>
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
+  const QTemporaryDir data;  // what the tests keep does not belong among the user's own versions
+  qputenv("XDG_DATA_HOME", data.path().toLocal8Bit());
   QApplication app(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
