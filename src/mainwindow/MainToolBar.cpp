@@ -62,12 +62,14 @@ const std::array kButtons = {
 };
 constexpr Button kExitButton{"W95MBX01", "Exit", "exit"};
 
-// A drop-down entry is known by its text alone; a file is opened by its name in small letters.
+// A drop-down entry is known by its text alone, in any letter case.
 void Dispatch(LaunchCommands& commands, const QString& text) {
+  const QString lower = text.toLower();
   for (const EditorEntry& editor : kEditors) {
-    if (text == editor.caption) return (commands.*editor.launch)();
+    if (editor.launch != nullptr && lower == QString(editor.caption).toLower())
+      return (commands.*editor.launch)();
   }
-  commands.openDataFile(text.toLower());
+  commands.openDataFile(lower);
 }
 
 QMenu* DropDown(QToolButton& button, Captions entries, LaunchCommands& commands) {
