@@ -9,7 +9,7 @@
 #include "GameGenerator.h"
 #include "files/NativePath.h"
 #include "ini/DataFiles.h"
-#include "setup/StockTable.h"
+#include "stock/StockTable.h"
 
 namespace korvane {
 

@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "controls/Services.h"
+#include "app/Services.h"
 #include "settings/SettingsStore.h"
 #include "support/Fakes.h"
 

@@ -4,9 +4,9 @@
 #include "BarePass.h"
 #include "ProgramJobs.h"
 #include "platform/FileWriter.h"
-#include "setup/DBCtl.h"
 #include "setup/StockRestoration.h"
-#include "setup/StockTable.h"
+#include "stock/DBCtl.h"
+#include "stock/StockTable.h"
 
 namespace korvane {
 

@@ -7,8 +7,8 @@
 #include "BarePass.h"
 #include "ProgramJobs.h"
 #include "Windows.h"
+#include "catalogue/ObjectTreeBuilder.h"
 #include "mainwindow/FrmEdit.h"
-#include "startup/ObjectTreeBuilder.h"
 #include "startup/Program.h"
 
 namespace korvane {

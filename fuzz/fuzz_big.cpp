@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as one of the game's archives.
 #include "FuzzFolder.h"
-#include "setup/BigArchive.h"
-#include "setup/RestorePath.h"
+#include "stock/BigArchive.h"
+#include "stock/RestorePath.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace korvane;

@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "FuzzFolder.h"
-#include "setup/BinaryNumbers.h"
-#include "setup/StockFiles.h"
+#include "stock/BinaryNumbers.h"
+#include "stock/StockFiles.h"
 
 namespace {
 

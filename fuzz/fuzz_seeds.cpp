@@ -4,8 +4,8 @@
 #include <fstream>
 #include <iterator>
 
-#include "setup/StockFiles.h"
-#include "setup/StockTable.h"
+#include "stock/StockFiles.h"
+#include "stock/StockTable.h"
 
 namespace {
 

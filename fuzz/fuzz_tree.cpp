@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "FuzzFolder.h"
-#include "startup/ObjectTreeBuilder.h"
+#include "catalogue/ObjectTreeBuilder.h"
 #include "support/SlowIni.h"
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include <cstdio>
 
-#include "files/Terminal.h"
+#include "Terminal.h"
 
 namespace korvane {
 

@@ -3,7 +3,7 @@
 
 #include <QMenu>
 
-#include "controls/UnitChoices.h"
+#include "app/UnitChoices.h"
 
 namespace korvane {
 

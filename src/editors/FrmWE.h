@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "controls/UnitChoices.h"
+#include "app/UnitChoices.h"
 #include "editors/TableEditor.h"
 
 namespace korvane {

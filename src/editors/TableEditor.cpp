@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
-#include "controls/EditorLauncher.h"
+#include "app/EditorLauncher.h"
+#include "app/ManualEditTarget.h"
 #include "controls/Icons.h"
-#include "controls/ManualEditTarget.h"
 #include "controls/MenuButton.h"
 #include "controls/Placement.h"
 #include "controls/ShownText.h"

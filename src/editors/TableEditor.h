@@ -9,8 +9,8 @@
 #include <optional>
 #include <string>
 
+#include "app/Services.h"
 #include "controls/InPlaceTable.h"
-#include "controls/Services.h"
 #include "editors/TableEditorEntry.h"
 #include "platform/WindowCalls.h"
 

@@ -3,7 +3,7 @@
 
 #include <QComboBox>
 
-#include "controls/Services.h"
+#include "app/Services.h"
 #include "controls/ShownText.h"
 #include "ini/DataFiles.h"
 #include "ini/IniText.h"

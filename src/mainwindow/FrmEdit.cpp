@@ -16,7 +16,7 @@
 #include <algorithm>
 #include <chrono>
 
-#include "controls/EditorLauncher.h"
+#include "app/EditorLauncher.h"
 #include "controls/Placement.h"
 #include "controls/StoredFont.h"
 #include "mainwindow/MainMenu.h"

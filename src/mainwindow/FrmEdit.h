@@ -5,9 +5,9 @@
 #include <QTimer>
 #include <QTreeView>
 
+#include "app/Services.h"
+#include "app/UnitChoices.h"
 #include "controls/ClickView.h"
-#include "controls/Services.h"
-#include "controls/UnitChoices.h"
 #include "ini/SParse.h"
 #include "mainwindow/LaunchCommands.h"
 #include "mainwindow/ObjectDisplay.h"

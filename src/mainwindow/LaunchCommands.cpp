@@ -3,8 +3,8 @@
 
 #include <QWidget>
 
-#include "controls/EditorLauncher.h"
-#include "controls/ManualEditTarget.h"
+#include "app/EditorLauncher.h"
+#include "app/ManualEditTarget.h"
 #include "controls/ShownText.h"
 #include "files/NativePath.h"
 #include "ini/DataFiles.h"

@@ -6,7 +6,7 @@
 #include <functional>
 #include <string>
 
-#include "controls/Services.h"
+#include "app/Services.h"
 #include "ini/SParse.h"
 
 class QWidget;

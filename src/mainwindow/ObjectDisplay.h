@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "controls/Services.h"
+#include "app/Services.h"
 #include "ini/SParse.h"
 #include "mainwindow/ChoiceLists.h"
 #include "mainwindow/InformationList.h"

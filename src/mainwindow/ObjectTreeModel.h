@@ -10,7 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "mainwindow/ObjectKey.h"
+#include "catalogue/ObjectKey.h"
 
 namespace korvane {
 

@@ -16,11 +16,11 @@
 
 #include <algorithm>
 
+#include "app/ManualEditTarget.h"
+#include "app/Services.h"
 #include "controls/FontDialog.h"
 #include "controls/Icons.h"
-#include "controls/ManualEditTarget.h"
 #include "controls/Placement.h"
-#include "controls/Services.h"
 #include "controls/StoredFont.h"
 #include "manualeditor/FindBar.h"
 #include "manualeditor/FrmReplace.h"

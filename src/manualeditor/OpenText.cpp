@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "controls/Services.h"
+#include "app/Services.h"
 #include "files/FileBytes.h"
 #include "files/NativePath.h"
 #include "manualeditor/IniTextEdit.h"

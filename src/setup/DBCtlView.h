@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-#include "setup/DBCtl.h"
+#include "stock/DBCtl.h"
 
 namespace korvane {
 

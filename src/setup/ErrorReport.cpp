@@ -4,7 +4,7 @@
 #include <QStringList>
 
 #include "platform/SupportAddress.h"
-#include "setup/DatabaseError.h"
+#include "stock/DatabaseError.h"
 
 namespace korvane {
 

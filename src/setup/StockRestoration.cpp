@@ -7,8 +7,8 @@
 #include "files/NativePath.h"
 #include "files/Windows1252.h"
 #include "platform/FileWriter.h"
-#include "setup/DBCtl.h"
-#include "setup/RestorePath.h"
+#include "stock/DBCtl.h"
+#include "stock/RestorePath.h"
 
 namespace korvane {
 

@@ -10,21 +10,21 @@
 
 #include <exception>
 
+#include "app/Services.h"
 #include "controls/Placement.h"
-#include "controls/Services.h"
 #include "platform/EventYield.h"
 #include "platform/HelpViewer.h"
 #include "platform/MessageBoxes.h"
 #include "platform/ProcessEnd.h"
 #include "settings/SettingsStore.h"
 #include "setup/DBCtlView.h"
-#include "setup/DatabaseError.h"
 #include "setup/ErrorReport.h"
 #include "setup/FirstTreeFont.h"
 #include "setup/FolderChooser.h"
 #include "setup/ResStrings.h"
 #include "setup/StockRestoration.h"
 #include "setup/WizardSteps.h"
+#include "stock/DatabaseError.h"
 
 namespace korvane {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "about/HelpDesk.h"
-#include "controls/Services.h"
+#include "app/Services.h"
 #include "platform/DesktopMessageBoxes.h"
 #include "platform/EventYield.h"
 #include "platform/PlatformShell.h"

@@ -12,10 +12,10 @@
 #include "editors/FrmWE.h"
 #include "mainwindow/FrmEdit.h"
 #include "manualeditor/FrmManEdit.h"
+#include "options/FrmOpt.h"
 #include "platform/EventYield.h"
 #include "platform/KeptVersions.h"
 #include "platform/Registry.h"
-#include "settings/FrmOpt.h"
 #include "setup/frmWizard.h"
 #include "startup/frmSplash.h"
 

@@ -5,10 +5,10 @@
 
 #include <memory>
 
-#include "controls/EditorLauncher.h"
+#include "app/EditorLauncher.h"
+#include "app/ManualEditTarget.h"
+#include "app/Services.h"
 #include "controls/FontDialog.h"
-#include "controls/ManualEditTarget.h"
-#include "controls/Services.h"
 #include "platform/FileWriter.h"
 #include "platform/Programs.h"
 #include "setup/FolderChooser.h"

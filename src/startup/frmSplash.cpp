@@ -13,6 +13,7 @@
 #include <array>
 #include <chrono>
 
+#include "catalogue/ObjectTreeBuilder.h"
 #include "controls/Icons.h"
 #include "controls/Named.h"
 #include "controls/ShownText.h"
@@ -27,7 +28,6 @@
 #include "platform/Version.h"
 #include "settings/SettingsStore.h"
 #include "startup/LineEnds.h"
-#include "startup/ObjectTreeBuilder.h"
 #include "startup/StartupWindows.h"
 
 namespace korvane {

@@ -5,7 +5,7 @@
 #include <QTimer>
 #include <QWidget>
 
-#include "controls/Services.h"
+#include "app/Services.h"
 
 class QLabel;
 class QProgressBar;

@@ -9,8 +9,8 @@
 
 #include <memory>
 
-#include "controls/ManualEditTarget.h"
-#include "controls/UnitChoices.h"
+#include "app/ManualEditTarget.h"
+#include "app/UnitChoices.h"
 #include "editors/TableEditor.h"
 #include "support/TestDesk.h"
 

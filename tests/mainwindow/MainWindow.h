@@ -15,8 +15,8 @@
 
 #include <memory>
 
+#include "app/ManualEditTarget.h"
 #include "controls/InPlaceTable.h"
-#include "controls/ManualEditTarget.h"
 #include "mainwindow/FrmEdit.h"
 #include "platform/TextEncoding.h"
 #include "support/TestDesk.h"

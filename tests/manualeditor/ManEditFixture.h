@@ -15,9 +15,9 @@
 #include <string>
 #include <string_view>
 
+#include "app/ManualEditTarget.h"
+#include "app/Services.h"
 #include "controls/FontDialog.h"
-#include "controls/ManualEditTarget.h"
-#include "controls/Services.h"
 #include "manualeditor/FrmManEdit.h"
 #include "manualeditor/IniTextEdit.h"
 #include "platform/FileWriter.h"

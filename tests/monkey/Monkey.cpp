@@ -17,8 +17,8 @@
 #include "manualeditor/IniTextEdit.h"
 #include "manualeditor/OpenText.h"
 #include "setup/GameFolderCheck.h"
-#include "setup/StockTable.h"
 #include "startup/Program.h"
+#include "stock/StockTable.h"
 
 namespace korvane {
 

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "controls/Services.h"
+#include "app/Services.h"
 #include "monkey/Chance.h"
 #include "monkey/GameLedger.h"
 #include "monkey/Hands.h"

@@ -9,13 +9,13 @@
 #include <QTest>
 #include <QTreeView>
 
-#include "controls/Services.h"
+#include "app/Services.h"
 #include "platform/FileWriter.h"
 #include "settings/SettingsStore.h"
 #include "setup/DBCtlView.h"
 #include "setup/FolderChooser.h"
-#include "setup/StockTable.h"
 #include "setup/frmWizard.h"
+#include "stock/StockTable.h"
 #include "support/Fakes.h"
 #include "support/GameFolder.h"
 

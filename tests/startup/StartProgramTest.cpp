@@ -10,8 +10,8 @@
 #include <QTreeView>
 
 #include "mainwindow/FrmEdit.h"
-#include "setup/StockTable.h"
 #include "startup/Program.h"
+#include "stock/StockTable.h"
 #include "support/TestDesk.h"
 #include "support/Windows.h"
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "controls/EditorLauncher.h"
-#include "controls/Services.h"
+#include "app/EditorLauncher.h"
+#include "app/Services.h"
 #include "settings/SettingsStore.h"
 #include "support/Fakes.h"
 #include "support/GameFolder.h"

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/ObjectTreeBuilder.h"
+
+#include <algorithm>
+#include <array>
+
+#include "catalogue/ObjectKey.h"
+#include "files/NativePath.h"
+#include "ini/DataFiles.h"
+#include "ini/IniText.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr std::string_view kObjectHeader = "Object";
+
+// How the objects of a file are grouped below its category.
+enum class Grouping { none, faction, letter };
+
+struct Category {
+  std::string_view text;
+  std::string_view key{};        // the name of the object file
+  std::string_view tag{};        // of the category and its groups
+  std::string_view objectTag{};  // of its object nodes
+  Grouping grouping = Grouping::none;
+  std::string_view prefix{};  // of its group keys
+};
+
+// Top-level nodes; the groups of each follow it.
+constexpr std::array kCategories = {
+    Category{"Player Buildings", "FactionBuilding.ini", "FactionBuilding.ini", "FactionBuilding.ini",
+             Grouping::faction, "FB"},
+    Category{"Player Units", "FactionUnit.ini", "FactionUnit.ini", "FactionUnit.ini", Grouping::faction,
+             "FU"},
+    Category{"Player Props", "FactionProp.ini", "FactionProp.ini"},
+    Category{"", "Sep1"},
+    Category{"Civilian Buildings", "CivilianBuilding.ini", "", "CivilianBuilding.ini", Grouping::letter,
+             "CB"},
+    Category{"Civilian Units", "CivilianUnit.ini", "", "CivilianUnit.ini", Grouping::letter, "CU"},
+    Category{"Civilian Props", "CivilianProp.ini", "", "CivilianProp.ini", Grouping::letter, "CP"},
+    Category{"", "Sep2"},
+    Category{"Nature Props", "NatureProp.ini", "", "NatureProp.ini", Grouping::letter, "NP"},
+    Category{"Nature Units", "NatureUnit.ini", "", "NatureUnit.ini"},
+};
+
+constexpr auto CategoryOf(std::string_view file) {
+  return std::ranges::find(kCategories, file, &Category::key);
+}
+static_assert(std::ranges::all_of(kObjectFiles, [](std::string_view file) {
+  return CategoryOf(file) != kCategories.end();
+}));
+
+struct Group {
+  std::string_view text;
+  std::string_view key;  // behind the category's prefix
+};
+
+// The names of a faction's objects begin with its key.
+constexpr std::array kFactions = {Group{"America", "America"}, Group{"China", "China"}, Group{"GLA", "GLA"},
+                                  Group{"Cinematic", "CINE"}};
+constexpr Group kOther{"Other", "Other"};
+constexpr Group kDigits{"0 - 9", "09"};
+
+constexpr bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+std::string Joined(std::string_view a, std::string_view b) {
+  std::string text(a);
+  text += b;
+  return text;
+}
+
+std::string_view FactionOf(std::string_view name) {
+  for (const Group& faction : kFactions) {
+    if (TVItem::CheckText(name, faction.key)) return faction.key;
+  }
+  return kOther.key;
+}
+
+std::string LetterGroup(std::string_view prefix, std::string_view name) {
+  if (name.empty()) return "no group";
+  return Joined(prefix, IsDigit(name[0]) ? kDigits.key : name.substr(0, 1));
+}
+
+std::string ParentKey(const Category& category, std::string_view name) {
+  switch (category.grouping) {
+    case Grouping::faction:
+      return Joined(category.prefix, FactionOf(name));
+    case Grouping::letter:
+      return LetterGroup(category.prefix, name);
+    case Grouping::none:
+      break;
+  }
+  return std::string(category.key);
+}
+
+template <typename Take>
+void ForEachFaction(Take&& take) {
+  for (const Group& faction : kFactions) take(faction);
+  take(kOther);
+}
+
+template <typename Take>
+void ForEachLetter(Take&& take) {
+  take(kDigits);
+  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+    const std::string_view text(&letter, 1);
+    take(Group{text, text});
+  }
+}
+
+}  // namespace
+
+ObjectTreeBuilder::ObjectTreeBuilder(AddNode add, Yield yieldPerLine)
+    : add_(std::move(add)), TVItem1_(yieldPerLine) {
+  TVItem1_.LoadingItem = [this](std::string_view, std::optional<int> index) {
+    fileIndex_ = index.value_or(0);
+  };
+  TVItem1_.NewLine = [this, yieldPerLine](std::string_view line) {
+    yieldPerLine();
+    takeLine(line);
+  };
+}
+
+void ObjectTreeBuilder::BuildObjectTree(std::string_view gameFolder, const Progress& progress,
+                                        const Yield& yieldNow) {
+  constexpr double kStep = 100.0 / kObjectFiles.size();
+  TVItem1_.GamePath = gameFolder;
+  addSkeleton();
+  double percent = kStep;
+  for (const std::string_view file : kObjectFiles) {
+    if (!FileExists(ObjectFilePath(gameFolder, file))) continue;
+    yieldNow();
+    TVItem1_.AddTVItem(file);
+    progress(percent);
+    percent += kStep;
+    yieldNow();
+  }
+}
+
+void ObjectTreeBuilder::addSkeleton() {
+  for (const Category& category : kCategories) {
+    add_({category.key, category.text, {}, category.tag});
+    const auto addGroup = [&](const Group& group) {
+      add_({Joined(category.prefix, group.key), group.text, category.key, category.tag});
+    };
+    if (category.grouping == Grouping::faction) ForEachFaction(addGroup);
+    if (category.grouping == Grouping::letter) ForEachLetter(addGroup);
+  }
+}
+
+void ObjectTreeBuilder::takeLine(std::string_view line) {
+  if (!TVItem::CheckText(line, kObjectHeader) || fileIndex_ == 0) return;
+  const auto name = HeaderName(line);
+  if (!name) return;
+  const Category& category = *CategoryOf(kObjectFiles[static_cast<std::size_t>(fileIndex_) - 1]);
+  place(*name, ParentKey(category, *name), category.objectTag);
+}
+
+void ObjectTreeBuilder::place(std::string_view name, std::string_view parentKey, std::string_view tag) {
+  ++NodeCounter_;
+  const std::string key = Joined(kObjectKeyPrefix, std::to_string(NodeCounter_));
+  add_({key, name, parentKey, tag});
+}
+
+}  // namespace korvane

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "stock/RestorePath.h"
+
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <filesystem>
+#include <vector>
+
+#include "files/NativePath.h"
+#include "ini/IniText.h"
+
+namespace korvane {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view kForbidden = "<>:\"|?*";
+constexpr std::array<std::string_view, 7> kDevices = {"con",    "prn",     "aux",   "nul",
+                                                      "conin$", "conout$", "clock$"};
+constexpr std::array<std::string_view, 2> kNumberedDevices = {"com", "lpt"};
+// The digits one to three count as digits in superscript too, in UTF-8 and in Windows-1252.
+constexpr std::array<std::string_view, 6> kSuperscripts = {"\xc2\xb9", "\xc2\xb2", "\xc2\xb3",
+                                                           "\xb9",     "\xb2",     "\xb3"};
+
+template <typename List>
+bool Contains(const List& list, std::string_view text) {
+  return std::find(list.begin(), list.end(), text) != list.end();
+}
+
+bool IsDeviceNumber(std::string_view text) {
+  return (text.size() == 1 && text[0] >= '0' && text[0] <= '9') || Contains(kSuperscripts, text);
+}
+
+// The system looks for devices before the first point, and does not see blanks there.
+bool IsDevice(std::string_view piece) {
+  const std::string name = ToLowerAscii(TrimSpaces(piece.substr(0, piece.find('.'))));
+  if (Contains(kDevices, name)) return true;
+  return name.size() > 3 && Contains(kNumberedDevices, name.substr(0, 3)) && IsDeviceNumber(name.substr(3));
+}
+
+bool IsFileNameByte(char c) {
+  return static_cast<unsigned char>(c) >= 0x20 && kForbidden.find(c) == std::string_view::npos;
+}
+
+// A point or blank at the end is cut off by Windows, which would make "..." or "CON " something else.
+bool IsPlainName(std::string_view piece) {
+  return !piece.empty() && piece.back() != '.' && piece.back() != ' ' && !IsDevice(piece) &&
+         std::all_of(piece.begin(), piece.end(), IsFileNameByte);
+}
+
+bool IsBelow(const fs::path& folder, const fs::path& path) {
+  return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first == folder.end();
+}
+
+// A link that leads nowhere counts as leading outside: writing through it would make a file there.
+bool StaysBelow(const fs::path& folder, std::string_view path) {
+  const fs::path native = NativePath(path);
+  std::error_code error;
+  if (fs::symlink_status(native, error).type() == fs::file_type::not_found) return true;
+  const fs::path real = fs::canonical(native, error);
+  return !error && IsBelow(folder, real);
+}
+
+std::vector<std::string_view> Pieces(std::string& path) {
+  std::replace(path.begin(), path.end(), '/', '\\');
+  return Split(path, "\\");
+}
+
+}  // namespace
+
+bool IsSafeRelativePath(std::string_view relative) {
+  std::string path(relative);
+  const std::vector<std::string_view> pieces = Pieces(path);
+  return std::all_of(pieces.begin(), pieces.end(), IsPlainName);
+}
+
+std::optional<std::string> SafeTarget(std::string_view gameFolder, std::string_view relative) {
+  if (!IsSafeRelativePath(relative)) return std::nullopt;
+  std::string path(relative);
+  try {
+    const fs::path folder = fs::canonical(NativePath(gameFolder));
+    std::string target(gameFolder);
+    for (const std::string_view piece : Pieces(path)) {
+      target.append("\\").append(piece);
+      if (!StaysBelow(folder, target)) return std::nullopt;
+    }
+    return target;
+  } catch (const std::exception&) {  // no such folder, or text that is no path
+    return std::nullopt;
+  }
+}
+
+}  // namespace korvane

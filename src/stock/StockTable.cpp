@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "stock/StockTable.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <string>
+
+#include "stock/BinaryNumbers.h"
+#include "stock/DbfLayout.h"
+#include "stock/MemoFile.h"
+
+namespace korvane {
+
+namespace {
+
+struct Column {
+  std::string_view name;
+  char type;
+  std::size_t length;
+};
+
+constexpr std::array<Column, 2> kColumns = {{{"PATH", 'C', 254}, {"TEXT", 'M', 10}}};
+constexpr std::uint64_t kBlockSize = 512;
+constexpr std::size_t kHeaderLength = kDbfHeader + kDbfDescriptor * kColumns.size() + 1;
+constexpr std::size_t kRecordLength = 1 + kColumns[0].length + kColumns[1].length;
+constexpr std::string_view kVersion4WithMemo = "\x8b";
+constexpr std::string_view kDate = "\x64\x01\x01";  // of the last change; 2000-01-01, so that nothing varies
+constexpr std::string_view kWindows1252 = "\x03";
+
+std::string Padded(std::string_view text, std::size_t length, char filler) {
+  std::string padded(text);
+  padded.resize(length, filler);
+  return padded;
+}
+
+std::string Descriptor(const Column& column) {
+  const std::string nameAndType = Padded(column.name, kDbfFieldType, '\0') + column.type;
+  const std::string bytes = Padded(nameAndType, kDbfFieldLength, '\0') + LittleBytes(column.length, 1);
+  return Padded(bytes, kDbfDescriptor, '\0');
+}
+
+std::string TableHeader(std::uint32_t records) {
+  std::string header(kVersion4WithMemo);
+  header.append(kDate).append(LittleBytes(records, 4));
+  header.append(LittleBytes(kHeaderLength, 2)).append(LittleBytes(kRecordLength, 2));
+  header = Padded(Padded(header, kDbfLanguageDriver, '\0').append(kWindows1252), kDbfHeader, '\0');
+  for (const Column& column : kColumns) header += Descriptor(column);
+  return header += kDbfHeaderEnd;
+}
+
+bool IsAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+std::filesystem::path WithEnding(std::filesystem::path base, const char* ending) {
+  base += ending;
+  return base;
+}
+
+}  // namespace
+
+StockTable::StockTable(const std::filesystem::path& base)
+    : table_(WithEnding(base, ".DBF")), memos_(WithEnding(base, ".DBT")) {
+  table_.write(TableHeader(0));
+  memos_.write(MemoFileHeader(1, kBlockSize));
+}
+
+void StockTable::add(std::string_view path, std::string_view text) {
+  add(path, text.size(), [text](const TakePiece& take) { take(text); });
+}
+
+void StockTable::add(std::string_view path, std::uint64_t size, const GiveText& give) {
+  if (path.size() > kColumns[0].length || !IsAscii(path) || size > kMaxMemo) {
+    throw std::runtime_error(std::string(path) + ": the path or the file does not fit into a stock database");
+  }
+  addRecord(path, size == 0 ? std::string() : std::to_string(memos_.size() / kBlockSize));
+  if (size > 0) addMemo(size, give);
+}
+
+void StockTable::addRecord(std::string_view path, std::string_view block) {
+  std::string record = ' ' + Padded(path, kColumns[0].length, ' ');
+  record.append(kColumns[1].length - block.size(), ' ').append(block);
+  table_.write(record);
+  ++records_;
+}
+
+void StockTable::addMemo(std::uint64_t size, const GiveText& give) {
+  memos_.write(MemoHead(MemoKind::version4, size));
+  const std::uint64_t start = memos_.size();
+  give([this](std::string_view piece) { memos_.write(piece); });
+  if (memos_.size() - start != size) throw std::runtime_error("a file changed while it was packed");
+  memos_.write(MemoTail(MemoKind::version4, size, kBlockSize));
+}
+
+void StockTable::commit() {
+  table_.write({&kDbfFileEnd, 1});
+  table_.rewrite(0, TableHeader(records_));
+  memos_.rewrite(0, MemoFileHeader(memos_.size() / kBlockSize, kBlockSize));
+  memos_.commit();  // first: a table without its memos would be worse than memos without a table
+  table_.commit();
+}
+
+}  // namespace korvane
