@@ -49,9 +49,9 @@ std::function<void()> BareRead(Paths files) {
   return [files = std::move(files), buffer] {
     [[maybe_unused]] volatile std::size_t lines = 0;
     for (const auto& file : files) {
-      const std::size_t room = std::filesystem::file_size(file);
-      if (room > buffer->size()) buffer->resize(room);
-      const ssize_t size = ::read(Descriptor(file, O_RDONLY), buffer->data(), room);
+      const std::size_t wanted = std::filesystem::file_size(file);
+      if (wanted > buffer->size()) buffer->resize(wanted);
+      const ssize_t size = ::read(Descriptor(file, O_RDONLY), buffer->data(), wanted);
       if (size < 0) Fail(file);
       if (size > 0) lines = CountCrs(buffer->data(), buffer->data() + size);
     }

@@ -61,7 +61,7 @@ void ForgetPeak() {
 
 Row Measure(const Job& job, int factor, int runs) {
   Samples first;
-  RunOnce(job, first);  // fills the caches of the machine and of the toolkit
+  RunOnce(job, first);  // fills the caches of the machine and of Qt
   Samples samples;
   ForgetPeak();
   for (int i = 0; i < runs; ++i) RunOnce(job, samples);

@@ -7,7 +7,7 @@ class QTextDocument;
 
 namespace korvane {
 
-// Sets a page's Markdown as the document's text, with tables and headings that have room to breathe.
+// Sets a page's Markdown as the document's text, with tables and headings well apart.
 void SetHelpText(QTextDocument& document, const QString& markdown, const QPalette& palette);
 
 }  // namespace korvane

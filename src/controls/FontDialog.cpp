@@ -20,7 +20,7 @@ double Limited(double points) {
   return std::clamp(points, kSmallestPoints, kLargestPoints);
 }
 
-// The toolkit's dialog has no limits of its own: a size beyond them is put right, and the dialog stays open
+// Qt's dialog has no limits of its own: a size beyond them is put right, and the dialog stays open
 // to show what it has become.
 class LimitedFontDialog : public QFontDialog {
  public:

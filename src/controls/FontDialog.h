@@ -45,7 +45,7 @@ class FontChooser {
   virtual FontRecord ShowFontDialog() = 0;
 };
 
-// The toolkit's font dialog, preset to Times New Roman 10 pt; sizes from 10 to 72 points.
+// Qt's font dialog, preset to Times New Roman 10 pt; sizes from 10 to 72 points.
 class FontDialog : public FontChooser {
  public:
   // `owner` gives the window that the dialog belongs to, at the time it is shown.

@@ -20,7 +20,7 @@ class InPlaceTable : public QTableView, public TableSink {
  public:
   explicit InPlaceTable(QWidget* parent = nullptr);
 
-  // The last column is wider where there is room.
+  // The last column takes the width that is left.
   void addColumn(const QString& caption, int widthTwips);
   // Lets the user edit the values, each as its kind allows; mode 0: none, as in a new table.
   void setUp(int mode);

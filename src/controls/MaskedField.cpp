@@ -14,8 +14,8 @@ bool IsDigit(QChar c) {
   return c >= u'0' && c <= u'9';
 }
 
-// The toolkit's own mask language: "0" is a digit that may be left out, and every literal is escaped.
-QString ToolkitMask(const QString& mask) {
+// Qt's own mask language: "0" is a digit that may be left out, and every literal is escaped.
+QString QtMask(const QString& mask) {
   QString text;
   for (const QChar c : mask) {
     if (c == kDigitPlace) {
@@ -46,8 +46,8 @@ void MaskedField::showTemplate() {
   if (mask_.isEmpty()) {
     clear();
   } else {
-    const QString toolkitMask = ToolkitMask(mask_);
-    if (inputMask() != toolkitMask) setInputMask(toolkitMask);
+    const QString mask = QtMask(mask_);
+    if (inputMask() != mask) setInputMask(mask);
     setText({});
   }
   setCursorPosition(0);

@@ -6,7 +6,7 @@
 namespace korvane {
 
 // The selection of a view in which an entry that is selected stays so until another one is: no click and no
-// key takes a selection back. `command`: what the toolkit would do on reaching `index`. Without an event it
+// key takes a selection back. `command`: what Qt would do on reaching `index`. Without an event it
 // is the program that selects.
 inline QItemSelectionModel::SelectionFlags SteadySelection(QItemSelectionModel::SelectionFlags command,
                                                            const QModelIndex& index, const QEvent* event) {

@@ -151,7 +151,7 @@ void TableEditor::showEntry(const QModelIndex& entry) {
   }
   settled_ = entry;
   const QString name = entry.data().toString();
-  // "[*]" is a mark of the toolkit's unless it is written twice.
+  // "[*]" means something to Qt unless it is written twice.
   const QString shown = ShownText(name).replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
   setWindowTitle(shown + QStringLiteral(" - ") + entry_.title);
   (context_.parser.*entry_.fill)(ToBytes(name), table());

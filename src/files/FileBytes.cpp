@@ -14,7 +14,7 @@ namespace korvane {
 namespace {
 
 constexpr std::size_t kChunk = std::size_t{4} << 20;  // so that even a slow disk lets events run in between
-constexpr std::size_t kSlack = 64;                    // room to see the end of the file without growing
+constexpr std::size_t kSlack = 64;                    // spare, to see the end of the file without growing
 
 }  // namespace
 

@@ -10,8 +10,8 @@
 namespace korvane {
 
 // A file that is written piece by piece beside its place ("Data.DBF.part") and takes its place whole, or not
-// at all. For the command-line tool, whose files may be too large for memory and which does without the
-// toolkit; the program writes its user's files through platform/FileWriter. Every failure is a
+// at all. For the command-line tool, whose files may be too large for memory; the
+// program writes its user's files through platform/FileWriter. Every failure is a
 // std::filesystem::filesystem_error.
 class WholeFile {
  public:

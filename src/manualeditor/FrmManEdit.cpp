@@ -36,7 +36,7 @@ namespace {
 
 const QString kCaption = QStringLiteral("Manual Editor");
 constexpr int kClockInterval = 500;  // milliseconds
-constexpr int kBarsHeight = 48;  // pixels of the toolbar and the status bar together, where they have room
+constexpr int kBarsHeight = 48;  // pixels of the toolbar and the status bar together, where they fit
 constexpr int kStatusBarHeight = 22;
 constexpr QSize kDesignSize(900, 620);
 constexpr QSize kIconSize(16, 16);
@@ -190,7 +190,7 @@ void FrmManEdit::keepUnsavedText() {
 }
 
 // A window that is active already, or whose display never activates one, gets its set-up all the same.
-// Deferred, because the toolkit is still notifying other windows, and none may be destroyed meanwhile.
+// Deferred, because Qt is still notifying other windows, and none may be destroyed meanwhile.
 void FrmManEdit::setUpSoon() {
   QMetaObject::invokeMethod(this, &FrmManEdit::setUp, Qt::QueuedConnection);
 }

@@ -59,7 +59,7 @@ Qt::CaseSensitivity CaseOf(bool matchCase) {
   return matchCase ? Qt::CaseSensitive : Qt::CaseInsensitive;
 }
 
-// Unlike the toolkit's plain conversion, keeps a byte order mark that somebody pasted.
+// Unlike Qt's plain conversion, keeps a byte order mark that somebody pasted.
 QString Characters(std::string_view utf8) {
   QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
   return decoder.decode(QByteArrayView(utf8.data(), static_cast<qsizetype>(utf8.size())));

@@ -9,7 +9,7 @@ namespace korvane {
 // control.
 enum class TextKind : char { plain, comment, header, end, key, value };
 
-// Writes the kind of every byte of `text` to `kinds`, which has room for as many. `text` starts at the start
+// Writes the kind of every byte of `text` to `kinds`, which holds as many. `text` starts at the start
 // of a line; each line stands for itself, whatever the lines around it hold.
 void KindsOf(std::string_view text, char* kinds);
 

@@ -8,7 +8,7 @@
 
 namespace korvane {
 
-// A path of this machine as the toolkit's texts have it. A name may hold any bytes: those that are not UTF-8
+// A path of this machine as a QString. A name may hold any bytes: those that are not UTF-8
 // are shown as replacement characters, and such a file is not found by its text.
 QString TextOfNative(const std::filesystem::path& native);
 

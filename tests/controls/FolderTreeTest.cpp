@@ -168,7 +168,7 @@ TEST(FolderPlaces, AWinePrefixMayHaveANameOfAnyBytes) {
   qputenv("WINEPREFIX", disk.native("\xff").c_str());
   EXPECT_EQ(StandardPlaces().last().path, "C:\\");
   qunsetenv("WINEPREFIX");
-  fs::remove_all(disk.native("\xff"));  // the toolkit cannot name it
+  fs::remove_all(disk.native("\xff"));  // Qt cannot name it
 }
 
 #endif

@@ -24,7 +24,7 @@ TEST_F(ManEditTest, OpeningShowsTheTextFromItsStart) {
   EXPECT_EQ(QApplication::focusWidget(), text().focusProxy());
 }
 
-// The toolkit keeps a list of the windows that it still has to tell of an activation.
+// Qt keeps a list of the windows that it still has to tell of an activation.
 TEST_F(ManEditTest, NoEventsRunInsideOfTheActivation) {
   openFile(kFile);
   target_.ManEditInitDone = false;

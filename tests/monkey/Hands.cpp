@@ -322,7 +322,7 @@ void Hands::changePalette() {
 
 void Hands::changeFont() {
   QFont font = QApplication::font();
-  font.setPointSize(7 + 6 * chance_.below(3));  // few, as the toolkit keeps every one
+  font.setPointSize(7 + 6 * chance_.below(3));  // few, as Qt keeps every one
   event([&] { QApplication::setFont(font); });
 }
 

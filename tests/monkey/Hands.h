@@ -15,7 +15,7 @@ namespace korvane {
 
 // The windows on the screen, menus and drop-downs included.
 QList<QWindow*> WindowsShown();
-// The window of the toolkit that lies behind it.
+// The widget behind such a window.
 QWidget* WidgetOf(const QWindow& window);
 
 // Does to the windows on the screen what a user can do, as the desktop would report it, without a plan.

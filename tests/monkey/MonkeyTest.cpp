@@ -23,7 +23,7 @@ constexpr int kPatience = 1000;
 #endif
 constexpr int kBusyMachine = 10;  // times as long, where other programs want the processor too
 constexpr std::size_t kMiB = std::size_t{1} << 20;
-constexpr std::size_t kMostGrowth = 6 * kMiB;  // of the toolkit's caches of fonts
+constexpr std::size_t kMostGrowth = 6 * kMiB;  // of Qt's caches of fonts
 
 // The number behind "--name=" on the command line.
 int Argument(const char* name, int otherwise) {
@@ -54,7 +54,7 @@ std::set<std::string> Untouchable(const fs::path& root) {
   return paths;
 }
 
-// The toolkit talks a lot when it is used without sense; once is enough.
+// Qt talks a lot when it is used without sense; once is enough.
 void PrintOnce(QtMsgType, const QMessageLogContext&, const QString& text) {
   static std::set<QString> printed;
   if (printed.insert(text).second) std::fprintf(stderr, "%s\n", qPrintable(text));
