@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QTextEdit>
+
+#include "controls/LinkColour.h"
+#include "controls/NoticeBar.h"
+
+namespace korvane {
+namespace {
+
+class NoticeBars : public testing::Test {
+ protected:
+  void SetUp() override {
+    window.reset(NoticeBar::below(content, bar));
+    window->resize(500, 400);
+    window->show();
+  }
+  QLabel& row(int number) const { return *bar->findChildren<QLabel*>("Notice").at(number); }
+  // The user clicks the link of that number in the first sentence.
+  void clickLink(int number) const {
+    Q_EMIT row(0).linkActivated(QString::number(number));
+    QApplication::processEvents();
+  }
+  int heightLeft() const {
+    QApplication::processEvents();
+    return content->height();
+  }
+
+  QTextEdit* content = new QTextEdit;
+  NoticeBar* bar = new NoticeBar;
+  std::unique_ptr<QWidget> window;
+};
+
+TEST_F(NoticeBars, IsHiddenWithNothingToSayAndTakesItsHeightFromBelow) {
+  EXPECT_TRUE(bar->isHidden());
+  const int whole = heightLeft();
+  EXPECT_EQ(whole, 400);
+  bar->tell(1, {Notice("One.")});
+  const int withOne = heightLeft();
+  EXPECT_LT(withOne, whole);
+  EXPECT_EQ(content->pos(), QPoint(0, 0));
+  bar->tell(2, {Notice(QString("Many words. ").repeated(40))});
+  EXPECT_LT(heightLeft(), withOne - 2 * row(0).height());  // a long sentence is wrapped
+  bar->clear(1);
+  bar->clear(2);
+  EXPECT_TRUE(bar->isHidden());
+  EXPECT_EQ(heightLeft(), whole);
+}
+
+TEST_F(NoticeBars, NoSentencesAreTooManyForTheWindowAndNoWordIsTooLong) {
+  std::vector<Notice> many;
+  for (int i = 0; i < 100; ++i) many.push_back(Notice(QString(1000, 'x')));
+  bar->tell(1, std::move(many));
+  EXPECT_GT(heightLeft(), 200);
+  EXPECT_EQ(window->width(), 500);
+  EXPECT_LT(window->minimumSizeHint().width(), 500);
+  EXPECT_LE(row(0).width(), 500);
+}
+
+TEST_F(NoticeBars, PartsStandInTheirOrderAndReplaceOnlyThemselves) {
+  bar->tell(2, {Notice("c")});
+  bar->tell(1, {Notice("a"), Notice("b")});
+  EXPECT_EQ(bar->sentences(), QStringList({"a", "b", "c"}));
+  bar->tell(1, {Notice("d")});
+  EXPECT_EQ(bar->sentences(), QStringList({"d", "c"}));
+}
+
+TEST_F(NoticeBars, LinksAndButtonsDoTheirOwnThingAndCanReplaceTheirSentence) {
+  QStringList done;
+  Notice notice;
+  notice.say("See ").link("here", [&] { done += "here"; }).say(" or ").link("there", [&] {
+    done += "there";
+    bar->tell(1, {Notice("Gone")});
+  });
+  notice.button("Do", [&] { done += "do"; });
+  bar->tell(1, {notice});
+  EXPECT_EQ(bar->sentences(), QStringList("See here or there"));
+  clickLink(1);
+  bar->findChild<QPushButton*>("NoticeButton")->click();
+  QApplication::processEvents();
+  clickLink(3);
+  EXPECT_EQ(done, QStringList({"here", "do", "there"}));
+  EXPECT_EQ(bar->sentences(), QStringList("Gone"));
+}
+
+TEST_F(NoticeBars, TextOfAFileIsNeverMarkup) {
+  bar->tell(1, {Notice("<b>Tank</b> & ").link("<i>x</i>", [] {})});
+  EXPECT_TRUE(row(0).text().contains("&lt;b&gt;Tank&lt;/b&gt; &amp; "));
+  EXPECT_TRUE(row(0).text().contains(">&lt;i&gt;x&lt;/i&gt;</a>"));
+}
+
+TEST(LinkColours, CanBeReadInLightAndDarkPalettes) {
+  QPalette palette;
+  palette.setColor(QPalette::Link, QColor(0, 0, 255));
+  EXPECT_EQ(ReadableLink(palette, Qt::white), QColor(0, 0, 255));
+  EXPECT_GT(ReadableLink(palette, QColor(40, 40, 40)).lightness(), 150);
+  palette.setColor(QPalette::Link, QColor(150, 190, 255));
+  EXPECT_EQ(ReadableLink(palette, QColor(40, 40, 40)), QColor(150, 190, 255));
+  EXPECT_LT(ReadableLink(palette, Qt::white).lightness(), 100);
+}
+
+}  // namespace
+}  // namespace korvane
