@@ -29,19 +29,34 @@ void FileBytes::reserve(std::size_t capacity) {
 bool FileBytes::read(std::string_view path, const std::function<void()>& yield) {
   size_ = 0;
   try {
-    std::ifstream file;
-    if (!OpenOrdinaryFile(path, file)) return false;
-    reserve(static_cast<std::size_t>(std::filesystem::file_size(NativePath(path))) + kSlack);
-    while (file) {
-      if (size_ == capacity_) reserve(capacity_ * 2);
-      file.read(buffer_.get() + size_, static_cast<std::streamsize>(std::min(kChunk, capacity_ - size_)));
-      size_ += static_cast<std::size_t>(file.gcount());
-      if (file && yield) yield();
-    }
-    return true;
-  } catch (const std::exception&) {  // no such path, no permission, no memory for it
+    return readNative(NativePath(path), yield);
+  } catch (const std::exception&) {  // text that is no path at all
     return false;
   }
+}
+
+bool FileBytes::readNative(const std::filesystem::path& path, const std::function<void()>& yield) {
+  size_ = 0;
+  try {
+    if (readAll(path, yield)) return true;
+  } catch (const std::exception&) {  // no such path, no permission, no memory for it
+  }
+  size_ = 0;
+  return false;
+}
+
+// A fault in the middle of a file ends the reading like its end does; only the length tells them apart.
+bool FileBytes::readAll(const std::filesystem::path& path, const std::function<void()>& yield) {
+  std::ifstream file;
+  if (!OpenOrdinaryFile(path, file)) return false;
+  reserve(static_cast<std::size_t>(std::filesystem::file_size(path)) + kSlack);
+  while (file) {
+    if (size_ == capacity_) reserve(capacity_ * 2);
+    file.read(buffer_.get() + size_, static_cast<std::streamsize>(std::min(kChunk, capacity_ - size_)));
+    size_ += static_cast<std::size_t>(file.gcount());
+    if (file && yield) yield();
+  }
+  return !file.bad() && std::filesystem::file_size(path) == size_;
 }
 
 }  // namespace korvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string_view>
@@ -12,15 +13,17 @@ namespace korvane {
 // shows the file as it is on the disk now.
 class FileBytes {
  public:
-  // Reads the file at the program's path (see NativePath.h). Long reads call `yield` from time to time. False
-  // when the path names no ordinary file or cannot be opened; bytes() is then empty. After a read error
-  // partway, bytes() holds what was read so far.
+  // Reads the file at the program's path (see NativePath.h). Long reads call `yield` from time to time.
+  // False, and bytes() is empty, when the path names no ordinary file or not all of it can be read.
   bool read(std::string_view path, const std::function<void()>& yield);
+  // The same at a native path.
+  bool readNative(const std::filesystem::path& path, const std::function<void()>& yield = {});
 
   std::string_view bytes() const { return {buffer_.get(), size_}; }
 
  private:
   void reserve(std::size_t capacity);
+  bool readAll(const std::filesystem::path& path, const std::function<void()>& yield);
 
   std::unique_ptr<char[]> buffer_;
   std::size_t capacity_ = 0;

@@ -17,8 +17,8 @@ std::filesystem::path NativePath(std::string_view path);
 // The program's text of a path on this machine: UTF-8 with backslashes.
 std::string ProgramPath(const std::filesystem::path& native);
 
-// True when the program's path names an ordinary file, even an empty one. Whether it can be read is not asked.
-// Anything else, a folder or a text that is no path included, gives false.
+// True when the program's path names an ordinary file, even an empty one. Whether it can be read is not
+// asked. Anything else, a folder or a text that is no path included, gives false.
 bool FileExists(std::string_view path);
 
 // True when the program's path names a folder.

@@ -2,23 +2,27 @@
 #include "files/OrdinaryFile.h"
 
 #include <exception>
-#include <filesystem>
 
 #include "files/NativePath.h"
 
 namespace korvane {
 
 bool OpenOrdinaryFile(std::string_view path, std::ifstream& file) {
-  file = std::ifstream();
   try {
-    const std::filesystem::path native = NativePath(path);
-    if (!std::filesystem::is_regular_file(native)) return false;
-    file.rdbuf()->pubsetbuf(nullptr, 0);
-    file.open(native, std::ios::binary);
-    return file.is_open();
-  } catch (const std::exception&) {  // no such path, no permission
+    return OpenOrdinaryFile(NativePath(path), file);
+  } catch (const std::exception&) {  // text that is no path at all
+    file = std::ifstream();
     return false;
   }
+}
+
+bool OpenOrdinaryFile(const std::filesystem::path& path, std::ifstream& file) {
+  file = std::ifstream();
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(path, error)) return false;
+  file.rdbuf()->pubsetbuf(nullptr, 0);
+  file.open(path, std::ios::binary);
+  return file.is_open();
 }
 
 }  // namespace korvane

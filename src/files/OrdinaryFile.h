@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <filesystem>
 #include <fstream>
 #include <string_view>
 
@@ -10,5 +11,7 @@ namespace korvane {
 // False when the path names no ordinary file (a pipe would block, a folder has no bytes) or the file cannot
 // be opened.
 bool OpenOrdinaryFile(std::string_view path, std::ifstream& file);
+// The same at a native path.
+bool OpenOrdinaryFile(const std::filesystem::path& path, std::ifstream& file);
 
 }  // namespace korvane

@@ -9,6 +9,8 @@
 #include <QUuid>
 
 #include "files/FileBytes.h"
+#include "files/NativePath.h"
+#include "files/WholeFile.h"
 #include "platform/FileWriter.h"
 
 namespace korvane {
@@ -152,7 +154,10 @@ bool UnsavedJournal::begin() {
 }
 
 bool UnsavedJournal::note(const QString& path, bool part, std::string_view bytes) {
-  return begin() && versions_.files_.note(file_, JournalOf(path, part, bytes)).isEmpty();
+  if (!begin()) return false;
+  WholeFile file(NativePath(file_.toStdString()), {.access = DiskFile::Access::userOnly, .sync = false});
+  file.write(JournalOf(path, part, bytes));
+  return file.replace().empty();
 }
 
 void UnsavedJournal::discard() {

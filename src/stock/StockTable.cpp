@@ -53,6 +53,10 @@ bool IsAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
+void StopAt(const std::string& reason) {
+  if (!reason.empty()) throw std::runtime_error("the stock database cannot be written: " + reason);
+}
+
 std::filesystem::path WithEnding(std::filesystem::path base, const char* ending) {
   base += ending;
   return base;
@@ -83,6 +87,7 @@ void StockTable::addRecord(std::string_view path, std::string_view block) {
   record.append(kColumns[1].length - block.size(), ' ').append(block);
   table_.write(record);
   ++records_;
+  StopAt(table_.reason());
 }
 
 void StockTable::addMemo(std::uint64_t size, const GiveText& give) {
@@ -91,14 +96,16 @@ void StockTable::addMemo(std::uint64_t size, const GiveText& give) {
   give([this](std::string_view piece) { memos_.write(piece); });
   if (memos_.size() - start != size) throw std::runtime_error("a file changed while it was packed");
   memos_.write(MemoTail(MemoKind::version4, size, kBlockSize));
+  StopAt(memos_.reason());
 }
 
 void StockTable::commit() {
   table_.write({&kDbfFileEnd, 1});
   table_.rewrite(0, TableHeader(records_));
   memos_.rewrite(0, MemoFileHeader(memos_.size() / kBlockSize, kBlockSize));
-  memos_.commit();  // first: a table without its memos would be worse than memos without a table
-  table_.commit();
+  StopAt(table_.finish());
+  StopAt(memos_.replace());  // first: a table without its memos would be worse than memos without a table
+  StopAt(table_.replace());
 }
 
 }  // namespace korvane

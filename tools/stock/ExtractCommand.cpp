@@ -58,9 +58,11 @@ class Extraction {
  private:
   void write(const std::filesystem::path& target, Container& files) {
     std::filesystem::create_directories(target.parent_path());
-    WholeFile file(target);
+    // What can be extracted once more need not be forced to the disk; what it replaces cannot.
+    WholeFile file(target, {.sync = FileExists(ProgramPath(target))});
     files.read([&file](std::string_view piece) { file.write(piece); });
-    file.commit();
+    const std::string reason = options_.overwrite ? file.replace() : file.create();
+    if (!reason.empty()) throw std::runtime_error(ProgramPath(target) + ": " + reason);
     ++written_;
   }
 

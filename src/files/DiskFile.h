@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+namespace korvane {
+
+// A file (native path) open for writing, with what the standard library's streams cannot do or do not tell.
+// Every operation gives the system's error, or none.
+class DiskFile {
+ public:
+  enum class Access { usual, userOnly };  // of a new file: as the system sees fit, or for its user alone
+
+  DiskFile() = default;
+  ~DiskFile() { static_cast<void>(close()); }
+  DiskFile(const DiskFile&) = delete;
+  DiskFile& operator=(const DiskFile&) = delete;
+
+  // A new file; an error when anything has the name already.
+  std::error_code create(const std::filesystem::path& path, Access access);
+  // A file that is there; its bytes stay until they are written over. No link is followed.
+  std::error_code open(const std::filesystem::path& path);
+  // The same, made where there is none.
+  std::error_code openOrCreate(const std::filesystem::path& path);
+
+  // All of the bytes, behind those of the last write or at the place of a seek.
+  std::error_code write(std::string_view bytes);
+  std::error_code seek(std::uint64_t offset);
+  // Finds room on the disk for so many bytes before any is written, where the file system can.
+  std::error_code reserve(std::uint64_t size);
+  std::error_code truncate(std::uint64_t size);
+  // Waits until the bytes are on the disk.
+  std::error_code sync();
+  std::error_code close();
+
+  // Holds the file until it is closed or the program ends, however it ends. False when somebody else holds it
+  // or the file system knows no locks.
+  bool lock();
+  // Whether the path still names this file.
+  bool isAt(const std::filesystem::path& path) const;
+
+ private:
+  std::error_code openAs(const std::filesystem::path& path, int flags, Access access);
+
+  int handle_ = -1;
+};
+
+// Waits until a file's bytes, or a folder's entries, are on the disk.
+std::error_code SyncToDisk(const std::filesystem::path& path);
+
+// Why this user may not write the file, if so.
+std::error_code WhyNotWritable(const std::filesystem::path& path);
+
+// Gives a file another name in one step that fails where anything has that name already. An error of
+// function_not_supported where the file system has no such step.
+std::error_code RenameUnlessThere(const std::filesystem::path& from, const std::filesystem::path& to);
+
+// Gives a file the owner, group, rights, access list and extended attributes of another one. An error when
+// not all of them could be taken over.
+std::error_code CopyAttributes(const std::filesystem::path& from, const std::filesystem::path& to);
+
+}  // namespace korvane

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "files/FileLock.h"
+
+#include <thread>
+
+namespace korvane {
+
+namespace {
+
+constexpr std::chrono::milliseconds kPause(5);
+
+}  // namespace
+
+// A holder that goes takes the file along: who waited for that file then holds one that has no name any more.
+std::error_code FileLock::tryOnce() {
+  std::error_code error = file_.openOrCreate(path_);
+  held_ = !error && file_.lock() && file_.isAt(path_);
+  if (!held_) static_cast<void>(file_.close());
+  return error;
+}
+
+bool FileLock::take(const std::filesystem::path& file, std::chrono::milliseconds patience) {
+  release();
+  path_ = file;
+  const auto end = std::chrono::steady_clock::now() + patience;
+  std::error_code error = tryOnce();
+  // Some systems let nobody open a file that somebody holds.
+  while (!held_ && (!error || error == std::errc::permission_denied) &&
+         std::chrono::steady_clock::now() < end) {
+    std::this_thread::sleep_for(kPause);
+    error = tryOnce();
+  }
+  return held_;
+}
+
+void FileLock::release() {
+  if (!held_) return;
+  held_ = false;
+#ifdef _WIN32
+  static_cast<void>(file_.close());  // an open file cannot be removed
+#endif
+  std::error_code ignored;
+  std::filesystem::remove(path_, ignored);
+  static_cast<void>(file_.close());
+}
+
+}  // namespace korvane
