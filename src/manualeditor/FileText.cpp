@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "manualeditor/FileText.h"
 
-#include <QString>
+#include <QStringDecoder>
 
 #include "files/Windows1252.h"
 #include "platform/TextEncoding.h"
@@ -99,6 +99,16 @@ FileBytesOfText FileOfUtf8(std::string_view utf8) {
 std::string KeepableOfUtf8(std::string_view utf8) {
   FileBytesOfText file = FileOfUtf8(utf8);
   return file.refused ? std::string(utf8) : std::move(file.bytes);
+}
+
+// Unlike Qt's plain conversion, keeps a byte order mark that somebody pasted.
+QString CharactersOfUtf8(std::string_view utf8) {
+  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+  return decoder.decode(QByteArrayView(utf8.data(), static_cast<qsizetype>(utf8.size())));
+}
+
+QString WithCrLf(QString text) {
+  return text.replace("\r\n", "\n").replace('\r', '\n').replace('\n', "\r\n");
 }
 
 }  // namespace korvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 #include <optional>
 #include <string>
@@ -11,6 +12,12 @@ namespace korvane {
 
 // The text control holds a file's text as UTF-8, one character for each byte of the file.
 QByteArray Utf8OfFile(std::string_view bytes);
+
+// The characters of a UTF-8 text; a byte order mark is a character like any other.
+QString CharactersOfUtf8(std::string_view utf8);
+
+// The text with every line end, of whatever kind, as CR LF.
+QString WithCrLf(QString text);
 
 // A character of the text that no file can hold.
 struct CharacterWithoutByte {

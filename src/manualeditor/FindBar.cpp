@@ -1,12 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "manualeditor/FindBar.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
+#include <QSet>
 #include <QToolBar>
+#include <QToolButton>
 
+#include <array>
+
+#include "controls/Named.h"
 #include "manualeditor/FindList.h"
 #include "manualeditor/IniTextEdit.h"
 #include "settings/SettingsStore.h"
@@ -18,7 +26,12 @@ namespace {
 const QString kFind = QStringLiteral("Find");
 const QString kFindNext = QStringLiteral("Find Next");
 const QString kSearchList = QStringLiteral("Search List");
-constexpr int kBoxWidth = 220;  // pixels
+constexpr int kBoxWidth = 220;    // pixels
+constexpr int kResultMargin = 6;  // pixels
+constexpr QRgb kNotFoundOnLight = 0xFFFFD9D6;
+constexpr QRgb kNotFoundOnDark = 0xFF5C2B2B;
+constexpr auto kWithEnter = Qt::ShiftModifier | Qt::KeypadModifier;
+const QSet<int> kModifiers{Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_Meta};
 
 // Some displays do not mark the repeats of a held key, but send them in pairs of release and press.
 constexpr int kLetGo = 30;  // milliseconds without a press after a release
@@ -32,24 +45,82 @@ bool IsEnter(const QEvent& event, QEvent::Type type) {
 }  // namespace
 
 FindBar::FindBar(IniTextEdit& text, QToolBar& bar)
-    : QObject(&bar), text_(text), CboFind_(new QComboBox), BtnFind_(new QPushButton(kFind)) {
-  CboFind_->setObjectName("CboFind");
+    : QObject(&bar),
+      text_(text),
+      finder_(text),
+      CboFind_(Named("CboFind", new QComboBox)),
+      BtnFind_(Named("BtnFind", new QPushButton(kFind))),
+      optionsButton_(Named("findOptions", new QToolButton)),
+      result_(Named("findResult", new QLabel)) {
+  addControls(bar);
+  addOptions();
+  CboFind_->installEventFilter(this);  // its line edit leaves the keyboard to it
+  BtnFind_->installEventFilter(this);
+  text_.focusProxy()->installEventFilter(this);
+  connect(CboFind_, &QComboBox::editTextChanged, this, [this] { BtnFind_->setText(kFind); });
+  released_.setSingleShot(true);
+  released_.setInterval(kLetGo);
+  connect(&released_, &QTimer::timeout, this, &FindBar::FindText);
+  connect(BtnFind_, &QPushButton::clicked, this, &FindBar::FindText);
+  connect(&finder_, &TextFinder::told, this, &FindBar::show);
+}
+
+void FindBar::addControls(QToolBar& bar) {
   CboFind_->setAccessibleName(kFind);
   CboFind_->setEditable(true);
   CboFind_->lineEdit()->setAccessibleName(kFind);
   CboFind_->setInsertPolicy(QComboBox::NoInsert);
   CboFind_->setCompleter(nullptr);  // what is typed is what is sought
   CboFind_->setMinimumWidth(kBoxWidth);
-  BtnFind_->setObjectName("BtnFind");
+  optionsButton_->setText("Options");
+  optionsButton_->setAccessibleName("Find options");
+  optionsButton_->setToolTip("What a search minds");
+  optionsButton_->setPopupMode(QToolButton::InstantPopup);
+  optionsButton_->setFocusPolicy(Qt::TabFocus);
+  result_->setTextFormat(Qt::PlainText);
+  result_->setAccessibleName("Find result");
+  result_->setContentsMargins(kResultMargin, 0, kResultMargin, 0);
   bar.addWidget(CboFind_);
   bar.addWidget(BtnFind_);
-  CboFind_->installEventFilter(this);  // its line edit leaves the keyboard to it
-  BtnFind_->installEventFilter(this);
-  connect(CboFind_, &QComboBox::editTextChanged, this, [this] { BtnFind_->setText(kFind); });
-  released_.setSingleShot(true);
-  released_.setInterval(kLetGo);
-  connect(&released_, &QTimer::timeout, this, &FindBar::FindText);
-  connect(BtnFind_, &QPushButton::clicked, this, &FindBar::FindText);
+  bar.addWidget(optionsButton_);
+  bar.addWidget(result_);
+}
+
+void FindBar::addOptions() {
+  struct Option {
+    QAction* FindBar::*action;
+    const char* name;
+    const char* caption;
+  };
+  constexpr std::array kOptions = {
+      Option{&FindBar::matchCase_, "findMatchCase", "Match &case"},
+      Option{&FindBar::wholeWord_, "findWholeWord", "Whole &word"},
+      Option{&FindBar::regularExpression_, "findRegularExpression", "Regular e&xpression"},
+      Option{&FindBar::inSelection_, "findInSelection", "In the &selection"},
+      Option{&FindBar::wrapAround_, "findWrapAround", "Wrap &around"}};
+  auto* menu = new QMenu(optionsButton_);
+  for (const Option& option : kOptions) {
+    QAction* action = Named(option.name, menu->addAction(option.caption));
+    action->setCheckable(true);
+    // The text sought is another one now.
+    connect(action, &QAction::toggled, this, [this] { BtnFind_->setText(kFind); });
+    this->*option.action = action;
+  }
+  connect(inSelection_, &QAction::toggled, this, &FindBar::setConfined);
+  optionsButton_->setMenu(menu);
+}
+
+void FindBar::setConfined(bool confined) {
+  if (!confined) {
+    finder_.unconfine();
+  } else if (!finder_.confine()) {
+    inSelection_->setChecked(false);
+    show("Nothing is selected", false);
+  }
+}
+
+SearchOptions FindBar::options() const {
+  return {matchCase_->isChecked(), wholeWord_->isChecked(), regularExpression_->isChecked()};
 }
 
 void FindBar::clear() {
@@ -80,9 +151,9 @@ void FindBar::FindText() {
   const QString sought = soughtText();
   if (BtnFind_->text() == kFind) {
     CboFind_->addItem(sought);
-    text_.moveToStart();
-    text_.find(sought, IniTextEdit::From::start);
+    finder_.findFirst(sought, options());
     text_.setFocus();
+    goingOn_ = true;
   } else if (BtnFind_->text() == kFindNext) {
     findNext();
   }
@@ -91,11 +162,36 @@ void FindBar::FindText() {
 }
 
 void FindBar::findNext() {
-  text_.find(soughtText(), IniTextEdit::From::selectionEnd);
+  goOn(TextFinder::Direction::next);
+}
+
+void FindBar::findPrevious() {
+  goOn(TextFinder::Direction::previous);
+}
+
+void FindBar::goOn(TextFinder::Direction direction) {
+  finder_.find(soughtText(), options(), direction, wrapAround_->isChecked());
   text_.setFocus();
+  goingOn_ = true;
+}
+
+void FindBar::show(const QString& result, bool found) {
+  result_->setText(result);
+  QPalette palette;
+  if (!found) {
+    const bool dark = palette.color(QPalette::Base).lightness() < palette.color(QPalette::Text).lightness();
+    palette.setColor(QPalette::Base, QColor(dark ? kNotFoundOnDark : kNotFoundOnLight));
+  }
+  CboFind_->lineEdit()->setPalette(palette);
+  Q_EMIT notFound(found ? QString() : soughtText());
 }
 
 void FindBar::focus() {
+  const QString selected = text_.selectedText();
+  const bool oneLine = !selected.contains('\n') && !selected.contains('\r');
+  if (!selected.isEmpty() && oneLine && selected.compare(soughtText(), Qt::CaseInsensitive) != 0) {
+    CboFind_->setEditText(selected);
+  }
   CboFind_->setFocus(Qt::ShortcutFocusReason);
   CboFind_->lineEdit()->selectAll();
 }
@@ -104,14 +200,37 @@ QString FindBar::soughtText() const {
   return CboFind_->currentText();
 }
 
-bool FindBar::eventFilter(QObject* watched, QEvent* event) {
-  // Only when it is let go: the find moves the keyboard into the text, and a held key would overwrite the
-  // hit.
-  if (watched == CboFind_ && IsEnter(*event, QEvent::KeyPress)) released_.stop();
-  if (watched == CboFind_ && IsEnter(*event, QEvent::KeyRelease)) {
-    if (!static_cast<QKeyEvent*>(event)->isAutoRepeat()) released_.start();
-    return true;
+// Only when Enter is let go: the find moves the keyboard into the text, and a held key would overwrite the
+// hit.
+bool FindBar::boxEvent(const QEvent& event) {
+  if (IsEnter(event, QEvent::KeyPress)) released_.stop();
+  if (!IsEnter(event, QEvent::KeyRelease)) return false;
+  if (!static_cast<const QKeyEvent&>(event).isAutoRepeat()) released_.start();
+  return true;
+}
+
+bool FindBar::textEvent(const QEvent& event) {
+  if (event.type() == QEvent::MouseButtonPress) goingOn_ = false;
+  if (event.type() != QEvent::KeyPress) return false;
+  const auto& key = static_cast<const QKeyEvent&>(event);
+  if (key.key() == Qt::Key_Escape) finder_.forget();
+  if (kModifiers.contains(key.key())) return false;
+  const bool enter = IsEnter(event, QEvent::KeyPress) && (key.modifiers() & ~kWithEnter) == 0;
+  if (!goingOn_ || !enter) {
+    goingOn_ = false;
+    return false;
   }
+  if ((key.modifiers() & Qt::ShiftModifier) != 0) {
+    findPrevious();
+  } else {
+    findNext();
+  }
+  return true;
+}
+
+bool FindBar::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == CboFind_ && boxEvent(*event)) return true;
+  if (watched == text_.focusProxy() && textEvent(*event)) return true;
   const bool released = event->type() == QEvent::KeyRelease || event->type() == QEvent::MouseButtonRelease;
   if (watched == BtnFind_ && released) removeDuplicates();
   return QObject::eventFilter(watched, event);

@@ -4,21 +4,26 @@
 #include <QObject>
 #include <QTimer>
 
+#include "manualeditor/TextFinder.h"
+
+class QAction;
 class QComboBox;
+class QLabel;
 class QPushButton;
 class QToolBar;
+class QToolButton;
 
 namespace korvane {
 
 class IniTextEdit;
 class SettingsStore;
 
-// The find box with its history, and the find button.
+// The find box with its history, the find button, what a search minds, and what came of it.
 class FindBar : public QObject {
   Q_OBJECT
 
  public:
-  // Adds the box and the button to the toolbar.
+  // Adds the controls to the toolbar.
   FindBar(IniTextEdit& text, QToolBar& bar);
 
   void clear();
@@ -31,19 +36,42 @@ class FindBar : public QObject {
   void FindText();
   // From the selection, whatever the button shows.
   void findNext();
-  // The cursor into the box, its text selected.
+  void findPrevious();
+  // The cursor into the box, its text selected: the selected word, when there is one in a single line.
   void focus();
   QString soughtText() const;
+
+ Q_SIGNALS:
+  // A search has found nothing: for a notice. Empty when a later one does.
+  void notFound(const QString& sought);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void addControls(QToolBar& bar);
+  void addOptions();
+  void setConfined(bool confined);
+  SearchOptions options() const;
+  void goOn(TextFinder::Direction direction);
+  void show(const QString& result, bool found);
+  bool boxEvent(const QEvent& event);
+  bool textEvent(const QEvent& event);
+
   IniTextEdit& text_;
+  TextFinder finder_;
   QComboBox* CboFind_;
   QPushButton* BtnFind_;
+  QToolButton* optionsButton_;
+  QLabel* result_;
+  QAction* matchCase_ = nullptr;
+  QAction* wholeWord_ = nullptr;
+  QAction* regularExpression_ = nullptr;
+  QAction* inSelection_ = nullptr;
+  QAction* wrapAround_ = nullptr;
   bool loaded_ = false;
-  QTimer released_;  // runs while a release of Enter may still be a repeat
+  bool goingOn_ = false;  // Enter in the text finds on, until something else is done there
+  QTimer released_;       // runs while a release of Enter may still be a repeat
 };
 
 }  // namespace korvane

@@ -36,7 +36,7 @@ namespace {
 
 const QString kCaption = QStringLiteral("Manual Editor");
 constexpr int kClockInterval = 500;  // milliseconds
-constexpr int kBarsHeight = 48;  // pixels of the toolbar and the status bar together, where they fit
+constexpr int kBarsHeight = 48;      // pixels of the toolbar and the status bar together, where they fit
 constexpr int kStatusBarHeight = 22;
 constexpr QSize kDesignSize(900, 620);
 constexpr QSize kIconSize(16, 16);
@@ -80,6 +80,8 @@ constexpr FrmManEdit::MenuEntry FrmManEdit::kMenuEntries[] = {
     {"MnuSelAll", "Select &All", &FrmManEdit::selectAll},
     {"MnuFormat", "F&ormat"},
     {"MnuFont", "&Fonts", &FrmManEdit::chooseFont},
+    {"menuSearch", "&Search"},
+    {"findPrevious", "Find &Previous", &FrmManEdit::findPrevious, "Shift+F3"},
 };
 
 struct FrmManEdit::ToolButton {
@@ -330,6 +332,10 @@ void FrmManEdit::focusFind() {
 
 void FrmManEdit::findNext() {
   find_->findNext();
+}
+
+void FrmManEdit::findPrevious() {
+  find_->findPrevious();
 }
 
 void FrmManEdit::showReplace() {

@@ -81,6 +81,7 @@ class FrmManEdit : public QMainWindow {
   void tellAboutUndo();
   void focusFind();
   void findNext();
+  void findPrevious();
   void showReplace();
   void selectAll();
   void chooseFont();

@@ -84,21 +84,27 @@ void FrmReplace::open(const QString& sought) {
   TxtFind_->selectAll();
 }
 
+TextSearch FrmReplace::search() const {
+  return {TxtFind_->text(), {.matchCase = ChkMatchCase_->isChecked()}};
+}
+
 void FrmReplace::findNext() {
-  const bool found =
-      text_.find(TxtFind_->text(), IniTextEdit::From::selectionEnd, ChkMatchCase_->isChecked());
-  LblResult_->setText(found ? QString() : QStringLiteral("Not found from here to the end."));
+  const auto size = static_cast<qsizetype>(text_.utf8().size());
+  const auto hit = search().next(text_.utf8(), {0, size}, text_.selection().to);
+  if (hit) text_.select(*hit);
+  LblResult_->setText(hit ? QString() : QStringLiteral("Not found from here to the end."));
 }
 
 void FrmReplace::replace() {
-  if (text_.isSelected(TxtFind_->text(), ChkMatchCase_->isChecked())) {
-    text_.replaceSelection(TxtReplace_->text());
-  }
+  const auto replacement = search().replacementOf(text_.utf8(), text_.selection(), TxtReplace_->text());
+  if (replacement) text_.replaceSelection(TxtReplace_->text());
   findNext();
 }
 
 void FrmReplace::replaceAll() {
-  const int count = text_.replaceAll(TxtFind_->text(), TxtReplace_->text(), ChkMatchCase_->isChecked());
+  const TextSpan all{0, static_cast<qsizetype>(text_.utf8().size())};
+  const auto [replaced, count] = search().replaced(text_.utf8(), all, TxtReplace_->text());
+  if (count > 0) text_.replaceAllText(replaced);
   LblResult_->setText(count == 1 ? QStringLiteral("1 replaced.") : QStringLiteral("%1 replaced.").arg(count));
 }
 

@@ -3,6 +3,8 @@
 
 #include <QDialog>
 
+#include "manualeditor/TextSearch.h"
+
 class QCheckBox;
 class QGridLayout;
 class QLabel;
@@ -25,6 +27,7 @@ class FrmReplace : public QDialog {
  private:
   void buildFields(QGridLayout& layout);
   void buildButtons(QGridLayout& layout);
+  TextSearch search() const;
   void findNext();
   void replace();
   void replaceAll();

@@ -3,7 +3,7 @@
 
 #include <QEvent>
 #include <QFontDatabase>
-#include <QStringDecoder>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <Qsci/qsciscintilla.h>
 
@@ -11,6 +11,7 @@
 #include <array>
 
 #include "manualeditor/LineColours.h"
+#include "manualeditor/ScrollMarks.h"
 
 namespace korvane {
 
@@ -34,6 +35,25 @@ constexpr int kCurrentLineShare = 20;  // of the highlight colour in the current
 constexpr int kMarginShare = 6;        // of the text colour in the background of the line numbers
 constexpr int kNumberShare = 55;       // of the text colour in the line numbers
 
+struct MarkStyle {
+  TextMark mark;
+  int indicator;  // of the control
+  int style;
+  QRgb onLight;
+  QRgb onDark;
+  int alpha;  // of the filling, of 255
+  bool atScrollBar;
+};
+constexpr std::array kMarkStyles = {
+    MarkStyle{TextMark::hit, 21, Sci::INDIC_ROUNDBOX, 0xFFE08A00, 0xFFFFB84D, 70, true},
+    MarkStyle{TextMark::scope, 22, Sci::INDIC_FULLBOX, 0xFF2B6CB0, 0xFF8AB4F0, 20, false},
+};
+
+const MarkStyle& StyleOf(TextMark mark) {
+  return *std::find_if(kMarkStyles.begin(), kMarkStyles.end(),
+                       [mark](const MarkStyle& style) { return style.mark == mark; });
+}
+
 struct KindColour {
   TextKind kind;
   QRgb onLight;
@@ -51,29 +71,12 @@ QColor Mixed(const QColor& a, const QColor& b, int percentOfA) {
   return {part(a.red(), b.red()), part(a.green(), b.green()), part(a.blue(), b.blue())};
 }
 
-QString WithCrLf(QString text) {
-  return text.replace("\r\n", "\n").replace('\r', '\n').replace('\n', "\r\n");
-}
-
-Qt::CaseSensitivity CaseOf(bool matchCase) {
-  return matchCase ? Qt::CaseSensitive : Qt::CaseInsensitive;
-}
-
-// Unlike Qt's plain conversion, keeps a byte order mark that somebody pasted.
-QString Characters(std::string_view utf8) {
-  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
-  return decoder.decode(QByteArrayView(utf8.data(), static_cast<qsizetype>(utf8.size())));
-}
-
-long Utf8Size(QStringView text) {
-  return static_cast<long>(text.toUtf8().size());
-}
-
 }  // namespace
 
 IniTextEdit::IniTextEdit(QWidget* parent)
     : QWidget(parent),
       text_(new QsciScintilla(this)),
+      scrollMarks_(new ScrollMarks(*text_->verticalScrollBar())),
       font_(QFontDatabase::systemFont(QFontDatabase::FixedFont)) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins({});
@@ -105,6 +108,11 @@ void IniTextEdit::prepare() {
   send(Sci::SCI_SETPASTECONVERTENDINGS, 1);
   send(Sci::SCI_INDICSETSTYLE, kStrikeIndicator, Sci::INDIC_STRIKE);
   send(Sci::SCI_SETINDICATORCURRENT, kStrikeIndicator);
+  for (const MarkStyle& style : kMarkStyles) {
+    send(Sci::SCI_INDICSETSTYLE, style.indicator, style.style);
+    send(Sci::SCI_INDICSETALPHA, style.indicator, style.alpha);
+    send(Sci::SCI_INDICSETUNDER, style.indicator, 1);
+  }
 }
 
 void IniTextEdit::fitNumberMargin() {
@@ -156,11 +164,11 @@ IniTextEdit::Place IniTextEdit::placeOf(qsizetype position) const {
 }
 
 void IniTextEdit::moveToStart() {
-  select(0, 0);
+  select({});
 }
 
 void IniTextEdit::selectCharacterAt(qsizetype position) {
-  select(position, send(Sci::SCI_POSITIONAFTER, position));
+  select({position, send(Sci::SCI_POSITIONAFTER, position)});
 }
 
 void IniTextEdit::selectAll() {
@@ -169,9 +177,9 @@ void IniTextEdit::selectAll() {
 }
 
 // The selection comes into view with some lines around it; the user's own moves go up to the edge.
-void IniTextEdit::select(long from, long to) {
+void IniTextEdit::select(TextSpan span) {
   send(Sci::SCI_SETYCARETPOLICY, Sci::CARET_SLOP | Sci::CARET_STRICT | Sci::CARET_EVEN, kLinesAround);
-  send(Sci::SCI_SETSEL, from, to);
+  send(Sci::SCI_SETSEL, span.from, span.to);
   send(Sci::SCI_SETYCARETPOLICY, Sci::CARET_EVEN);
   Q_EMIT cursorMayHaveMoved();
 }
@@ -180,7 +188,8 @@ QString IniTextEdit::selectedText() const {
   if (send(Sci::SCI_SELECTIONISRECTANGLE) != 0) return text_->selectedText();
   const auto start = static_cast<std::size_t>(send(Sci::SCI_GETSELECTIONSTART));
   const auto end = static_cast<std::size_t>(send(Sci::SCI_GETSELECTIONEND));
-  return Characters(utf8().substr(start, end - start));  // the control itself would give spaces for NUL bytes
+  return CharactersOfUtf8(
+      utf8().substr(start, end - start));  // the control itself would give spaces for NUL bytes
 }
 
 void IniTextEdit::replaceSelection(const QString& text) {
@@ -193,38 +202,46 @@ void IniTextEdit::replaceSelection(const QString& text) {
   Q_EMIT cursorMayHaveMoved();
 }
 
-bool IniTextEdit::find(const QString& text, From from, bool matchCase) {
-  const long start = from == From::start ? 0 : send(Sci::SCI_GETSELECTIONEND);
-  const QString searched = Characters(utf8().substr(static_cast<std::size_t>(start)));
-  const qsizetype found = text.isEmpty() ? -1 : searched.indexOf(text, 0, CaseOf(matchCase));
-  if (found < 0) return false;
-  const QStringView view(searched);
-  const long hit = start + Utf8Size(view.left(found));
-  select(hit, hit + Utf8Size(view.mid(found, text.size())));
-  return true;
+void IniTextEdit::setMarks(TextMark mark, const std::vector<TextSpan>& spans) {
+  send(Sci::SCI_SETINDICATORCURRENT, StyleOf(mark).indicator);
+  send(Sci::SCI_INDICATORCLEARRANGE, 0, send(Sci::SCI_GETLENGTH));
+  for (const TextSpan& span : spans) send(Sci::SCI_INDICATORFILLRANGE, span.from, span.to - span.from);
+  send(Sci::SCI_SETINDICATORCURRENT, kStrikeIndicator);
+  if (StyleOf(mark).atScrollBar) showAtScrollBar(mark, spans);
 }
 
-bool IniTextEdit::isSelected(const QString& text, bool matchCase) const {
-  return selectedText().compare(text, CaseOf(matchCase)) == 0;
+void IniTextEdit::showAtScrollBar(TextMark mark, const std::vector<TextSpan>& spans) {
+  std::vector<int> lines;
+  for (const TextSpan& span : spans) {
+    const int line = static_cast<int>(send(Sci::SCI_LINEFROMPOSITION, span.from));
+    if (lines.empty() || lines.back() != line) lines.push_back(line);
+  }
+  const bool dark = palette().color(QPalette::Active, QPalette::Base).lightness() < 128;
+  scrollMarks_->setLineCount(lineCount());
+  scrollMarks_->setLines(static_cast<int>(mark), QColor(dark ? StyleOf(mark).onDark : StyleOf(mark).onLight),
+                         std::move(lines));
 }
 
-int IniTextEdit::replaceAll(const QString& text, const QString& replacement, bool matchCase) {
-  if (text.isEmpty()) return 0;
-  const QString searched = Characters(utf8());
-  const QString replaced = QString(searched).replace(text, WithCrLf(replacement), CaseOf(matchCase));
-  const auto count = searched.count(text, CaseOf(matchCase));
-  if (count > 0) replaceAllText(replaced.toUtf8());
-  return static_cast<int>(count);
+std::optional<TextSpan> IniTextEdit::markedSpan(TextMark mark) const {
+  const int indicator = StyleOf(mark).indicator;
+  const bool atStart = send(Sci::SCI_INDICATORVALUEAT, indicator, 0) != 0;
+  const auto from = atStart ? 0 : send(Sci::SCI_INDICATOREND, indicator, 0);
+  const auto to = send(Sci::SCI_INDICATOREND, indicator, from);
+  if (to <= from || send(Sci::SCI_INDICATORVALUEAT, indicator, from) == 0) return std::nullopt;
+  return TextSpan{from, to};
 }
 
-// As one step to undo, the view as little moved as can be.
+TextSpan IniTextEdit::selection() const {
+  return {send(Sci::SCI_GETSELECTIONSTART), send(Sci::SCI_GETSELECTIONEND)};
+}
+
 void IniTextEdit::replaceAllText(const QByteArray& utf8) {
   const long topLine = send(Sci::SCI_GETFIRSTVISIBLELINE);
   const Place cursor = placeOf(send(Sci::SCI_GETCURRENTPOS));
   send(Sci::SCI_TARGETWHOLEDOCUMENT);
   sendText(Sci::SCI_REPLACETARGET, utf8.size(), utf8.constData());
   const long position = send(Sci::SCI_FINDCOLUMN, cursor.line, cursor.column);
-  select(position, position);
+  select({position, position});
   send(Sci::SCI_SETFIRSTVISIBLELINE, topLine);
 }
 
@@ -270,6 +287,10 @@ void IniTextEdit::applyColours() {
   text_->setSelectionBackgroundColor(highlight);
   text_->setSelectionForegroundColor(palette().color(QPalette::Active, QPalette::HighlightedText));
   text_->setIndicatorForegroundColor(ink, kStrikeIndicator);
+  for (const MarkStyle& style : kMarkStyles) {
+    text_->setIndicatorForegroundColor(QColor(dark ? style.onDark : style.onLight), style.indicator);
+    send(Sci::SCI_INDICSETALPHA, style.indicator, style.alpha);
+  }
 }
 
 // The control's styles know no strike-through, so an indicator draws it over all of the text. After an edit

@@ -8,10 +8,18 @@
 #include <string_view>
 
 #include "manualeditor/FileText.h"
+#include "manualeditor/TextSearch.h"
 
 class QsciScintilla;
 
 namespace korvane {
+
+class ScrollMarks;
+
+enum class TextMark {
+  hit,    // of a search
+  scope,  // what a search is confined to
+};
 
 // The text control of the manual editor: plain text of the game's data files with line numbers, quiet colours
 // and undo. Every byte of a file is one character of the text, and every line keeps its own end.
@@ -19,8 +27,6 @@ class IniTextEdit : public QWidget {
   Q_OBJECT
 
  public:
-  enum class From { start, selectionEnd };
-
   explicit IniTextEdit(QWidget* parent = nullptr);
 
   // A new text (a file's bytes): unmodified, with nothing to undo, the cursor at its start.
@@ -50,12 +56,17 @@ class IniTextEdit : public QWidget {
   // Puts the text, its line ends as CR LF, in the place of the selection, and the cursor behind it.
   void replaceSelection(const QString& text);
 
-  // Selects the next occurrence. False, and the selection stays as it is, when there is none.
-  bool find(const QString& text, From from, bool matchCase = false);
-  // Replaces every occurrence, as one step to undo, and gives their number.
-  int replaceAll(const QString& text, const QString& replacement, bool matchCase);
-  // True when what is selected is an occurrence of the text.
-  bool isSelected(const QString& text, bool matchCase) const;
+  // The text itself, until its next change.
+  std::string_view utf8() const;
+  TextSpan selection() const;
+  // Brings the span into view with some lines around it.
+  void select(TextSpan span);
+  // Marks these spans in the text and at its scroll bar, in the place of those of the same kind before.
+  void setMarks(TextMark mark, const std::vector<TextSpan>& spans);
+  // The first span of a kind, as edits have moved it.
+  std::optional<TextSpan> markedSpan(TextMark mark) const;
+  // Another text in the place of all of it, as one step to undo, the view as little moved as can be.
+  void replaceAllText(const QByteArray& utf8);
 
   // The font of all of the text.
   const QFont& textFont() const { return font_; }
@@ -76,15 +87,14 @@ class IniTextEdit : public QWidget {
   void applyFont();
   void applyColours();
   void strikeOut();
+  void showAtScrollBar(TextMark mark, const std::vector<TextSpan>& spans);
   void colourTo(int position);
   long colourLines(long from, long to);
-  void select(long from, long to);
-  void replaceAllText(const QByteArray& utf8);
   // A message to the control underneath.
   long send(unsigned message, long first = 0, long second = 0) const;
   long sendText(unsigned message, long first, const char* second) const;
-  std::string_view utf8() const;
   QsciScintilla* text_;
+  ScrollMarks* scrollMarks_;
   QFont font_;
 };
 

@@ -14,6 +14,10 @@ class FindTest : public ManEditTest {
     for (int i = 0; i < list->count(); ++i) items += list->itemText(i);
     return items;
   }
+  QString result() const { return part<QLabel>("findResult")->text(); }
+  bool resultBecomes(const QString& text) const {
+    return QTest::qWaitFor([&] { return result() == text; });
+  }
   QString button() const { return part<QPushButton>("BtnFind")->text(); }
   void replaceWindow(const char* sought, const char* replacement) const {
     trigger("MnuReplace");
@@ -83,6 +87,94 @@ TEST_F(FindTest, TheMenuPutsTheCursorIntoTheBoxAndFindsOn) {
   EXPECT_EQ(panel(1), "Line 2 of 2");
   trigger("MnuFindNext");
   EXPECT_EQ(panel(1), "Line 2 of 2");
+}
+
+TEST_F(FindTest, EnterInTheTextGoesOnUntilSomethingElseIsDone) {
+  openFile("gun\r\ngun\r\ngun\r\n");
+  find("gun");
+  const auto press = [this](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(text().focusProxy(), key, modifiers);
+  };
+  EXPECT_TRUE(resultBecomes("1 of 3"));
+  for (int i = 0; i < 3; ++i) press(Qt::Key_Return);
+  EXPECT_TRUE(resultBecomes("last of 3"));
+  press(Qt::Key_Return, Qt::ShiftModifier);
+  EXPECT_TRUE(resultBecomes("2 of 3"));
+  EXPECT_EQ(panel(1), "Line 2 of 4");
+  EXPECT_FALSE(text().isModified());
+  press(Qt::Key_Right);
+  press(Qt::Key_Return);
+  EXPECT_TRUE(text().isModified());
+}
+
+TEST_F(FindTest, WhatIsNotThereIsSaidAndMovesNothing) {
+  openFile("a\r\ngun\r\n");
+  find("gun");
+  find("cannon");
+  EXPECT_TRUE(resultBecomes("Not found"));
+  EXPECT_EQ(text().selectedText(), "gun");
+  part<QAction>("findRegularExpression")->setChecked(true);
+  find("g(un");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return result().contains("parenthes"); }));
+}
+
+TEST_F(FindTest, OptionsSayWhatIsAHit) {
+  const struct {
+    std::vector<const char*> options;
+    const char* sought;
+    const char* result;
+  } kCases[] = {
+      {{}, "gun", "1 of 6"},
+      {{"findMatchCase"}, "Gun", "1 of 1"},
+      {{"findWholeWord"}, "gun", "1 of 3"},
+      {{"findRegularExpression"}, "^\\s*gun_?", "1 of 4"},
+      {{"findRegularExpression", "findWholeWord"}, "[a-z]+$", "1 of 2"},
+      {{"findRegularExpression"}, "x*", "Not found"},
+  };
+  openFile("gun\r\n Gun gun_A\r\ngun\r\n\xC4gun 1\r\n gun_\r\n");
+  for (const auto& [options, sought, expected] : kCases) {
+    for (const char* option : options) part<QAction>(option)->setChecked(true);
+    find(sought);
+    EXPECT_TRUE(resultBecomes(expected)) << sought << ": " << result().toStdString();
+    for (const char* option : options) part<QAction>(option)->setChecked(false);
+  }
+}
+
+TEST_F(FindTest, SearchesStayInTheSelectionAndWrapAround) {
+  openFile("gun\r\ngun\r\ngun\r\n");
+  text().select({5, 13});
+  part<QAction>("findInSelection")->setChecked(true);
+  find("gun");
+  EXPECT_TRUE(resultBecomes("1 of 2"));
+  trigger("findPrevious");
+  EXPECT_TRUE(resultBecomes("first of 2"));
+  part<QAction>("findWrapAround")->setChecked(true);
+  trigger("findPrevious");
+  EXPECT_TRUE(resultBecomes("2 of 2"));
+  trigger("MnuFindNext");
+  EXPECT_EQ(panel(1), "Line 2 of 4");
+}
+
+TEST(TextSearch, ReplacesGroupsAndKeepsWhatLiesAround) {
+  const struct {
+    const char* text;
+    TextSpan range;
+    const char* sought;
+    const char* with;
+    const char* result;
+    int count;
+  } kCases[] = {
+      {"a=1\r\nb=2", {0, 8}, "(\\w)=(\\d)", "\\2=\\1", "1=a\r\n2=b", 2},
+      {"aXbX", {2, 4}, "x", "\\n", "aXb\r\n", 1},
+      {"\xC3\x84x\xC3\x84", {0, 5}, "(?<=\xC3\x84)x", "y", "\xC3\x84y\xC3\x84", 1},
+      {"aaa", {0, 3}, "", "b", "aaa", 0},
+  };
+  for (const auto& [text, range, sought, with, result, count] : kCases) {
+    const TextSearch search(sought, {.regularExpression = true});
+    const TextSearch::Replaced replaced = search.replaced(text, range, with);
+    EXPECT_EQ(replaced.utf8.toStdString(), result);
+    EXPECT_EQ(replaced.count, count);
+  }
 }
 
 TEST_F(FindTest, ReplaceAllIsOneStepAndSaysHowMany) {

@@ -71,7 +71,7 @@ TEST(IniTextEdit, ALineGoesThroughAllOfAStruckOutTextHoweverItCame) {
   const QImage expected = picture("aabb", true, nothing);
   EXPECT_NE(expected, picture("aabb", false, nothing));
   EXPECT_EQ(expected, picture("bb", true, [](IniTextEdit& text) { text.replaceSelection("aa"); }));
-  EXPECT_EQ(expected, picture("aaxx", true, [](IniTextEdit& text) { text.replaceAll("xx", "bb", true); }));
+  EXPECT_EQ(expected, picture("aaxx", true, [](IniTextEdit& text) { text.replaceAllText("aabb"); }));
   EXPECT_EQ(expected, picture("aac", true, [](IniTextEdit& text) {
               text.selectCharacterAt(2);
               text.replaceSelection("bb");
