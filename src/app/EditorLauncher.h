@@ -3,19 +3,18 @@
 
 #include <QString>
 
-#include <string>
-
 namespace korvane {
+
+struct ManualEditRequest;
 
 // What the windows ask of each other. Every window is made at its first use and shown modeless.
 class EditorLauncher {
  public:
   virtual ~EditorLauncher() = default;
 
-  // The manual editor on the whole file that the manual edit target names, loaded from the disk.
-  virtual void showManualEditorOnFile() = 0;
-  // The manual editor on a text (the files' bytes) that is part of the target's file.
-  virtual void showManualEditorOnText(const std::string& text) = 0;
+  // The manual editor at a place of a file or of a part of one. An opening that fails says why and changes
+  // nothing.
+  virtual void showManualEditor(const ManualEditRequest& request) = 0;
 
   virtual void showWeaponEditor() = 0;
   virtual void showArmourEditor() = 0;

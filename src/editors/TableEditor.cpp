@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "app/EditorLauncher.h"
-#include "app/ManualEditTarget.h"
+#include "app/ManualEditRequest.h"
 #include "controls/Icons.h"
 #include "controls/MenuButton.h"
 #include "controls/Placement.h"
@@ -170,11 +170,11 @@ std::optional<std::string> TableEditor::readBlock(const QString& name) {
 void TableEditor::editInManualEditor() {
   const WindowCalls::Running call(calls_);
   const auto name = selectedName();
-  const auto text = name ? readBlock(*name) : std::nullopt;
-  if (!text) return;
-  const std::string path = IniPath(context_.parser.gameFolder(), entry_.file);
-  context_.target = {.ManualEditFile = QString::fromStdString(path), .ManualEditPartial = 1};
-  context_.launcher.showManualEditorOnText(*text);
+  ManualEditRequest request;
+  if (name) request.text = readBlock(*name);
+  if (!request.text) return;
+  SetManualEditFile(request, context_.services.folders, 1, DataFolder::ini, QString::fromUtf8(entry_.file));
+  context_.launcher.showManualEditor(request);
 }
 
 void TableEditor::closeEvent(QCloseEvent* event) {

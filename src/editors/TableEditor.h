@@ -21,14 +21,12 @@ namespace korvane {
 class EditorLauncher;
 class ListAndTable;
 class UnitChoices;
-struct ManualEditTarget;
 
 // What every table editor uses.
 struct TableEditorContext {
   SParse& parser;
   const Services& services;
   EditorLauncher& launcher;
-  ManualEditTarget& target;
   const UnitChoices& units;
 };
 

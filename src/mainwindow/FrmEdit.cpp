@@ -40,7 +40,7 @@ constexpr auto kFileButtonInterval = std::chrono::milliseconds(100);
 
 }  // namespace
 
-FrmEdit::FrmEdit(const Services& services, EditorLauncher& launcher, ManualEditTarget& target)
+FrmEdit::FrmEdit(const Services& services, EditorLauncher& launcher)
     : services_(services),
       launcher_(launcher),
       SParse1_([&services] { return services.folders.game.toStdString(); },
@@ -49,7 +49,7 @@ FrmEdit::FrmEdit(const Services& services, EditorLauncher& launcher, ManualEditT
       TVMenu_(new ClickView<QTreeView>),
       Toolbar1_(addToolBar("Toolbar")),
       panels_(*statusBar()),
-      commands_(*this, SParse1_, services, launcher, target, [this] { return display_->selectedObject(); }) {
+      commands_(*this, SParse1_, services, launcher, [this] { return display_->selectedObject(); }) {
   setObjectName("FrmEdit");
   setWindowTitle(ApplicationTitle());
   setProperty("tag", ApplicationTitle());

@@ -20,7 +20,6 @@ class QToolBar;
 namespace korvane {
 
 class EditorLauncher;
-struct ManualEditTarget;
 
 // The main window: the object tree, the tab box with the fields of the chosen object, menus, toolbar and
 // status bar.
@@ -28,7 +27,7 @@ class FrmEdit : public QMainWindow, public UnitChoices {
   Q_OBJECT
 
  public:
-  FrmEdit(const Services& services, EditorLauncher& launcher, ManualEditTarget& target);
+  FrmEdit(const Services& services, EditorLauncher& launcher);
 
   SParse& parser() { return SParse1_; }
   ObjectTreeModel& objects() { return objects_; }

@@ -4,7 +4,6 @@
 #include <QWidget>
 
 #include "app/EditorLauncher.h"
-#include "app/ManualEditTarget.h"
 #include "controls/ShownText.h"
 #include "files/NativePath.h"
 #include "ini/DataFiles.h"
@@ -23,13 +22,11 @@ const QString kDevelopmentPage = QStringLiteral("https://ferncastle.example/korv
 }  // namespace
 
 LaunchCommands::LaunchCommands(QWidget& window, SParse& parser, const Services& services,
-                               EditorLauncher& launcher, ManualEditTarget& target,
-                               std::function<SelectedObject()> selected)
+                               EditorLauncher& launcher, std::function<SelectedObject()> selected)
     : window_(window),
       parser_(parser),
       services_(services),
       launcher_(launcher),
-      target_(target),
       selected_(std::move(selected)) {}
 
 void LaunchCommands::runGame() {
@@ -89,29 +86,20 @@ void LaunchCommands::tellAboutArrow() {
 void LaunchCommands::openDataFile(const QString& filename) {
   for (const DataFile& file : kDataFiles) {
     if (filename.compare(QString::fromUtf8(file.name), Qt::CaseInsensitive) != 0) continue;
-    openFile(file.folder == kObjectFolder ? objects : ini, filename);
+    openFile(file.folder == kObjectFolder ? DataFolder::objects : DataFolder::ini, filename);
     return;
   }
 }
 
-QString LaunchCommands::path(Folder folder, const QString& filename) const {
-  return services_.folders.game + QString::fromUtf8(folder == ini ? kIniFolder : kObjectFolder) + filename;
-}
-
-void LaunchCommands::SetManualEditFile(int partial, Folder folder, const QString& filename) {
-  target_.ManualEditPartial = partial;
-  target_.ManualEditFile = path(folder, filename);
-}
-
-void LaunchCommands::openFile(Folder folder, const QString& filename) {
-  const QString wanted = path(folder, filename);
+void LaunchCommands::openFile(DataFolder folder, const QString& filename) {
+  const QString wanted = DataFilePath(services_.folders, folder, filename);
   if (!FileExists(wanted.toStdString())) {
     services_.messages.show({.text = "The following files do not exist: " + kCrLf + wanted}, &window_);
     return;
   }
-  SetManualEditFile(0, folder, filename);
-  target_.ManEditInitDone = false;
-  launcher_.showManualEditorOnFile();
+  ManualEditRequest request;
+  SetManualEditFile(request, services_.folders, 0, folder, filename);
+  launcher_.showManualEditor(request);
 }
 
 void LaunchCommands::editObjectFile() {
@@ -119,31 +107,29 @@ void LaunchCommands::editObjectFile() {
   if (!object.name.empty()) LF(FromBytes(object.file));
 }
 
-// The read lets events run, in which another file can be opened: only after it the target is this text's.
-void LaunchCommands::editPart(Folder folder, const QString& filename,
+void LaunchCommands::editPart(DataFolder folder, const QString& filename,
                               const std::function<std::string()>& readText) {
-  std::string text;
+  ManualEditRequest request;
+  SetManualEditFile(request, services_.folders, 1, folder, filename);
   {
     const ParserTurn turn(parser_);
     if (!turn) return;
-    text = readText();
+    request.text = readText();
   }
-  SetManualEditFile(1, folder, filename);
-  target_.ManEditInitDone = false;
-  launcher_.showManualEditorOnText(text);
+  launcher_.showManualEditor(request);
   window_.unsetCursor();
 }
 
 void LaunchCommands::editLocomotors() {
   const SelectedObject object = selected_();
   if (object.name.empty()) return;
-  editPart(ini, QString::fromUtf8(kLocomotorFile), [&] { return parser_.GetLocomotors(object); });
+  editPart(DataFolder::ini, QString::fromUtf8(kLocomotorFile), [&] { return parser_.GetLocomotors(object); });
 }
 
 void LaunchCommands::editObjectBlock() {
   const SelectedObject object = selected_();
   if (object.name.empty()) return;
-  editPart(objects, FromBytes(object.file), [&] {
+  editPart(DataFolder::objects, FromBytes(object.file), [&] {
     parser_.ObjectName = object.name;
     return parser_.GetObjectText("Object", "Object\\" + object.file);
   });

@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include "app/ManualEditRequest.h"
 #include "app/Services.h"
 #include "ini/SParse.h"
 
@@ -14,17 +15,13 @@ class QWidget;
 namespace korvane {
 
 class EditorLauncher;
-struct ManualEditTarget;
 
 // What the menus, the toolbar and the buttons of the main window start.
 class LaunchCommands {
  public:
-  // Where a data file lies.
-  enum Folder { ini, objects };
-
   // `selected` gives the tree's selected object.
   LaunchCommands(QWidget& window, SParse& parser, const Services& services, EditorLauncher& launcher,
-                 ManualEditTarget& target, std::function<SelectedObject()> selected);
+                 std::function<SelectedObject()> selected);
 
   void runGame();
   void showOptions();
@@ -43,8 +40,8 @@ class LaunchCommands {
 
   // Open a whole file of "\Data\INI\" or of "\Data\INI\Object\" in the manual editor, or say that it does not
   // exist.
-  void SF(const QString& filename) { openFile(ini, filename); }
-  void LF(const QString& filename) { openFile(objects, filename); }
+  void SF(const QString& filename) { openFile(DataFolder::ini, filename); }
+  void LF(const QString& filename) { openFile(DataFolder::objects, filename); }
   // A data file by its name in any letter case; an unknown name does nothing.
   void openDataFile(const QString& filename);
 
@@ -58,16 +55,13 @@ class LaunchCommands {
   void showWeapon(const QString& name);
 
  private:
-  QString path(Folder folder, const QString& filename) const;
-  void SetManualEditFile(int partial, Folder folder, const QString& filename);
-  void openFile(Folder folder, const QString& filename);
-  void editPart(Folder folder, const QString& filename, const std::function<std::string()>& readText);
+  void openFile(DataFolder folder, const QString& filename);
+  void editPart(DataFolder folder, const QString& filename, const std::function<std::string()>& readText);
 
   QWidget& window_;
   SParse& parser_;
   const Services& services_;
   EditorLauncher& launcher_;
-  ManualEditTarget& target_;
   std::function<SelectedObject()> selected_;
 };
 

@@ -16,7 +16,6 @@
 
 #include <algorithm>
 
-#include "app/ManualEditTarget.h"
 #include "app/Services.h"
 #include "controls/FontDialog.h"
 #include "controls/Icons.h"
@@ -93,10 +92,9 @@ constexpr FrmManEdit::ToolButton FrmManEdit::kToolButtons[] = {
     {"Copy", &FrmManEdit::copy},          {"Paste", &FrmManEdit::paste},
     {"Undo", &FrmManEdit::tellAboutUndo}, {"Redo", &FrmManEdit::tellAboutUndo}};
 
-FrmManEdit::FrmManEdit(const Services& services, ManualEditTarget& target, const FileWriter& files,
-                       const KeptVersions& versions, FontChooser& fonts)
+FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const KeptVersions& versions,
+                       FontChooser& fonts)
     : services_(services),
-      target_(target),
       fonts_(fonts),
       TB1_(addToolBar("Toolbar")),
       TxtManEdit_(new IniTextEdit(this)),
@@ -166,24 +164,16 @@ void FrmManEdit::buildStatusBar() {
   statusBar()->setFixedHeight(std::max(kStatusBarHeight, statusBar()->sizeHint().height()));
 }
 
-bool FrmManEdit::loadFile(const QString& path) {
+bool FrmManEdit::open(const ManualEditRequest& request) {
   const WindowCalls::Running call(calls_);
-  if (!openText_->load(path, target_.ManualEditPartial != 0)) return false;
-  opened();
-  return true;
-}
-
-void FrmManEdit::setText(std::string_view bytes) {
-  const WindowCalls::Running call(calls_);
-  openText_->set(bytes, target_.ManualEditFile, target_.ManualEditPartial != 0);
-  opened();
-}
-
-void FrmManEdit::opened() {
+  if (!openText_->open(request)) return false;
+  place_ = request.place;
+  ManEditInitDone_ = false;
   closed_ = false;
   reopened_ = true;
   if (!isVisible() || !isMaximized()) RestorePlacement(services_.settings, *this);
   setUpSoon();
+  return true;
 }
 
 void FrmManEdit::keepUnsavedText() {
@@ -209,7 +199,7 @@ void FrmManEdit::showEvent(QShowEvent* event) {
 }
 
 void FrmManEdit::setUp() {
-  if (target_.ManEditInitDone || settingUp_ || closed_ || !isVisible()) return;
+  if (ManEditInitDone_ || settingUp_ || closed_ || !isVisible()) return;
   const WindowCalls::Running call(calls_);
   settingUp_ = true;
   do {
@@ -258,7 +248,8 @@ void FrmManEdit::finishSetUp() {
   setWindowTitle(kCaption);
   showState("Idle");
   TxtManEdit_->setFocus();
-  target_.ManEditInitDone = true;
+  ManEditInitDone_ = true;
+  if (place_.line > 0) TxtManEdit_->goTo(place_.line - 1, place_.column - 1, place_.length);
 }
 
 void FrmManEdit::closeEvent(QCloseEvent* event) {

@@ -4,8 +4,8 @@
 #include <QMainWindow>
 
 #include <array>
-#include <string_view>
 
+#include "app/ManualEditRequest.h"
 #include "platform/WindowCalls.h"
 
 class QLabel;
@@ -21,23 +21,21 @@ class FrmReplace;
 class IniTextEdit;
 class KeptVersions;
 class OpenText;
-struct ManualEditTarget;
 struct Services;
 
-// The manual editor: one of the game's files, or a part of one, as plain text. An opening command sets the
-// manual edit target, hands over the text and shows the window, which then sets itself up, once.
+// The manual editor: one of the game's files, or a part of one, as plain text. An opening command hands
+// over what to open and shows the window, which then sets itself up, once.
 class FrmManEdit : public QMainWindow {
   Q_OBJECT
 
  public:
-  FrmManEdit(const Services& services, ManualEditTarget& target, const FileWriter& files,
-             const KeptVersions& versions, FontChooser& fonts);
+  FrmManEdit(const Services& services, const FileWriter& files, const KeptVersions& versions,
+             FontChooser& fonts);
 
-  // The text of the file at the program's path. False, after a message, when it cannot be read; the window
-  // then keeps what it holds.
-  bool loadFile(const QString& path);
-  // A part of the target's file, in the file's bytes.
-  void setText(std::string_view bytes);
+  // False, after a message, when it cannot be opened; the window then stays as it is.
+  bool open(const ManualEditRequest& request);
+  // True when what was opened last is set up, its place gone to.
+  bool ManEditInitDone() const { return ManEditInitDone_; }
 
   // Keeps an unsaved text among the former versions of its file, for the moment before the program ends.
   void keepUnsavedText();
@@ -61,7 +59,6 @@ class FrmManEdit : public QMainWindow {
   void buildToolBar();
   void buildStatusBar();
 
-  void opened();
   void setUpSoon();
   void setUp();
   void runSetUp();
@@ -88,7 +85,6 @@ class FrmManEdit : public QMainWindow {
   void exitCommand();
 
   const Services& services_;
-  ManualEditTarget& target_;
   FontChooser& fonts_;
 
   QToolBar* TB1_;
@@ -101,6 +97,8 @@ class FrmManEdit : public QMainWindow {
   int lineTotal_ = 0;
 
   WindowCalls calls_;
+  TextPlace place_;               // to go to, of what was opened last
+  bool ManEditInitDone_ = false;  // cleared by every opening
   bool settingUp_ = false;
   bool reopened_ = false;  // another text arrived while the set-up was running
   bool closed_ = false;

@@ -167,6 +167,18 @@ void IniTextEdit::moveToStart() {
   select({});
 }
 
+void IniTextEdit::goTo(int line, int column, int length) {
+  line = std::min(line, lineCount() - 1);
+  const long end = send(Sci::SCI_GETLINEENDPOSITION, line);
+  const auto advanced = [&](long from, int characters) {
+    const long to = send(Sci::SCI_POSITIONRELATIVE, from, std::max(characters, 0));
+    return to == 0 || to > end ? end : to;  // 0: behind the text's end
+  };
+  const long start = send(Sci::SCI_POSITIONFROMLINE, line);
+  const long from = column > 0 ? advanced(start, column) : start;
+  select(from, length > 0 ? advanced(from, length) : from);
+}
+
 void IniTextEdit::selectCharacterAt(qsizetype position) {
   select({position, send(Sci::SCI_POSITIONAFTER, position)});
 }

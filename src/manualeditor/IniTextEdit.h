@@ -48,6 +48,9 @@ class IniTextEdit : public QWidget {
   };
   Place placeOf(qsizetype position) const;
   void moveToStart();
+  // Selects `length` characters from the column of the line, both from 0; stops at the line's end, and at the
+  // text's.
+  void goTo(int line, int column, int length);
   // At a byte offset in the UTF-8 text.
   void selectCharacterAt(qsizetype position);
   void selectAll();

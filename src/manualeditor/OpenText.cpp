@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "app/ManualEditRequest.h"
 #include "app/Services.h"
 #include "files/FileBytes.h"
 #include "files/NativePath.h"
@@ -57,27 +58,24 @@ OpenText::OpenText(IniTextEdit& text, const Services& services, const FileWriter
   });
 }
 
-bool OpenText::load(const QString& path, bool part) {
+bool OpenText::open(const ManualEditRequest& request) {
+  if (request.text) return take(*request.text, request);
   FileBytes file;
-  if (!ReadWhole(path, file)) {
-    tell(QStringLiteral("The file cannot be read: ") + kLineEnd + path);
-    return false;
-  }
-  if (HasEndlessLine(file.bytes())) {
-    tell(kEndlessLine + kLineEnd + path);
-    return false;
-  }
-  set(file.bytes(), path, part);
-  return true;
+  if (ReadWhole(request.ManualEditFile, file)) return take(file.bytes(), request);
+  tell(QStringLiteral("The file cannot be read: ") + kLineEnd + request.ManualEditFile);
+  return false;
 }
 
-void OpenText::set(std::string_view bytes, const QString& path, bool part) {
+bool OpenText::take(std::string_view bytes, const ManualEditRequest& request) {
+  if (HasEndlessLine(bytes)) {
+    tell(kEndlessLine + kLineEnd + request.ManualEditFile);
+    return false;
+  }
   keepUnsaved();
-  file_ = path;
-  const bool endless = HasEndlessLine(bytes);
-  part_ = part || endless;  // what is not all there must not be saved
-  text_.setBytes(endless ? std::string_view() : bytes);
-  if (endless) tell(kEndlessLine + kLineEnd + path);
+  file_ = request.ManualEditFile;
+  part_ = request.ManualEditPartial != 0;
+  text_.setBytes(bytes);
+  return true;
 }
 
 void OpenText::save() {

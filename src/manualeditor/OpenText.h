@@ -12,6 +12,7 @@ namespace korvane {
 
 class FileWriter;
 class IniTextEdit;
+struct ManualEditRequest;
 struct Services;
 
 // The text in the manual editor and its file: how it comes from the disk and goes back, and that it is not
@@ -24,11 +25,9 @@ class OpenText : public QObject {
   OpenText(IniTextEdit& text, const Services& services, const FileWriter& files,
            const KeptVersions& versions);
 
-  // `load` and `set` first keep any unsaved text. `load`: false, after a message, when the file cannot be
-  // read whole or shown; the text then stays.
-  bool load(const QString& path, bool part);
-  // A part that cannot be shown gives an empty text.
-  void set(std::string_view bytes, const QString& path, bool part);
+  // Takes the place of the text, which is first kept where it is unsaved. False, after a message, when the
+  // file cannot be read whole or shown; nothing is changed then.
+  bool open(const ManualEditRequest& request);
 
   // The program's path of the file, and whether the text is only a part of it, from the moment the text was
   // handed over.
@@ -42,6 +41,7 @@ class OpenText : public QObject {
   void keepUnsaved();
 
  private:
+  bool take(std::string_view bytes, const ManualEditRequest& request);
   void noteUnsaved();
   void tellNotKept(const QString& reason, bool noted);
   void refuse(char32_t character, qsizetype position);

@@ -68,7 +68,7 @@ void Program::runSplash() {
 }
 
 FrmEdit& Program::mainWindow() {
-  if (!mainWindow_) mainWindow_ = std::make_unique<FrmEdit>(services_, *this, target_);
+  if (!mainWindow_) mainWindow_ = std::make_unique<FrmEdit>(services_, *this);
   return *mainWindow_;
 }
 
@@ -117,7 +117,7 @@ void Program::showAbout() {
 }
 
 TableEditorContext Program::editorContext() {
-  return {mainWindow().parser(), services_, *this, target_, mainWindow()};
+  return {mainWindow().parser(), services_, *this, mainWindow()};
 }
 
 void Program::showWeaponEditor() {
@@ -172,16 +172,11 @@ void Program::showCommandButtonEditor() {
 }
 
 FrmManEdit* Program::makeManualEditor() {
-  return new FrmManEdit(services_, target_, files_, *versions_, fonts_);
+  return new FrmManEdit(services_, files_, *versions_, fonts_);
 }
 
-void Program::showManualEditorOnFile() {
-  if (manualEditor_.get().loadFile(target_.ManualEditFile)) Present(manualEditor_.get());
-}
-
-void Program::showManualEditorOnText(const std::string& text) {
-  manualEditor_.get().setText(text);
-  Present(manualEditor_.get());
+void Program::showManualEditor(const ManualEditRequest& request) {
+  if (manualEditor_.get().open(request)) Present(manualEditor_.get());
 }
 
 void Program::keepUnsavedTexts() {

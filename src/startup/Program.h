@@ -6,7 +6,6 @@
 #include <memory>
 
 #include "app/EditorLauncher.h"
-#include "app/ManualEditTarget.h"
 #include "app/Services.h"
 #include "controls/FontDialog.h"
 #include "platform/FileWriter.h"
@@ -42,8 +41,7 @@ class Program : public EditorLauncher, public StartupWindows {
   // The start procedure; afterwards the event loop carries the program.
   void StartProgram();
 
-  void showManualEditorOnFile() override;
-  void showManualEditorOnText(const std::string& text) override;
+  void showManualEditor(const ManualEditRequest& request) override;
   void showWeaponEditor() override;
   void showArmourEditor() override;
   void showCommandSetEditor() override;
@@ -75,7 +73,6 @@ class Program : public EditorLauncher, public StartupWindows {
 
   const Services& services_;
   QString arguments_;
-  ManualEditTarget target_;
   FileWriter files_;
   std::unique_ptr<KeptVersions> versions_;
   FontDialog fonts_;

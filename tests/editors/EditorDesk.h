@@ -9,7 +9,6 @@
 
 #include <memory>
 
-#include "app/ManualEditTarget.h"
 #include "app/UnitChoices.h"
 #include "editors/TableEditor.h"
 #include "support/TestDesk.h"
@@ -67,9 +66,8 @@ class EditorDesk : public testing::Test, protected TestDesk {
 
   SParse parser{[this] { return game.path(); }, [this] { yield.fullTurn(); }};
   FakeLauncher launcher;
-  ManualEditTarget target;
   FakeUnits units;
-  TableEditorContext context{parser, services, launcher, target, units};
+  TableEditorContext context{parser, services, launcher, units};
 };
 
 }  // namespace korvane

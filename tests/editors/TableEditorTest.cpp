@@ -39,10 +39,11 @@ TEST_F(TableEditorTest, AWeaponIsLookedUpShownAndHandedToTheManualEditor) {
   for (int row = 0; row < table(*editor).rowCount(); ++row) EXPECT_TRUE(table(*editor).row(row).redAndBold);
 
   trigger(*editor, "MnuManEd");
-  EXPECT_EQ(launcher.texts, std::vector<std::string>{"Weapon Cannon\r\n  PrimaryDamage = 7\r\nEnd\r\n"});
-  EXPECT_EQ(target.ManualEditFile, game.qpath() + "\\Data\\INI\\Weapon.ini");
-  EXPECT_EQ(target.ManualEditPartial, 1);
-  EXPECT_FALSE(target.ManEditInitDone);
+  ASSERT_EQ(launcher.requests.size(), 1U);
+  const ManualEditRequest& request = launcher.requests[0];
+  EXPECT_EQ(request.text, "Weapon Cannon\r\n  PrimaryDamage = 7\r\nEnd\r\n");
+  EXPECT_EQ(request.ManualEditFile, game.qpath() + "\\Data\\INI\\Weapon.ini");
+  EXPECT_EQ(request.ManualEditPartial, 1);
 }
 
 TEST_F(TableEditorTest, ACommandButtonIsShownWithoutTheCommentInItsName) {
@@ -67,7 +68,7 @@ TEST_F(TableEditorTest, AMissingFileGivesAnEmptyListWithNothingToEdit) {
   const auto editor = open<FrmCmdBtn>();
   EXPECT_TRUE(entries(*editor).isEmpty());
   trigger(*editor, "PopManEd");
-  EXPECT_TRUE(launcher.texts.empty());
+  EXPECT_TRUE(launcher.requests.empty());
 }
 
 TEST_F(TableEditorTest, AnEntryIsFoundByItsFirstWholeWord) {
@@ -123,7 +124,7 @@ TEST_F(DuringAFill, AClickInAnotherEditorIsIgnored) {
 TEST_F(DuringAFill, AManualEditIsIgnored) {
   fillWith([this] { trigger(*buttons, "MnuManEd"); });
   expectCannonWhole();
-  EXPECT_TRUE(launcher.texts.empty());
+  EXPECT_TRUE(launcher.requests.empty());
 }
 
 TEST_F(DuringAFill, AWindowThatIsClosedGoesOnlyAfterwards) {

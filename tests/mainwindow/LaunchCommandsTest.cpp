@@ -52,15 +52,13 @@ TEST_F(LaunchCommandsTest, MenuEntriesStartWhatTheyName) {
 
 TEST_F(LaunchCommandsTest, FilesOpenFromTheirFolderOrAreSaidToBeMissing) {
   open();
-  target.ManEditInitDone = true;
   trigger("MnuFileEdit0");
   EXPECT_EQ(launcher.takeCalls(), QStringList{"manual file"});
-  EXPECT_EQ(target.ManualEditFile, folder("\\Data\\INI\\Object\\FactionUnit.ini"));
-  EXPECT_EQ(target.ManualEditPartial, 0);
-  EXPECT_FALSE(target.ManEditInitDone);
+  EXPECT_EQ(launcher.requests.back().ManualEditFile, folder("\\Data\\INI\\Object\\FactionUnit.ini"));
+  EXPECT_EQ(launcher.requests.back().ManualEditPartial, 0);
   dropDown("DISK12", "Armor.ini");
   EXPECT_EQ(launcher.takeCalls(), QStringList{"manual file"});
-  EXPECT_EQ(target.ManualEditFile, folder("\\Data\\INI\\armor.ini"));
+  EXPECT_EQ(launcher.requests.back().ManualEditFile, folder("\\Data\\INI\\armor.ini"));
   trigger("MnuFileEdit16");
   EXPECT_TRUE(launcher.takeCalls().isEmpty());
   ASSERT_EQ(messages.shown.size(), 1U);
@@ -94,16 +92,24 @@ TEST_F(LaunchCommandsTest, ButtonsHandTheSelectedObjectToTheManualEditor) {
   EXPECT_TRUE(QTest::qWaitFor(
       [this] { return get<QPushButton>("CmdME_FINI").text() == "Manual Edit FactionUnit.ini"; }));
   launcher.takeCalls();
-  press("CmdME_FINI");
-  EXPECT_EQ(target.ManualEditPartial, 0);
-  press("Btn_LEdit");
-  EXPECT_EQ(target.ManualEditPartial, 1);
-  EXPECT_EQ(target.ManualEditFile, folder("\\Data\\INI\\Locomotor.ini"));
-  press("Btn_FEdit");
-  EXPECT_EQ(target.ManualEditFile, folder("\\Data\\INI\\Object\\FactionUnit.ini"));
+  const struct {
+    const char* button;
+    int partial;
+    const char* file;
+    std::string_view text;  // its beginning
+  } kCases[] = {
+      {"CmdME_FINI", 0, "\\Data\\INI\\Object\\FactionUnit.ini", ""},
+      {"Btn_LEdit", 1, "\\Data\\INI\\Locomotor.ini", "Locomotor Wheels\r\n"},
+      {"Btn_FEdit", 1, "\\Data\\INI\\Object\\FactionUnit.ini", "Object Jeep\r\n"},
+  };
+  for (const auto& c : kCases) {
+    press(c.button);
+    const ManualEditRequest request = launcher.requests.back();
+    EXPECT_EQ(request.ManualEditPartial, c.partial) << c.button;
+    EXPECT_EQ(request.ManualEditFile, folder(c.file)) << c.button;
+    EXPECT_TRUE(request.text.value_or("").starts_with(c.text)) << *request.text;
+  }
   EXPECT_EQ(launcher.takeCalls(), (QStringList{"manual file", "manual text", "manual text"}));
-  EXPECT_TRUE(launcher.texts[0].starts_with("Locomotor Wheels\r\n")) << launcher.texts[0];
-  EXPECT_TRUE(launcher.texts[1].starts_with("Object Jeep\r\n")) << launcher.texts[1];
 }
 
 TEST_F(LaunchCommandsTest, EditorsOpenAtTheFieldsOwnEntry) {

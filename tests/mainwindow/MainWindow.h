@@ -15,7 +15,6 @@
 
 #include <memory>
 
-#include "app/ManualEditTarget.h"
 #include "controls/InPlaceTable.h"
 #include "mainwindow/FrmEdit.h"
 #include "platform/TextEncoding.h"
@@ -37,7 +36,7 @@ class MainWindow : public testing::Test, protected TestDesk {
   }
 
   void open() {
-    window = std::make_unique<FrmEdit>(services, launcher, target);
+    window = std::make_unique<FrmEdit>(services, launcher);
     ObjectTreeModel& tree = window->objects();
     tree.addNode("FactionUnit.ini", "Player Units", "", "FactionUnit.ini");
     tree.addNode("FUOther", "Other", "FactionUnit.ini", "FactionUnit.ini");
@@ -117,7 +116,6 @@ class MainWindow : public testing::Test, protected TestDesk {
       "Object Hut\n  MaxHealth = 900\nEnd\n";
 
   FakeLauncher launcher;
-  ManualEditTarget target;
   std::unique_ptr<FrmEdit> window;
 };
 

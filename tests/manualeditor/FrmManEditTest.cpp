@@ -27,13 +27,13 @@ TEST_F(ManEditTest, OpeningShowsTheTextFromItsStart) {
 // Qt keeps a list of the windows that it still has to tell of an activation.
 TEST_F(ManEditTest, NoEventsRunInsideOfTheActivation) {
   openFile(kFile);
-  target_.ManEditInitDone = false;
+  ASSERT_TRUE(window_->open({path_}));
   bool eventsRan = false;
   yield_.onTurn = [&] { eventsRan = true; };
   QEvent activation(QEvent::WindowActivate);
   QCoreApplication::sendEvent(window_.get(), &activation);
   EXPECT_FALSE(eventsRan);
-  EXPECT_TRUE(QTest::qWaitFor([this] { return target_.ManEditInitDone; }));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return window_->ManEditInitDone(); }));
 }
 
 // The names and captions of actions, with an empty text for a separator.
@@ -130,22 +130,52 @@ TEST_F(ManEditTest, ACharacterThatNoFileCanHoldIsNamedAndSelectedAndNothingIsWri
 
 TEST_F(ManEditTest, AnOpeningThatComesToNothingChangesNeitherTextNorItsFile) {
   openFile(kFile);
-  target_.ManualEditFile = game_.qpath() + "\\Data\\INI\\Armor.ini";
-  EXPECT_FALSE(window_->loadFile(target_.ManualEditFile));
+  EXPECT_FALSE(window_->open({game_.qpath() + "\\Data\\INI\\Armor.ini"}));
   type("x");
   trigger("MnuSave");
   EXPECT_EQ(saved(), "x" + kFile);
   EXPECT_FALSE(std::filesystem::exists(game_.native("Data/INI/Armor.ini")));
 }
 
-TEST_F(ManEditTest, ALineThatWouldBlockTheWindowIsRefused) {
+TEST_F(ManEditTest, ALineThatWouldBlockTheWindowIsRefusedAndNothingChanges) {
   openFile(kFile);
-  game_.write("Data/INI/Armor.ini", "a\r\n" + std::string(300'000, 'x'));
-  EXPECT_FALSE(window_->loadFile(game_.qpath() + "\\Data\\INI\\Armor.ini"));
-  EXPECT_EQ(text().fileBytes().bytes, kFile);
-  openPart(std::string(300'000, 'x') + "\r\n");
-  EXPECT_EQ(text().fileBytes().bytes, "");
+  find("Knife");
+  const QString armour = game_.qpath() + "\\Data\\INI\\Armor.ini";
+  const std::string endless = "a\r\n" + std::string(300'000, 'x') + "\r\n";
+  game_.write("Data/INI/Armor.ini", endless);
+  EXPECT_FALSE(window_->open({armour}));
+  EXPECT_FALSE(window_->open({armour, 1, endless}));
   EXPECT_EQ(messages_.shown.size(), 2U);
+  QEvent activation(QEvent::WindowActivate);
+  QCoreApplication::sendEvent(window_.get(), &activation);
+  QTest::qWait(10);  // a set-up would have run by now
+  EXPECT_EQ(text().fileBytes().bytes, kFile);
+  EXPECT_EQ(text().selectedText(), "Knife");
+  EXPECT_EQ(part<QComboBox>("CboFind")->currentText(), "Knife");
+  EXPECT_EQ(panel(1), "Line 4 of 7");
+  EXPECT_EQ(panel(5), path_);
+}
+
+TEST_F(ManEditTest, AnOpeningAtAPlaceGoesThereAfterTheSetUp) {
+  game_.write("Data/INI/Weapon.ini", "Weapon Gun\r\n ; \xE4\xFC =\tmuch\r\nEnd");
+  const struct {
+    TextPlace place;
+    const char *line, *selected;
+  } kCases[] = {
+      {{}, "Line 1 of 3", ""},
+      {{.line = 2}, "Line 2 of 3", ""},
+      {{.line = 2, .column = 9, .length = 4}, "Line 2 of 3", "much"},
+      {{.line = 2, .column = 9, .length = 99}, "Line 2 of 3", "much"},
+      {{.line = 2, .column = 99, .length = 4}, "Line 2 of 3", ""},
+      {{.line = 3, .column = 2, .length = 99}, "Line 3 of 3", "nd"},
+      {{.line = 99}, "Line 3 of 3", ""},
+  };
+  for (const auto& c : kCases) {
+    ASSERT_TRUE(window_->open({.ManualEditFile = path_, .place = c.place}));
+    show();
+    EXPECT_EQ(panel(1), c.line) << c.place.line << ' ' << c.place.column;
+    EXPECT_EQ(text().selectedText(), c.selected) << c.place.line << ' ' << c.place.column;
+  }
 }
 
 TEST_F(ManEditTest, UnsavedTextIsKeptWhenItIsClosedOrReplaced) {
@@ -177,8 +207,7 @@ TEST_F(ManEditTest, UnsavedTextThatCannotBeKeptIsToldAndKeptAtTheNextStart) {
 
 TEST_F(ManEditTest, AWindowClosedDuringItsSetUpGoesAfterIt) {
   game_.write("Data/INI/Weapon.ini", kFile);
-  target_ = {path_, 0, false};
-  ASSERT_TRUE(window_->loadFile(path_));
+  ASSERT_TRUE(window_->open({path_}));
   bool heldBack = false;
   yield_.onTurn = [&] {
     window_->close();
@@ -193,10 +222,7 @@ TEST_F(ManEditTest, AWindowClosedDuringItsSetUpGoesAfterIt) {
 }
 
 TEST_F(ManEditTest, ATextOpenedDuringTheSetUpIsSetUpToo) {
-  yield_.onTurn = [&] {
-    target_.ManEditInitDone = false;
-    window_->setText("one\r\ntwo");
-  };
+  yield_.onTurn = [&] { EXPECT_TRUE(window_->open({path_, 1, "one\r\ntwo"})); };
   openFile(kFile);
   EXPECT_EQ(panel(1), "Line 1 of 2");
 }
@@ -207,7 +233,7 @@ TEST_F(ManEditTest, PlacementComesBackBeforeTheWindowIsSeen) {
   trigger("MnuExit");
   EXPECT_EQ(closed_, 1);
   remake();
-  ASSERT_TRUE(window_->loadFile(path_));
+  ASSERT_TRUE(window_->open({path_}));
   EXPECT_EQ(window_->size(), QSize(700, 400));
   show();
   EXPECT_EQ(window_->size(), QSize(700, 400));

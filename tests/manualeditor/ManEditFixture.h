@@ -15,7 +15,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/ManualEditTarget.h"
+#include "app/ManualEditRequest.h"
 #include "app/Services.h"
 #include "controls/FontDialog.h"
 #include "manualeditor/FrmManEdit.h"
@@ -40,24 +40,22 @@ class ManEditTest : public testing::Test {
   ManEditTest() { remake(); }
 
   void remake() {
-    window_ = std::make_unique<FrmManEdit>(services_, target_, files_, versions_, fonts_);
+    window_ = std::make_unique<FrmManEdit>(services_, files_, versions_, fonts_);
     QObject::connect(window_.get(), &FrmManEdit::closedForGood, [this] { ++closed_; });
   }
 
   void openFile(std::string_view bytes) {
     game_.write("Data/INI/Weapon.ini", bytes);
-    target_ = {path_, 0, false};
-    ASSERT_TRUE(window_->loadFile(path_));
+    ASSERT_TRUE(window_->open({path_}));
     show();
   }
   void openPart(std::string_view bytes) {
-    target_ = {path_, 1, false};
-    window_->setText(bytes);
+    ASSERT_TRUE(window_->open({path_, 1, std::string(bytes)}));
     show();
   }
   void show() {
     window_->show();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return target_.ManEditInitDone; }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return window_->ManEditInitDone(); }));
   }
 
   template <typename Type>
@@ -88,7 +86,6 @@ class ManEditTest : public testing::Test {
   ScriptedYield yield_;
   Folders folders_{game_.qpath(), {}};
   const Services services_{settings_, messages_, shell_, help_, process_, yield_, folders_};
-  ManualEditTarget target_;
   FileWriter files_;
   KeptVersions versions_{files_, folder_.filePath("versions")};
   FakeFontChooser fonts_;

@@ -43,7 +43,7 @@ TEST_F(AccessibleNamesTest, EveryControlOfTheKeyboardHasOne) {
   program.showArmourEditor();
   program.showCommandSetEditor();
   program.showCommandButtonEditor();
-  program.showManualEditorOnText("Object Jeep\r\nEnd\r\n");
+  program.showManualEditor({.text = "Object Jeep\r\nEnd\r\n"});
   program.showOptions();
   program.showAbout();
   QTest::qWait(10);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/EditorLauncher.h"
+#include "app/ManualEditRequest.h"
 #include "app/Services.h"
 #include "settings/SettingsStore.h"
 #include "support/Fakes.h"
@@ -18,11 +19,10 @@ namespace korvane {
 // Remembers what the windows ask of each other.
 class FakeLauncher : public EditorLauncher {
  public:
-  void showManualEditorOnText(const std::string& text) override {
-    calls += "manual text";
-    texts.push_back(text);
+  void showManualEditor(const ManualEditRequest& request) override {
+    calls += request.text ? "manual text" : "manual file";
+    requests.push_back(request);
   }
-  void showManualEditorOnFile() override { calls += "manual file"; }
   void showWeaponEditor() override { calls += "weapons"; }
   void showArmourEditor() override { calls += "armours"; }
   void showCommandSetEditor() override { calls += "command sets"; }
@@ -37,7 +37,7 @@ class FakeLauncher : public EditorLauncher {
   QStringList takeCalls() { return std::exchange(calls, {}); }
 
   QStringList calls;
-  std::vector<std::string> texts;
+  std::vector<ManualEditRequest> requests;
 };
 
 // A desktop of a test's own: a small game folder, empty settings, and fakes for the user and the system.

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <optional>
+#include <string>
+
+namespace korvane {
+
+struct Folders;
+
+// A place in a text; the text's start as long as nothing is set.
+struct TextPlace {
+  int line = 0;    // from 1; 0: nowhere in particular
+  int column = 1;  // from 1, in characters, which are the file's bytes
+  int length = 0;  // characters to select
+};
+
+// What to open in the manual editor.
+struct ManualEditRequest {
+  QString ManualEditFile{};           // the program's full path
+  int ManualEditPartial = 0;          // 1: only a part of that file, which cannot be saved
+  std::optional<std::string> text{};  // in the file's bytes; none: the file as it is on the disk
+  TextPlace place{};                  // gone to when the window is set up
+};
+
+// Where a data file lies.
+enum class DataFolder { ini = 0, objects = 1 };
+
+// The program's full path of a data file.
+QString DataFilePath(const Folders& folders, DataFolder folder, const QString& filename);
+
+// Names the request's file and says whether it is only a part of it. Another folder changes nothing.
+void SetManualEditFile(ManualEditRequest& request, const Folders& folders, int partial, DataFolder folder,
+                       const QString& filename);
+
+}  // namespace korvane
