@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/GameStructure.h"
+
+#include <algorithm>
+#include <array>
+
+#include "catalogue/FoldedText.h"
+#include "catalogue/StructureMaker.h"
+
+namespace korvane {
+
+namespace {
+
+bool IsDigit(char byte) {
+  return byte >= '0' && byte <= '9';
+}
+
+// The word as a member of a series, "Rider#" for "Rider12"; empty when it is none.
+class SeriesWord {
+ public:
+  explicit SeriesWord(std::string_view word) {
+    const std::size_t digits = word.find_last_not_of("0123456789") + 1;
+    if (word.empty() || !IsDigit(word.back()) || digits == 0 || digits >= text_.size()) return;
+    std::copy_n(word.begin(), digits, text_.begin());
+    text_[digits] = '#';
+    size_ = digits + 1;
+  }
+  std::string_view text() const { return {text_.data(), size_}; }
+
+ private:
+  std::array<char, 64> text_;
+  std::size_t size_ = 0;
+};
+
+}  // namespace
+
+const GameStructure& GameStructure::get() {
+  static const GameStructure structure = StructureMaker::make();
+  return structure;
+}
+
+// Where the word stands in the table, or where it would.
+std::size_t GameStructure::placeOf(const Meanings& table, BlockTypeId scope, std::string_view word) {
+  const std::size_t mask = table.size() - 1;
+  std::size_t at = (FoldedHash(word) ^ (scope * std::uint64_t{0x9E3779B1})) & mask;
+  while (table[at].scope != kNoBlockType && (table[at].scope != scope || !EqualFolded(table[at].word, word)))
+    at = (at + 1) & mask;
+  return at;
+}
+
+const GameStructure::Meaning* GameStructure::exactMeaning(BlockTypeId scope, std::string_view word) const {
+  const Meaning& found = meanings_[placeOf(meanings_, scope, word)];
+  return found.scope == kNoBlockType ? nullptr : &found;
+}
+
+template <typename Has>
+const GameStructure::Meaning* GameStructure::meaning(BlockTypeId scope, std::string_view word,
+                                                     Has has) const {
+  for (; scope != kNoBlockType; scope = types_[scope].general) {
+    const Meaning* found = exactMeaning(scope, word);
+    if (found == nullptr && !word.empty() && IsDigit(word.back())) {
+      const SeriesWord series(word);
+      if (!series.text().empty()) found = exactMeaning(scope, series.text());
+    }
+    if (found != nullptr && has(*found)) return found;
+  }
+  return nullptr;
+}
+
+KindId GameStructure::kind(std::string_view name) const {
+  const BlockTypeId type = child(kOutsideBlocks, name);
+  return type == kNoBlockType ? kNoKind : types_[type].kind;
+}
+
+SpaceId GameStructure::space(std::string_view name) const {
+  const auto found =
+      std::find_if(spaces_.begin(), spaces_.end(), [&](auto space) { return EqualFolded(space, name); });
+  if (found != spaces_.end()) return static_cast<SpaceId>(found - spaces_.begin());
+  const auto kind = std::find_if(kinds_.begin(), kinds_.end(),
+                                 [&](const Kind& each) { return EqualFolded(each.name, name); });
+  return kind == kinds_.end() ? kNoSpace : kind->space;
+}
+
+KindId GameStructure::kindOfSpace(SpaceId space) const {
+  const auto named = std::find_if(kinds_.begin(), kinds_.end(), [&](const Kind& each) {
+    return each.space == space && each.name == spaces_[space];
+  });
+  if (named != kinds_.end()) return static_cast<KindId>(named - kinds_.begin());
+  const auto first =
+      std::find_if(kinds_.begin(), kinds_.end(), [&](const Kind& each) { return each.space == space; });
+  return first == kinds_.end() ? kNoKind : static_cast<KindId>(first - kinds_.begin());
+}
+
+bool GameStructure::isSpecial(std::string_view word, SpaceId space) const {
+  return std::any_of(special_.begin(), special_.end(), [&](const auto& special) {
+    return (special.second == kNoSpace || special.second == space) && EqualFolded(special.first, word);
+  });
+}
+
+BlockTypeId GameStructure::child(BlockTypeId parent, std::string_view keyword) const {
+  const Meaning* found =
+      meaning(parent, keyword, [](const Meaning& each) { return each.child != kNoBlockType; });
+  return found == nullptr ? kNoBlockType : found->child;
+}
+
+BlockTypeId GameStructure::withModule(BlockTypeId type, std::string_view module) const {
+  const Meaning& found = modules_[placeOf(modules_, type, module)];
+  return found.scope == kNoBlockType ? type : found.child;
+}
+
+const KeyFacts* GameStructure::key(BlockTypeId type, std::string_view key) const {
+  const Meaning* found = meaning(type, key, [](const Meaning& each) { return each.key != kNoKey; });
+  return found == nullptr ? nullptr : &keys_[found->key];
+}
+
+std::vector<const KeyFacts*> GameStructure::keysOf(BlockTypeId type) const {
+  std::vector<const KeyFacts*> keys;
+  for (BlockTypeId scope = type; scope != kNoBlockType; scope = types_[scope].general)
+    for (const Meaning& each : meanings_)
+      if (each.scope == scope && each.key != kNoKey && keys_[each.key].known)
+        keys.push_back(&keys_[each.key]);
+  std::sort(keys.begin(), keys.end(), [](auto* a, auto* b) { return a->id < b->id; });
+  return keys;
+}
+
+std::vector<BlockTypeId> GameStructure::childrenOf(BlockTypeId type) const {
+  std::vector<BlockTypeId> children;
+  const auto isNew = [&](const BlockType& each) {
+    return std::none_of(children.begin(), children.end(),
+                        [&](BlockTypeId child) { return types_[child].keyword == each.keyword; });
+  };
+  for (BlockTypeId scope = type; scope != kNoBlockType; scope = types_[scope].general)
+    for (std::size_t i = 0; i < types_.size(); ++i)
+      if (types_[i].parent == scope && isNew(types_[i])) children.push_back(child(type, types_[i].keyword));
+  return children;
+}
+
+}  // namespace korvane
