@@ -176,7 +176,7 @@ void IniTextEdit::goTo(int line, int column, int length) {
   };
   const long start = send(Sci::SCI_POSITIONFROMLINE, line);
   const long from = column > 0 ? advanced(start, column) : start;
-  select(from, length > 0 ? advanced(from, length) : from);
+  select({from, length > 0 ? advanced(from, length) : from});
 }
 
 void IniTextEdit::selectCharacterAt(qsizetype position) {
