@@ -10,7 +10,7 @@ namespace korvane {
 void ToolDialog::closeEvent(QCloseEvent* event) {
   if (placements_ != nullptr) SavePlacement(*placements_, *this);
   event->accept();
-  calls_.whenIdle([this] { Q_EMIT closedForGood(); });
+  calls_.close();
 }
 
 }  // namespace korvane

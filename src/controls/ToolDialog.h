@@ -20,13 +20,13 @@ class ToolDialog : public QDialog {
   void reject() override { close(); }
 
  Q_SIGNALS:
-  // Closed, and none of its calls is running any more.
+  // The window can go, see WindowCalls.
   void closedForGood();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
 
-  WindowCalls calls_;
+  WindowCalls calls_{*this, [this] { Q_EMIT closedForGood(); }};
 
  private:
   SettingsStore* placements_;

@@ -180,10 +180,7 @@ void TableEditor::editInManualEditor() {
 void TableEditor::closeEvent(QCloseEvent* event) {
   SavePlacement(context_.services.settings, *this);
   event->accept();
-  hide();
-  calls_.whenIdle([this] {
-    if (isHidden()) Q_EMIT closedForGood();
-  });
+  calls_.close();
 }
 
 }  // namespace korvane

@@ -51,8 +51,7 @@ class TableEditor : public QMainWindow {
   void selectEntry(const QString& name);
 
  Q_SIGNALS:
-  // The window was closed and none of its calls is running any more: its owner lets it go with deleteLater.
-  // Not sent when it was shown again before the last call returned.
+  // The window can go, see WindowCalls.
   void closedForGood();
 
  protected:
@@ -84,7 +83,7 @@ class TableEditor : public QMainWindow {
   QMenu* MnuFile_ = nullptr;
   QPersistentModelIndex settled_;  // the entry to go back to when a choice is refused
   bool loaded_ = false;
-  WindowCalls calls_;
+  WindowCalls calls_{*this, [this] { Q_EMIT closedForGood(); }};
 };
 
 }  // namespace korvane

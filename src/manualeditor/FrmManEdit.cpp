@@ -169,7 +169,7 @@ bool FrmManEdit::open(const ManualEditRequest& request) {
   if (!openText_->open(request)) return false;
   place_ = request.place;
   ManEditInitDone_ = false;
-  closed_ = false;
+  calls_.reopen();
   reopened_ = true;
   if (!isVisible() || !isMaximized()) RestorePlacement(services_.settings, *this);
   setUpSoon();
@@ -199,13 +199,13 @@ void FrmManEdit::showEvent(QShowEvent* event) {
 }
 
 void FrmManEdit::setUp() {
-  if (ManEditInitDone_ || settingUp_ || closed_ || !isVisible()) return;
+  if (ManEditInitDone_ || settingUp_ || calls_.isClosed() || !isVisible()) return;
   const WindowCalls::Running call(calls_);
   settingUp_ = true;
   do {
     reopened_ = false;
     runSetUp();
-  } while (reopened_ && !closed_);
+  } while (reopened_ && !calls_.isClosed());
   settingUp_ = false;
 }
 
@@ -238,7 +238,7 @@ bool FrmManEdit::prepareSearchList() {
 bool FrmManEdit::showStep(const QString& caption) {
   setWindowTitle(caption);
   services_.yield.fullTurn();
-  return !closed_;
+  return !calls_.isClosed();
 }
 
 void FrmManEdit::finishSetUp() {
@@ -257,11 +257,8 @@ void FrmManEdit::closeEvent(QCloseEvent* event) {
   SavePlacement(services_.settings, *this);
   find_->save(services_.settings);
   openText_->keepUnsaved();
-  closed_ = true;
   QMainWindow::closeEvent(event);
-  calls_.whenIdle([this] {
-    if (closed_) Q_EMIT closedForGood();
-  });
+  calls_.close();
 }
 
 void FrmManEdit::showState(const QString& state) {

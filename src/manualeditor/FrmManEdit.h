@@ -41,7 +41,7 @@ class FrmManEdit : public QMainWindow {
   void keepUnsavedText();
 
  Q_SIGNALS:
-  // The window is closed and none of its calls is running: it can go.
+  // The window can go, see WindowCalls.
   void closedForGood();
 
  protected:
@@ -96,12 +96,11 @@ class FrmManEdit : public QMainWindow {
   std::array<QLabel*, 5> panels_{};
   int lineTotal_ = 0;
 
-  WindowCalls calls_;
+  WindowCalls calls_{*this, [this] { Q_EMIT closedForGood(); }};
   TextPlace place_;               // to go to, of what was opened last
   bool ManEditInitDone_ = false;  // cleared by every opening
   bool settingUp_ = false;
   bool reopened_ = false;  // another text arrived while the set-up was running
-  bool closed_ = false;
 };
 
 }  // namespace korvane

@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QObject>
+
 #include <functional>
+
+class QWidget;
 
 namespace korvane {
 
-// Counts the calls of one window that are still running, since a call that lets events run can see its own
-// window closed. Such a window is hidden at once and is destroyed only after its last call has returned.
-class WindowCalls {
+// How a window closes for good. A call of its own that lets events run can see it closed: the window is then
+// hidden at once, and can go only when its last call has returned. One that was shown again by then stays.
+class WindowCalls : public QObject {
  public:
   // One running call.
   class Running {
@@ -21,17 +25,27 @@ class WindowCalls {
     WindowCalls& calls_;
   };
 
-  bool running() const { return running_ > 0; }
+  // `gone` tells the owner that the window can go; it may destroy it only through QObject::deleteLater.
+  WindowCalls(QWidget& window, std::function<void()> gone);
 
-  // Runs `action` now, or when the last running call has returned. The action may destroy the window only
-  // through QObject::deleteLater.
-  void whenIdle(std::function<void()> action);
+  // Hides the window. Its close event calls this once it is clear that the window closes.
+  void close();
+  // The window is going to be shown again. Showing it says so too.
+  void reopen() { state_ = State::open; }
+  bool isClosed() const { return state_ != State::open; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  enum class State { open, closing, gone };
+
   void ended();
 
+  QWidget& window_;
+  std::function<void()> gone_;
   int running_ = 0;
-  std::function<void()> action_;
+  State state_ = State::open;
 };
 
 }  // namespace korvane

@@ -168,7 +168,7 @@ void frmWizard::onTimer() {
   const WindowCalls::Running running(calls_);
   cutSelectedFolder();
   services_.yield.fullTurn();
-  if (closed_) return;
+  if (calls_.isClosed()) return;
   if (CurrentStep == folder) {
     nav(next).setEnabled(gameFolderCheck_.holdsGame(chooser_.SelectedFolder));
   }
@@ -222,7 +222,7 @@ void frmWizard::goOn() {
   services_.settings.saveGameFolder(chooser_.SelectedFolder);
   SetStep(CurrentStep + 1, Direction::next);
   services_.yield.fullTurn();
-  if (CurrentStep == restore && !closed_) restoreStockFiles();
+  if (CurrentStep == restore && !calls_.isClosed()) restoreStockFiles();
 }
 
 bool frmWizard::gameFolderChosen() {
@@ -245,14 +245,13 @@ void frmWizard::finishUp() {
 }
 
 void frmWizard::closeEvent(QCloseEvent*) {
-  if (closed_) return;
-  closed_ = true;
+  if (calls_.isClosed()) return;
   SavePlacement(services_.settings, *this);
   if (!Cancelled && !Finished) {
     chooser_.CloseBrowse();
     services_.process.end();
   }
-  calls_.whenIdle([this] { Q_EMIT closedForGood(); });
+  calls_.close();
 }
 
 bool frmWizard::isRestoring() const {
@@ -262,7 +261,9 @@ bool frmWizard::isRestoring() const {
 // Back, another Next and closing the window all happen in the middle of it: it then ends where it is.
 void frmWizard::restoreStockFiles() {
   const int restoring = ++restorings_;
-  const auto goesOn = [&] { return restoring == restorings_ && CurrentStep == restore && !closed_; };
+  const auto goesOn = [&] {
+    return restoring == restorings_ && CurrentStep == restore && !calls_.isClosed();
+  };
   finishWanted_ = false;
   nav(next).setEnabled(false);
   RestoreStockFiles(DB_->database(), writer_, services_.folders.program, services_.settings.gameFolder(),

@@ -41,7 +41,7 @@ class frmWizard : public QWidget {
  Q_SIGNALS:
   // The user pressed Finish: start up again. The wizard closes when this has returned.
   void finished();
-  // Closed, and none of its calls is running any more.
+  // The window can go, see WindowCalls.
   void closedForGood();
 
  protected:
@@ -89,13 +89,12 @@ class frmWizard : public QWidget {
   std::array<QPushButton*, kNavCount> cmdNav_{};
   QTimer timer1_{this};
   GameFolderCheck gameFolderCheck_;
-  WindowCalls calls_;
+  WindowCalls calls_{*this, [this] { Q_EMIT closedForGood(); }};
 
   int CurrentStep = 0;
   bool FinishOK = false;
   bool Cancelled = false;
   bool Finished = false;
-  bool closed_ = false;
   bool finishWanted_ = false;  // as soon as the files are restored
   int restorings_ = 0;         // number of restorings started; an older one stops when it changes
 };

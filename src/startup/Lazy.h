@@ -9,8 +9,7 @@
 namespace korvane {
 
 // A window of which there is one at the most: made, hidden, at first use and gone after it has been closed
-// for good; the next use makes it anew. The window type has the signal closedForGood(), which it sends when
-// none of its own calls is running any more.
+// for good; the next use makes it anew. The window type has the signal closedForGood(), see WindowCalls.
 template <typename Window>
 class Lazy {
  public:

@@ -153,6 +153,19 @@ TEST_F(Options, AWindowClosedWhileAFontIsChosenGoesAfterIt) {
   EXPECT_EQ(closed.count(), 1);
 }
 
+TEST_F(Options, AWindowClosedAndShownAgainWhileAFontIsChosenStays) {
+  open();
+  const QSignalSpy closed(window.get(), &FrmOpt::closedForGood);
+  fonts.meanwhile = [&] {
+    window->close();
+    window->show();
+  };
+  chooseFont(kChoice);
+  EXPECT_EQ(closed.count(), 0);
+  click("BtnCancel");
+  EXPECT_EQ(closed.count(), 1);
+}
+
 TEST_F(Options, TheSearchHistoryIsForgottenAtOnce) {
   open();
   button("Command1")->click();  // nothing to forget yet
