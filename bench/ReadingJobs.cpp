@@ -62,11 +62,8 @@ struct BuiltTree {
 };
 
 void Build(BuiltTree& tree, const Services& services) {
-  ObjectTreeBuilder builder(
-      [&tree](const TreeEntry& entry) {
-        return tree.model->addNode(entry.key, entry.text, entry.parentKey, entry.tag);
-      },
-      [&services] { services.yield.perLine(); });
+  ObjectTreeBuilder builder([&tree](const TreeEntry& entry) { return tree.model->addNode(entry); },
+                            [&services] { services.yield.perLine(); });
   builder.BuildObjectTree(
       services.folders.game.toStdString(), [](double) {}, [&services] { services.yield.fullTurn(); });
   Settle();

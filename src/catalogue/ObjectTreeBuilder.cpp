@@ -4,16 +4,12 @@
 #include <algorithm>
 #include <array>
 
-#include "catalogue/ObjectKey.h"
+#include "catalogue/OtherFiles.h"
 #include "files/NativePath.h"
 #include "ini/DataFiles.h"
 #include "ini/IniText.h"
 
 namespace korvane {
-
-namespace {
-
-constexpr std::string_view kObjectHeader = "Object";
 
 // How the objects of a file are grouped below its category.
 enum class Grouping { none, faction, letter };
@@ -26,6 +22,14 @@ struct Category {
   Grouping grouping = Grouping::none;
   std::string_view prefix{};  // of its group keys
 };
+
+namespace {
+
+constexpr std::string_view kObjectHeader = "Object";
+constexpr std::string_view kObjectKeyPrefix = "Key";
+constexpr std::string_view kOtherFilesKey = "OtherFiles";
+constexpr std::string_view kOtherFileKeyPrefix = "OF";
+constexpr std::string_view kOtherObjectKeyPrefix = "OFKey";
 
 // Top-level nodes; the groups of each follow it.
 constexpr std::array kCategories = {
@@ -72,6 +76,10 @@ std::string Joined(std::string_view a, std::string_view b) {
   return text;
 }
 
+std::string Numbered(std::string_view prefix, std::int32_t number) {
+  return Joined(prefix, std::to_string(number));
+}
+
 std::string_view FactionOf(std::string_view name) {
   for (const Group& faction : kFactions) {
     if (TVItem::CheckText(name, faction.key)) return faction.key;
@@ -114,7 +122,7 @@ void ForEachLetter(Take&& take) {
 }  // namespace
 
 ObjectTreeBuilder::ObjectTreeBuilder(AddNode add, Yield yieldPerLine)
-    : add_(std::move(add)), TVItem1_(yieldPerLine) {
+    : add_(std::move(add)), yieldPerLine_(yieldPerLine), TVItem1_(yieldPerLine) {
   TVItem1_.LoadingItem = [this](std::string_view, std::optional<int> index) {
     fileIndex_ = index.value_or(0);
   };
@@ -138,13 +146,16 @@ void ObjectTreeBuilder::BuildObjectTree(std::string_view gameFolder, const Progr
     percent += kStep;
     yieldNow();
   }
+  addOtherFiles(gameFolder);
 }
 
 void ObjectTreeBuilder::addSkeleton() {
   for (const Category& category : kCategories) {
-    add_({category.key, category.text, {}, category.tag});
+    const std::string file = category.tag.empty() ? std::string() : Joined(kObjectsBelowIni, category.tag);
+    add_({category.key, category.text, {}, category.tag, NodeKind::group, file});
     const auto addGroup = [&](const Group& group) {
-      add_({Joined(category.prefix, group.key), group.text, category.key, category.tag});
+      add_({Joined(category.prefix, group.key), group.text, category.key, category.tag, NodeKind::group,
+            file});
     };
     if (category.grouping == Grouping::faction) ForEachFaction(addGroup);
     if (category.grouping == Grouping::letter) ForEachLetter(addGroup);
@@ -156,13 +167,35 @@ void ObjectTreeBuilder::takeLine(std::string_view line) {
   const auto name = HeaderName(line);
   if (!name) return;
   const Category& category = *CategoryOf(kObjectFiles[static_cast<std::size_t>(fileIndex_) - 1]);
-  place(*name, ParentKey(category, *name), category.objectTag);
+  place(*name, ParentKey(category, *name), category);
 }
 
-void ObjectTreeBuilder::place(std::string_view name, std::string_view parentKey, std::string_view tag) {
+void ObjectTreeBuilder::place(std::string_view name, std::string_view parentKey, const Category& category) {
   ++NodeCounter_;
-  const std::string key = Joined(kObjectKeyPrefix, std::to_string(NodeCounter_));
-  add_({key, name, parentKey, tag});
+  const NodeKind kind = category.grouping == Grouping::none ? NodeKind::listed : NodeKind::object;
+  add_({Numbered(kObjectKeyPrefix, NodeCounter_), name, parentKey, category.objectTag, kind,
+        Joined(kObjectsBelowIni, category.key)});
+}
+
+void ObjectTreeBuilder::addOtherFiles(std::string_view gameFolder) {
+  std::int32_t number = 0;
+  for (const OtherFile& file : FindOtherFiles(gameFolder, yieldPerLine_)) {
+    if (file.lineEnds.lf > 0) otherUnixFiles_.push_back({file.path, file.lineEnds});
+    if (file.objects.empty()) continue;
+    if (number == 0) {
+      add_({"Sep3", "", "", ""});
+      add_({kOtherFilesKey, "Other Files", "", ""});
+    }
+    addOtherFile(file, Numbered(kOtherFileKeyPrefix, ++number));
+  }
+}
+
+void ObjectTreeBuilder::addOtherFile(const OtherFile& file, std::string_view key) {
+  add_({key, NameOfOtherFile(file.path), kOtherFilesKey, file.path, NodeKind::file, file.path});
+  for (const std::string& name : file.objects) {
+    add_({Numbered(kOtherObjectKeyPrefix, ++otherObjects_), name, key, file.path, NodeKind::object,
+          file.path});
+  }
 }
 
 }  // namespace korvane

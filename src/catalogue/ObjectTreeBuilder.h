@@ -5,22 +5,20 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "catalogue/LineEnds.h"
+#include "catalogue/TreeEntry.h"
 #include "ini/TVItem.h"
 #include "ini/Yield.h"
 
 namespace korvane {
 
-// A node on its way into the object tree. Texts are the files' bytes.
-struct TreeEntry {
-  std::string_view key;
-  std::string_view text;
-  std::string_view parentKey;  // empty at the top level
-  std::string_view tag;
-};
+struct Category;
+struct OtherFile;
 
 // Fills the object tree: the fixed categories and groups first, then one node for every object header in the
-// eight object files.
+// eight object files, then the other files with their objects, if there are any.
 class ObjectTreeBuilder {
  public:
   // Adds a node as the last child of its parent; false when there is no such parent.
@@ -31,18 +29,26 @@ class ObjectTreeBuilder {
   ObjectTreeBuilder(AddNode add, Yield yieldPerLine);
 
   // Reads the files of the game folder (the program's path). `yieldNow` runs the pending events before and
-  // after each file. Files that do not exist are passed over.
+  // after each object file. Files that do not exist are passed over.
   void BuildObjectTree(std::string_view gameFolder, const Progress& progress, const Yield& yieldNow);
+
+  // Those of the other files that have Unix line ends.
+  const std::vector<UnixFile>& otherUnixFiles() const { return otherUnixFiles_; }
 
  private:
   void addSkeleton();
   void takeLine(std::string_view line);
-  void place(std::string_view name, std::string_view parentKey, std::string_view tag);
+  void place(std::string_view name, std::string_view parentKey, const Category& category);
+  void addOtherFiles(std::string_view gameFolder);
+  void addOtherFile(const OtherFile& file, std::string_view key);
 
   AddNode add_;
+  Yield yieldPerLine_;  // for each of the other files too
   TVItem TVItem1_;
   int fileIndex_ = 0;             // of the file being read, 1 to 8
   std::int32_t NodeCounter_ = 0;  // never reset during a run
+  std::int32_t otherObjects_ = 0;
+  std::vector<UnixFile> otherUnixFiles_;
 };
 
 }  // namespace korvane

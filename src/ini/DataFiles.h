@@ -11,6 +11,7 @@ namespace korvane {
 
 inline constexpr std::string_view kIniFolder = "\\Data\\INI\\";
 inline constexpr std::string_view kObjectFolder = "\\Data\\INI\\Object\\";
+inline constexpr std::string_view kObjectsBelowIni = "Object\\";  // the second below the first
 inline constexpr std::string_view kGameProgram = "generals.exe";
 
 inline constexpr std::string_view kWeaponFile = "Weapon.ini";

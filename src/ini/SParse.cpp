@@ -119,7 +119,7 @@ std::string SParse::RemVBCrLf(std::string_view Text) {
 
 std::vector<std::string> SParse::locomotorNames(const SelectedObject& object) {
   ObjectName = object.name;
-  const std::string values = GetParameterValue("Object", "Locomotor", "Object\\" + object.file);
+  const std::string values = GetParameterValue("Object", "Locomotor", object.file);
   std::vector<std::string> names;
   for (const std::string_view name : Split(values, kLineEnd)) names.emplace_back(name);
   names.pop_back();  // the empty piece behind the last line end

@@ -15,8 +15,8 @@ namespace korvane {
 
 // The object chosen in the object tree.
 struct SelectedObject {
-  std::string name;
-  std::string file;  // the object file's name
+  std::string name;  // the file's bytes
+  std::string file;  // the program's path below "\Data\INI\"
 };
 
 // Masked fields that take the handling values of a locomotor.

@@ -146,8 +146,8 @@ void FrmEdit::showRemark(const QString& text) {
 
 void FrmEdit::nameFileButton() {
   const ObjectNode* node = display_->selectedNode();
-  const ObjectNode* file = node == nullptr ? nullptr : Grandparent(*node);
-  if (file != nullptr) fields_.CmdME_FINI->setText("Manual Edit " + FromBytes(file->key));
+  if (node != nullptr && Grandparent(*node) != nullptr)
+    fields_.CmdME_FINI->setText("Manual Edit " + QString::fromStdString(node->tag));
 }
 
 QStringList FrmEdit::weaponNames() const {

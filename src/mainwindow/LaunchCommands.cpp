@@ -104,7 +104,7 @@ void LaunchCommands::openFile(DataFolder folder, const QString& filename) {
 
 void LaunchCommands::editObjectFile() {
   const SelectedObject object = selected_();
-  if (!object.name.empty()) LF(FromBytes(object.file));
+  if (!object.name.empty()) SF(QString::fromStdString(object.file));
 }
 
 void LaunchCommands::editPart(DataFolder folder, const QString& filename,
@@ -129,9 +129,9 @@ void LaunchCommands::editLocomotors() {
 void LaunchCommands::editObjectBlock() {
   const SelectedObject object = selected_();
   if (object.name.empty()) return;
-  editPart(DataFolder::objects, FromBytes(object.file), [&] {
+  editPart(DataFolder::ini, QString::fromStdString(object.file), [&] {
     parser_.ObjectName = object.name;
-    return parser_.GetObjectText("Object", "Object\\" + object.file);
+    return parser_.GetObjectText("Object", object.file);
   });
 }
 

@@ -94,7 +94,7 @@ ObjectDisplay::ObjectDisplay(QWidget& window, QTreeView& tree, const ObjectTreeM
       information_(fields,
                    [this] {
                      const ObjectNode* node = selectedNode();
-                     return node == nullptr ? QString() : ShownName(node->text);
+                     return node == nullptr ? QString() : ObjectTreeModel::shownText(*node);
                    }),
       choices_(fields, services, parser.yield()) {
   connectFields();
@@ -142,11 +142,13 @@ const ObjectNode* ObjectDisplay::selectedNode() const {
 
 SelectedObject ObjectDisplay::selectedObject() const {
   const ObjectNode* node = selectedNode();
-  return node == nullptr ? SelectedObject{} : SelectedObject{node->text, node->tag};
+  if (node == nullptr) return {};
+  // A node without a tag has no file to open, though it may have one to be listed from.
+  return {node->text, node->tag.empty() ? std::string(kObjectsBelowIni) : node->file};
 }
 
 std::string ObjectDisplay::objectPath(const ObjectNode& node) const {
-  return ObjectFilePath(services_.folders.game.toStdString(), node.tag);
+  return IniPath(services_.folders.game.toStdString(), node.file);
 }
 
 void ObjectDisplay::select(const QModelIndex& index) {
@@ -165,7 +167,7 @@ void ObjectDisplay::select(const QModelIndex& index) {
   const bool isObject = IsObjectNode(*node);
   const bool fileIsThere = !isObject || FileExists(objectPath(*node));
   if (!fileIsThere) {
-    panels_.show(StatusPanels::file, FromBytes(node->tag) + "  (Error: File does not exist)");
+    panels_.show(StatusPanels::file, QString::fromStdString(node->tag) + "  (Error: File does not exist)");
     services_.yield.fullTurn();
   } else if (isObject) {
     showObject(*node, busy);
@@ -183,7 +185,7 @@ void ObjectDisplay::selectInfoTab() {
 }
 
 void ObjectDisplay::reportNode(const ObjectNode& node) {
-  panels_.show(StatusPanels::file, FromBytes(node.tag));
+  panels_.show(StatusPanels::file, QString::fromStdString(node.tag));
   services_.yield.fullTurn();
   panels_.show(StatusPanels::path, ObjectTreeModel::fullPath(node));
   panels_.show(StatusPanels::count,
@@ -191,7 +193,7 @@ void ObjectDisplay::reportNode(const ObjectNode& node) {
 }
 
 void ObjectDisplay::showObject(const ObjectNode& node, BusyWindow& busy) {
-  const std::string file = "Object\\" + Grandparent(node)->key;
+  const std::string& file = node.file;
   fields_.F_Tab->setEnabled(true);
   FrmColData progress(window_);
   connect(&progress, &FrmColData::cameUp, &progress, [&busy] { busy.showChanges(); });

@@ -14,20 +14,26 @@ bool IsTop(const ObjectNode& node) {
 
 }  // namespace
 
-bool ObjectTreeModel::addNode(std::string_view key, std::string_view text, std::string_view parentKey,
-                              std::string_view tag) {
+bool ObjectTreeModel::addNode(const TreeEntry& entry) {
   ObjectNode* parent = &root_;
-  if (!parentKey.empty()) {
-    const auto found = groups_.find(ToLowerAscii(parentKey));
+  if (!entry.parentKey.empty()) {
+    const auto found = groups_.find(ToLowerAscii(entry.parentKey));
     if (found == groups_.end()) return false;
     parent = found->second;
   }
   const int row = static_cast<int>(parent->children.size());
   beginInsertRows(indexOf(*parent), row, row);
-  parent->children.push_back(std::make_unique<ObjectNode>(
-      ObjectNode{std::string(key), std::string(text), std::string(tag), parent, row, {}}));
+  parent->children.push_back(std::make_unique<ObjectNode>(ObjectNode{std::string(entry.key),
+                                                                     std::string(entry.text),
+                                                                     std::string(entry.tag),
+                                                                     entry.kind,
+                                                                     std::string(entry.file),
+                                                                     parent,
+                                                                     row,
+                                                                     {}}));
   endInsertRows();
-  if (!key.starts_with(kObjectKeyPrefix)) groups_[ToLowerAscii(key)] = parent->children.back().get();
+  if (entry.kind == NodeKind::group || entry.kind == NodeKind::file)
+    groups_[ToLowerAscii(entry.key)] = parent->children.back().get();
   return true;
 }
 
@@ -35,8 +41,12 @@ const ObjectNode* ObjectTreeModel::node(const QModelIndex& index) const {
   return index.isValid() ? static_cast<const ObjectNode*>(index.constInternalPointer()) : nullptr;
 }
 
+QString ObjectTreeModel::shownText(const ObjectNode& node) {
+  return node.kind == NodeKind::file ? ShownText(QString::fromStdString(node.text)) : ShownName(node.text);
+}
+
 QString ObjectTreeModel::fullPath(const ObjectNode& node) {
-  const QString text = ShownName(node.text);
+  const QString text = shownText(node);
   return IsTop(node) ? text : fullPath(*node.parent) + u'\\' + text;
 }
 
@@ -62,7 +72,7 @@ int ObjectTreeModel::columnCount(const QModelIndex& /*parent*/) const {
 QVariant ObjectTreeModel::data(const QModelIndex& index, int role) const {
   const ObjectNode* shown = node(index);
   if (shown == nullptr || role != Qt::DisplayRole) return {};
-  return ShownName(shown->text);
+  return shownText(*shown);
 }
 
 Qt::ItemFlags ObjectTreeModel::flags(const QModelIndex& index) const {
@@ -82,7 +92,7 @@ QModelIndex ObjectTreeModel::indexOf(const ObjectNode& node) const {
 }
 
 bool IsObjectNode(const ObjectNode& node) {
-  return node.children.empty() && !node.text.empty() && !IsTop(node) && !node.parent->key.ends_with("ini");
+  return node.kind == NodeKind::object && !node.text.empty();
 }
 
 const ObjectNode* Grandparent(const ObjectNode& node) {

@@ -10,15 +10,17 @@
 #include <unordered_map>
 #include <vector>
 
-#include "catalogue/ObjectKey.h"
+#include "catalogue/TreeEntry.h"
 
 namespace korvane {
 
-// A node of the object tree. Texts are the files' bytes.
+// A node of the object tree; see TreeEntry for what the texts hold.
 struct ObjectNode {
   std::string key;
   std::string text;
-  std::string tag;  // the object file, or empty
+  std::string tag;
+  NodeKind kind = NodeKind::group;
+  std::string file;
   ObjectNode* parent = nullptr;
   int row = 0;
   std::vector<std::unique_ptr<ObjectNode>> children;
@@ -32,12 +34,14 @@ class ObjectTreeModel : public QAbstractItemModel {
   using QAbstractItemModel::QAbstractItemModel;
 
   // Appends a node as the last child of the node with the parent key, at the top level when that is empty.
-  // Keys of parents are matched without regard to letter case. False when there is no such parent.
-  bool addNode(std::string_view key, std::string_view text, std::string_view parentKey, std::string_view tag);
+  // Keys of parents are matched without regard to letter case. False when there is no such parent; objects
+  // are none.
+  bool addNode(const TreeEntry& entry);
 
   // The node of an index; nothing for the invalid index.
   const ObjectNode* node(const QModelIndex& index) const;
 
+  static QString shownText(const ObjectNode& node);
   // The texts from the root to the node, joined by backslashes.
   static QString fullPath(const ObjectNode& node);
 
@@ -56,7 +60,7 @@ class ObjectTreeModel : public QAbstractItemModel {
   std::unordered_map<std::string, ObjectNode*> groups_;  // by key in small letters: all but objects
 };
 
-// True for a node whose parent is a group, not an object file: it stands for an object that can be shown.
+// True for an object that can be shown.
 bool IsObjectNode(const ObjectNode& node);
 
 // The parent of the parent, or nothing.

@@ -201,11 +201,8 @@ void frmSplash::openEditor() {
 void frmSplash::BuildObjectTree() {
   services_.folders.game = services_.settings.gameFolder();
   ObjectTreeModel& objects = windows_.mainWindow().objects();
-  ObjectTreeBuilder builder(
-      [&objects](const TreeEntry& entry) {
-        return objects.addNode(entry.key, entry.text, entry.parentKey, entry.tag);
-      },
-      [this] { services_.yield.perLine(); });
+  ObjectTreeBuilder builder([&objects](const TreeEntry& entry) { return objects.addNode(entry); },
+                            [this] { services_.yield.perLine(); });
   builder.BuildObjectTree(
       services_.folders.game.toStdString(),
       [this](double percent) { ProgressBar1_->setValue(static_cast<int>(percent * kBarPerPercent)); },

@@ -87,8 +87,8 @@ TEST_F(SParseTest, JoinsObjectsToTheirLocomotors) {
   game.ini("Locomotor.ini",
            "Locomotor Wheels\n  Surfaces = GROUND RUBBLE\n  Speed = 40\nEnd\nLocomotor Tracks\n  Braking = "
            "5\nEnd\n");
-  const SelectedObject jeep{"Jeep", "FactionUnit.ini"};
-  const SelectedObject hut{"Hut", "FactionUnit.ini"};
+  const SelectedObject jeep{"Jeep", "Object\\FactionUnit.ini"};
+  const SelectedObject hut{"Hut", "Object\\FactionUnit.ini"};
   EXPECT_EQ(parser.GetLocomotorNames(jeep), "Wheels\r\nTracks");
   EXPECT_EQ(parser.ObjectName, "Tracks");
   EXPECT_EQ(parser.GetLocomotorNames(hut), "");

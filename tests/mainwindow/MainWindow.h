@@ -38,19 +38,21 @@ class MainWindow : public testing::Test, protected TestDesk {
   void open() {
     window = std::make_unique<FrmEdit>(services, launcher);
     ObjectTreeModel& tree = window->objects();
-    tree.addNode("FactionUnit.ini", "Player Units", "", "FactionUnit.ini");
-    tree.addNode("FUOther", "Other", "FactionUnit.ini", "FactionUnit.ini");
-    for (const char* name : {"Jeep", "Hut", "Ghost"}) {
-      tree.addNode(std::string("Key") + name, name, "FUOther", "FactionUnit.ini");
-    }
-    tree.addNode("Gone.ini", "Gone", "", "");
-    tree.addNode("GOther", "Other", "Gone.ini", "");
-    tree.addNode("KeyLost", "Lost", "GOther", "Gone.ini");
+    tree.addNode({"FactionUnit.ini", "Player Units", "", "FactionUnit.ini"});
+    tree.addNode({"FUOther", "Other", "FactionUnit.ini", "FactionUnit.ini"});
+    for (const char* name : {"Jeep", "Hut", "Ghost"}) addObject(name, "FUOther", "FactionUnit.ini");
+    tree.addNode({"Gone.ini", "Gone", "", ""});
+    tree.addNode({"GOther", "Other", "Gone.ini", ""});
+    addObject("Lost", "GOther", "Gone.ini");
     window->show();
     window->prepareInformationList();
     window->readWeapons();
     get<QTreeView>("TVMenu").expandAll();
     launcher.takeCalls();
+  }
+
+  void addObject(const std::string& name, const char* group, const std::string& file) {
+    window->objects().addNode({"Key" + name, name, group, file, NodeKind::object, "Object\\" + file});
   }
 
   template <typename Widget>

@@ -207,7 +207,7 @@ TEST_F(ObjectDisplayTest, ADamagedFilesNamesOfMegabytesAreShownInPart) {
   game.objects("FactionUnit.ini", "Object " + name + "\n  Locomotor = SET_NORMAL " + name +
                                       "\n  WeaponSet\n    Conditions = " + name + "\n  End\nEnd\n");
   game.ini("Weapon.ini", "Weapon " + name);
-  window->objects().addNode("KeyLong", name, "FUOther", "FactionUnit.ini");
+  addObject(name, "FUOther", "FactionUnit.ini");
   click(QString(1000, u'A'));
   for (const char* list : {"Conditions", "CboLoco"}) EXPECT_EQ(chosen(list).size(), 1000) << list;
   EXPECT_EQ(get<QComboBox>("PWeapon").itemText(0).size(), 1000);

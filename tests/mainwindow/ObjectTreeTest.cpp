@@ -13,7 +13,7 @@ class ObjectTreeTest : public testing::Test {
   void build() {
     ObjectTreeBuilder builder(
         [this](const TreeEntry& entry) {
-          if (!tree.addNode(entry.key, entry.text, entry.parentKey, entry.tag)) return false;
+          if (!tree.addNode(entry)) return false;
           placed.push_back(std::string(entry.parentKey) + '/' + std::string(entry.text) + ' ' +
                            std::string(entry.key) + ' ' + std::string(entry.tag));
           return true;
@@ -22,6 +22,7 @@ class ObjectTreeTest : public testing::Test {
     builder.BuildObjectTree(
         game.path(), [this](double percent) { progress.push_back(percent); }, [] {});
     placed.erase(placed.begin(), placed.begin() + kSkeleton);
+    otherUnixFiles = builder.otherUnixFiles();
   }
 
   static constexpr int kSkeleton = 128;
@@ -29,6 +30,7 @@ class ObjectTreeTest : public testing::Test {
   ObjectTreeModel tree;
   std::vector<std::string> placed;  // objects: parent's key/text, key, tag
   std::vector<double> progress;
+  std::vector<UnixFile> otherUnixFiles;
 };
 
 TEST_F(ObjectTreeTest, PlacesObjectsByFileAndName) {
@@ -75,6 +77,63 @@ TEST_F(ObjectTreeTest, AnEmptyGameFolderHasTheSkeletonOnly) {
   EXPECT_EQ(tree.index(1, 0).data().toString(), "Player Units");
   EXPECT_EQ(tree.node(tree.index(3, 0, tree.index(1, 0)))->key, "FUCINE");
   EXPECT_EQ(tree.node(tree.index(26, 0, tree.index(8, 0)))->key, "NPZ");
+}
+
+TEST_F(ObjectTreeTest, OtherFilesComeLastWithTheirObjectsInTheOrderOfTheirPaths) {
+  game.objects("FactionUnit.ini", "Object Tank\n");
+  game.objects("NatureUnit.ini", "Object Wolf\n");
+  game.objects("beta.ini", "Object Beta1\nEnd\n");
+  game.objects("Zulu/Deep/units.INI", "; first\nObject Deep1\nEnd\nObjectReskin Deep2 Deep1\nEnd\n");
+  game.objects("alpha.ini", "Object Alpha2 ; tanks\nEnd\nObject\tAlpha1;old\nEnd\n");
+  game.objects("Notes.txt", "Object Note\nEnd\n");
+  game.objects("Lists.ini",
+               "ObjectCreationList OCL_One\nEnd\n  Object Inner\nobject small\nObject\nObject ;x\n");
+  game.ini("Crate.ini", "Object Crate\nEnd\n");
+  game.ini("Default/Object.ini", "Object Default\nEnd\n");
+  game.ini("Weapon.ini", "Weapon Gun\nEnd\n");
+  build();
+  EXPECT_EQ(placed,
+            (std::vector<std::string>{
+                "FUOther/Tank Key1 FactionUnit.ini", "NatureUnit.ini/Wolf Key2 NatureUnit.ini", "/ Sep3 ",
+                "/Other Files OtherFiles ", "OtherFiles/alpha.ini OF1 Object\\alpha.ini",
+                "OF1/Alpha2 OFKey1 Object\\alpha.ini", "OF1/Alpha1 OFKey2 Object\\alpha.ini",
+                "OtherFiles/beta.ini OF2 Object\\beta.ini", "OF2/Beta1 OFKey3 Object\\beta.ini",
+                "OtherFiles/Zulu\\Deep\\units.INI OF3 Object\\Zulu\\Deep\\units.INI",
+                "OF3/Deep1 OFKey4 Object\\Zulu\\Deep\\units.INI",
+                "OF3/Deep2 OFKey5 Object\\Zulu\\Deep\\units.INI", "OtherFiles/INI\\Crate.ini OF4 Crate.ini",
+                "OF4/Crate OFKey6 Crate.ini", "OtherFiles/INI\\Default\\Object.ini OF5 Default\\Object.ini",
+                "OF5/Default OFKey7 Default\\Object.ini"}));
+  EXPECT_TRUE(otherUnixFiles.empty());
+}
+
+TEST_F(ObjectTreeTest, AFileWithUnixLineEndsIsCountedAndWhatCannotBeReadIsNotListed) {
+  game.write("Data/INI/Object/Lf.ini", "; one\nObject One\nEnd\nObject Two\nEnd\n");
+  game.write("Data/INI/Object/Mixed.ini", "Object A\r\nEnd\r\nObject B\nEnd\r\rObject C\rEnd");
+  game.write("Data/INI/Particles.ini", "ParticleSystem Smoke\nEnd\n");
+  build();
+  EXPECT_EQ(placed, (std::vector<std::string>{
+                        "/ Sep3 ", "/Other Files OtherFiles ", "OtherFiles/Mixed.ini OF1 Object\\Mixed.ini",
+                        "OF1/A OFKey1 Object\\Mixed.ini", "OF1/B OFKey2 Object\\Mixed.ini",
+                        "OF1/C OFKey3 Object\\Mixed.ini"}));
+  ASSERT_EQ(otherUnixFiles.size(), 2U);
+  EXPECT_EQ(otherUnixFiles[0].path, "Object\\Lf.ini");
+  EXPECT_EQ(otherUnixFiles[0].lineEnds.lf, 5U);
+  EXPECT_FALSE(otherUnixFiles[0].lineEnds.hasOther);
+  EXPECT_EQ(otherUnixFiles[1].lineEnds.lf, 1U);
+  EXPECT_TRUE(otherUnixFiles[1].lineEnds.hasOther);
+}
+
+TEST_F(ObjectTreeTest, LongLinesAndManyLinesOfOtherFilesAreReadInPieces) {
+  std::string bytes(3'000'000, 'x');
+  bytes += "\r\nObject Behind\r\nEnd\r\n";
+  for (int i = 0; i < 40'000; ++i) bytes += "  Key = Value of some length\r\n";
+  bytes += "Object Last";
+  game.write("Data/INI/Object/Long.ini", bytes);
+  build();
+  ASSERT_EQ(placed.size(), 5U);
+  EXPECT_EQ(placed[3], "OF1/Behind OFKey1 Object\\Long.ini");
+  EXPECT_EQ(placed[4], "OF1/Last OFKey2 Object\\Long.ini");
+  EXPECT_TRUE(otherUnixFiles.empty());
 }
 
 }  // namespace

@@ -94,8 +94,9 @@ TEST_F(EditorWindowsTest, AFileThatIsOpenedWhileABlockIsReadIsNotOverwrittenByTh
   game.objects("FactionUnit.ini", units);
   game.ini("Weapon.ini", "Weapon Gun\nEnd\n");
   FrmEdit& main = program.mainWindow();
-  main.objects().addNode("FactionUnit.ini", "Player Units", "", "FactionUnit.ini");
-  main.objects().addNode("Key1", "Jeep", "FactionUnit.ini", "FactionUnit.ini");
+  main.objects().addNode({"FactionUnit.ini", "Player Units", "", "FactionUnit.ini"});
+  main.objects().addNode(
+      {"Key1", "Jeep", "FactionUnit.ini", "FactionUnit.ini", NodeKind::object, "Object\\FactionUnit.ini"});
   auto* tree = main.findChild<QTreeView*>("TVMenu");
   tree->setCurrentIndex(tree->model()->index(0, 0, tree->model()->index(0, 0)));
   yield.onTurn = [&] { main.findChild<QAction*>("MnuFileEdit13")->trigger(); };

@@ -47,7 +47,8 @@ constexpr ObjectStop kObjectStops[] = {
 QModelIndex FirstObject(const ObjectTreeModel& model, const QModelIndex& group) {
   for (int row = 0; row < model.rowCount(group); ++row) {
     const QModelIndex child = model.index(row, 0, group);
-    if (model.node(child)->key.starts_with(kObjectKeyPrefix)) return child;
+    const NodeKind kind = model.node(child)->kind;
+    if (kind == NodeKind::object || kind == NodeKind::listed) return child;
     if (const QModelIndex object = FirstObject(model, child); object.isValid()) return object;
   }
   return {};
