@@ -11,6 +11,7 @@
 #include <array>
 
 #include "manualeditor/LineColours.h"
+#include "manualeditor/LineMarks.h"
 #include "manualeditor/ScrollMarks.h"
 
 namespace korvane {
@@ -21,7 +22,6 @@ using Sci = QsciScintillaBase;
 
 constexpr int kSizeFactor = Sci::SC_FONT_SIZE_MULTIPLIER;
 constexpr int kNumberMargin = 0;
-constexpr int kSymbolMargin = 1;
 constexpr int kTextMargin = 4;  // pixels between the line numbers and the text
 constexpr int kLinesAround = 4;
 constexpr int kStrikeIndicator = 20;
@@ -76,7 +76,9 @@ QColor Mixed(const QColor& a, const QColor& b, int percentOfA) {
 IniTextEdit::IniTextEdit(QWidget* parent)
     : QWidget(parent),
       text_(new QsciScintilla(this)),
+      view_(*text_),
       scrollMarks_(new ScrollMarks(*text_->verticalScrollBar())),
+      lineMarks_(new LineMarks(view_, *scrollMarks_)),
       font_(QFontDatabase::systemFont(QFontDatabase::FixedFont)) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins({});
@@ -91,6 +93,7 @@ IniTextEdit::IniTextEdit(QWidget* parent)
     if (font_.strikeOut()) strikeOut();
     Q_EMIT edited();
   });
+  connect(text_, &Sci::SCN_ZOOM, this, &IniTextEdit::fitNumberMargin);
   connect(text_, &Sci::SCN_STYLENEEDED, this, &IniTextEdit::colourTo);
 }
 
@@ -101,7 +104,6 @@ void IniTextEdit::prepare() {
   text_->setTabWidth(4);
   text_->setCaretLineVisible(true);
   text_->setMarginLineNumbers(kNumberMargin, true);
-  text_->setMarginWidth(kSymbolMargin, 0);
   send(Sci::SCI_SETMARGINLEFT, 0, kTextMargin);
   send(Sci::SCI_SETSCROLLWIDTH, 1);
   send(Sci::SCI_SETSCROLLWIDTHTRACKING, 1);
@@ -121,6 +123,7 @@ void IniTextEdit::fitNumberMargin() {
 
 void IniTextEdit::setBytes(std::string_view bytes) {
   const QByteArray utf8 = Utf8OfFile(bytes);
+  lineMarks_->beginText();
   send(Sci::SCI_SETUNDOCOLLECTION, 0);
   send(Sci::SCI_SETMODEVENTMASK, bytes.size() > kAnnounced ? kEditsToCome : kEdits);
   send(Sci::SCI_CLEARALL);
@@ -128,6 +131,7 @@ void IniTextEdit::setBytes(std::string_view bytes) {
   send(Sci::SCI_SETUNDOCOLLECTION, 1);
   send(Sci::SCI_EMPTYUNDOBUFFER);
   setUnmodified();
+  lineMarks_->endText();
   fitNumberMargin();
   moveToStart();
 }
@@ -145,7 +149,7 @@ bool IniTextEdit::isModified() const {
 }
 
 void IniTextEdit::setUnmodified() {
-  send(Sci::SCI_SETSAVEPOINT);
+  lineMarks_->saved();
 }
 
 int IniTextEdit::lineCount() const {
@@ -157,9 +161,9 @@ int IniTextEdit::cursorLine() const {
 }
 
 IniTextEdit::Place IniTextEdit::placeOf(qsizetype position) const {
-  const long line = send(Sci::SCI_LINEFROMPOSITION, position);
-  const long start = send(Sci::SCI_POSITIONFROMLINE, line);
-  const long column = send(Sci::SCI_COUNTCHARACTERS, start, position);
+  const qsizetype line = send(Sci::SCI_LINEFROMPOSITION, position);
+  const qsizetype start = send(Sci::SCI_POSITIONFROMLINE, line);
+  const qsizetype column = send(Sci::SCI_COUNTCHARACTERS, start, position);
   return {static_cast<int>(line), static_cast<int>(column)};
 }
 
@@ -169,13 +173,13 @@ void IniTextEdit::moveToStart() {
 
 void IniTextEdit::goTo(int line, int column, int length) {
   line = std::min(line, lineCount() - 1);
-  const long end = send(Sci::SCI_GETLINEENDPOSITION, line);
-  const auto advanced = [&](long from, int characters) {
-    const long to = send(Sci::SCI_POSITIONRELATIVE, from, std::max(characters, 0));
+  const qsizetype end = send(Sci::SCI_GETLINEENDPOSITION, line);
+  const auto advanced = [&](qsizetype from, int characters) {
+    const qsizetype to = send(Sci::SCI_POSITIONRELATIVE, from, std::max(characters, 0));
     return to == 0 || to > end ? end : to;  // 0: behind the text's end
   };
-  const long start = send(Sci::SCI_POSITIONFROMLINE, line);
-  const long from = column > 0 ? advanced(start, column) : start;
+  const qsizetype start = send(Sci::SCI_POSITIONFROMLINE, line);
+  const qsizetype from = column > 0 ? advanced(start, column) : start;
   select({from, length > 0 ? advanced(from, length) : from});
 }
 
@@ -247,12 +251,28 @@ TextSpan IniTextEdit::selection() const {
   return {send(Sci::SCI_GETSELECTIONSTART), send(Sci::SCI_GETSELECTIONEND)};
 }
 
+TextSpan IniTextEdit::selectedLines() const {
+  const TextSpan selected = selection();
+  const auto first = send(Sci::SCI_LINEFROMPOSITION, selected.from);
+  auto last = send(Sci::SCI_LINEFROMPOSITION, selected.to);
+  const bool endsBeforeLine = last > first && send(Sci::SCI_POSITIONFROMLINE, last) == selected.to;
+  if (endsBeforeLine) --last;
+  return {send(Sci::SCI_POSITIONFROMLINE, first), send(Sci::SCI_GETLINEENDPOSITION, last)};
+}
+
+void IniTextEdit::replaceSpan(TextSpan span, std::string_view utf8) {
+  const auto size = static_cast<qsizetype>(utf8.size());
+  send(Sci::SCI_SETTARGETRANGE, span.from, span.to);
+  sendText(Sci::SCI_REPLACETARGET, size, utf8.data());
+  select({span.from, span.from + size});
+}
+
 void IniTextEdit::replaceAllText(const QByteArray& utf8) {
-  const long topLine = send(Sci::SCI_GETFIRSTVISIBLELINE);
+  const qsizetype topLine = send(Sci::SCI_GETFIRSTVISIBLELINE);
   const Place cursor = placeOf(send(Sci::SCI_GETCURRENTPOS));
   send(Sci::SCI_TARGETWHOLEDOCUMENT);
   sendText(Sci::SCI_REPLACETARGET, utf8.size(), utf8.constData());
-  const long position = send(Sci::SCI_FINDCOLUMN, cursor.line, cursor.column);
+  const qsizetype position = send(Sci::SCI_FINDCOLUMN, cursor.line, cursor.column);
   select({position, position});
   send(Sci::SCI_SETFIRSTVISIBLELINE, topLine);
 }
@@ -299,6 +319,7 @@ void IniTextEdit::applyColours() {
   text_->setSelectionBackgroundColor(highlight);
   text_->setSelectionForegroundColor(palette().color(QPalette::Active, QPalette::HighlightedText));
   text_->setIndicatorForegroundColor(ink, kStrikeIndicator);
+  lineMarks_->applyColours(palette());
   for (const MarkStyle& style : kMarkStyles) {
     text_->setIndicatorForegroundColor(QColor(dark ? style.onDark : style.onLight), style.indicator);
     send(Sci::SCI_INDICSETALPHA, style.indicator, style.alpha);
@@ -314,16 +335,16 @@ void IniTextEdit::strikeOut() {
 
 // Asked for the text that is about to be shown, from where the colours end; an edit moves that place up.
 void IniTextEdit::colourTo(int position) {
-  const long line = send(Sci::SCI_LINEFROMPOSITION, send(Sci::SCI_GETENDSTYLED));
-  long from = send(Sci::SCI_POSITIONFROMLINE, line);
+  const qsizetype line = send(Sci::SCI_LINEFROMPOSITION, send(Sci::SCI_GETENDSTYLED));
+  qsizetype from = send(Sci::SCI_POSITIONFROMLINE, line);
   send(Sci::SCI_STARTSTYLING, from);
-  while (from < position) from = colourLines(from, std::min<long>(from + kColourStep, position));
+  while (from < position) from = colourLines(from, std::min<qsizetype>(from + kColourStep, position));
 }
 
 // Colours from the start of a line to the end of the line that holds `to`, and gives where that is.
-long IniTextEdit::colourLines(long from, long to) {
-  const long line = send(Sci::SCI_LINEFROMPOSITION, to - 1);
-  const long end =
+qsizetype IniTextEdit::colourLines(qsizetype from, qsizetype to) {
+  const qsizetype line = send(Sci::SCI_LINEFROMPOSITION, to - 1);
+  const qsizetype end =
       line + 1 < lineCount() ? send(Sci::SCI_POSITIONFROMLINE, line + 1) : send(Sci::SCI_GETLENGTH);
   const auto size = static_cast<std::size_t>(end - from);
   std::string text(size + 1, '\0');
@@ -339,12 +360,12 @@ std::string_view IniTextEdit::utf8() const {
   return {start, static_cast<std::size_t>(send(Sci::SCI_GETLENGTH))};
 }
 
-long IniTextEdit::send(unsigned message, long first, long second) const {
-  return text_->SendScintilla(message, static_cast<unsigned long>(first), second);
+qsizetype IniTextEdit::send(unsigned message, qsizetype first, qsizetype second) const {
+  return view_.send(message, first, second);
 }
 
-long IniTextEdit::sendText(unsigned message, long first, const char* second) const {
-  return text_->SendScintilla(message, static_cast<std::uintptr_t>(first), second);
+qsizetype IniTextEdit::sendText(unsigned message, qsizetype first, const char* second) const {
+  return view_.sendText(message, first, second);
 }
 
 void IniTextEdit::changeEvent(QEvent* event) {
