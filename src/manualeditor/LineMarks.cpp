@@ -16,7 +16,9 @@ namespace {
 using Sci = QsciScintillaBase;
 
 constexpr int kSymbolMargin = 1;
+constexpr int kChangeMargin = 2;
 constexpr int kSymbolWidth = 14;  // pixels
+constexpr int kChangeWidth = 7;
 constexpr int kInserts = Sci::SC_MOD_INSERTTEXT | Sci::SC_MOD_BEFOREINSERT;
 constexpr int kDeletes = Sci::SC_MOD_DELETETEXT | Sci::SC_MOD_BEFOREDELETE;
 
@@ -33,7 +35,7 @@ constexpr std::array kMarkerStyles = {
     MarkerStyle{changedMarker, Sci::SC_MARK_FULLRECT, 0xFFC77700, 0xFFE0A030, true},
     MarkerStyle{savedMarker, Sci::SC_MARK_LEFTRECT, 0xFF3E8E41, 0xFF7FBF7F, false},
 };
-constexpr int kAllMarkers = 1 << userMark | 1 << changedMarker | 1 << savedMarker;
+constexpr int kChangeMarkers = 1 << changedMarker | 1 << savedMarker;
 constexpr int kScrollKinds = 100;  // apart from those of text marks
 
 QColor ColourOf(const MarkerStyle& style, const QPalette& palette) {
@@ -47,7 +49,9 @@ QColor ColourOf(const MarkerStyle& style, const QPalette& palette) {
 LineMarks::LineMarks(const ScintillaView& view, ScrollMarks& scrollMarks)
     : QObject(&view.control()), view_(view), scrollMarks_(scrollMarks) {
   view_.control().setMarginWidth(kSymbolMargin, kSymbolWidth);
-  view_.send(Sci::SCI_SETMARGINMASKN, kSymbolMargin, kAllMarkers);
+  view_.control().setMarginWidth(kChangeMargin, kChangeWidth);
+  view_.send(Sci::SCI_SETMARGINMASKN, kSymbolMargin, 1 << userMark);
+  view_.send(Sci::SCI_SETMARGINMASKN, kChangeMargin, kChangeMarkers);
   for (const MarkerStyle& style : kMarkerStyles)
     view_.send(Sci::SCI_MARKERDEFINE, style.marker, style.symbol);
   connect(&view_.control(), &Sci::SCN_MODIFIED, this,
@@ -80,8 +84,10 @@ void LineMarks::saved() {
 
 void LineMarks::applyColours(const QPalette& palette) {
   for (const MarkerStyle& style : kMarkerStyles) {
-    view_.control().setMarkerBackgroundColor(ColourOf(style, palette), style.marker);
-    view_.control().setMarkerForegroundColor(ColourOf(style, palette), style.marker);
+    const QColor colour = ColourOf(style, palette);
+    for (const auto message : {Sci::SCI_MARKERSETFORE, Sci::SCI_MARKERSETBACK}) {
+      view_.control().SendScintilla(message, static_cast<unsigned long>(style.marker), colour);
+    }
   }
   showAtScrollBar();
 }
