@@ -3,9 +3,8 @@
 
 #include "BarePass.h"
 #include "ProgramJobs.h"
-#include "platform/FileWriter.h"
-#include "setup/StockRestoration.h"
 #include "stock/DBCtl.h"
+#include "stock/StockRestoration.h"
 #include "stock/StockTable.h"
 
 namespace korvane {
@@ -19,11 +18,11 @@ constexpr int kManyRecords = 100'000;
 void Restore(const RunningProgram& running, const fs::path& target) {
   DBCtl database;
   const Services& services = running.desk.services;
-  RestoreStockFiles(database, FileWriter(), services.folders.program, ProgramText(target),
-                    [&](std::int64_t, std::int64_t) {
-                      services.yield.fullTurn();
-                      return true;
-                    });
+  StockRestoration restoration(database, ProgramText(target).toStdString());
+  restoration.restoreAll(services.folders.program.toStdString(), [&](std::int64_t, std::int64_t) {
+    services.yield.fullTurn();
+    return true;
+  });
 }
 
 std::function<void()> PlainWrites(const Paths& files, const fs::path& target) {

@@ -11,6 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   try {
     BigArchive archive(folder.path() + "/x.big");
     for (const BigArchive::Entry& entry : archive.entries()) {
+      Require(archive.find(entry.path) != nullptr);
       std::uint64_t length = 0;
       archive.read(entry, [&length](std::string_view piece) { length += piece.size(); });
       Require(length == entry.size);

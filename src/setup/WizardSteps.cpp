@@ -10,6 +10,7 @@
 
 #include "platform/Twips.h"
 #include "setup/ResStrings.h"
+#include "setup/RestoreReport.h"
 #include "setup/StepPicture.h"
 
 namespace korvane {
@@ -48,7 +49,7 @@ WizardSteps::WizardSteps(QWidget* parent) : QWidget(parent) {
   for (int step = 0; step < kCount; ++step) layouts[static_cast<std::size_t>(step)] = makeFrame(step);
   fillFolderStep(*layouts[1]);
   fillRestoreStep(*layouts[2]);
-  for (QVBoxLayout* layout : {layouts[0], layouts[2], layouts[3]}) layout->addStretch(1);
+  for (QVBoxLayout* layout : {layouts[0], layouts[3]}) layout->addStretch(1);
 }
 
 QVBoxLayout* WizardSteps::makeFrame(int step) {
@@ -91,6 +92,9 @@ void WizardSteps::fillRestoreStep(QVBoxLayout& layout) {
   layout.addSpacing(kSpaceAboveProgress * fontMetrics().height());
   layout.addWidget(ProgressBar1);
   layout.addWidget(Label1);
+  Report = new RestoreReport;
+  layout.addWidget(Report, 1);
+  layout.addStretch();
 }
 
 void WizardSteps::turn(int from, int to) {

@@ -12,6 +12,8 @@ class QVBoxLayout;
 
 namespace korvane {
 
+class RestoreReport;
+
 // The four steps of the wizard, each a frame as large as this area. The frame of the step that is shown
 // stands at the left edge, the others lie far outside.
 class WizardSteps : public QWidget {
@@ -23,6 +25,7 @@ class WizardSteps : public QWidget {
   QWidget* PicBrouse = nullptr;  // the host of the folder tree
   QProgressBar* ProgressBar1 = nullptr;
   QLabel* Label1 = nullptr;  // how far the restoring of files has come
+  RestoreReport* Report = nullptr;
 
   void turn(int from, int to);
   // The string id of the step's frame.

@@ -22,9 +22,10 @@
 #include "setup/FirstTreeFont.h"
 #include "setup/FolderChooser.h"
 #include "setup/ResStrings.h"
-#include "setup/StockRestoration.h"
+#include "setup/RestoreReport.h"
 #include "setup/WizardSteps.h"
 #include "stock/DatabaseError.h"
+#include "stock/StockRestoration.h"
 
 namespace korvane {
 
@@ -41,7 +42,6 @@ enum Step { introduction, folder, restore, closing };
 frmWizard::frmWizard(const Services& services, FolderChooser& chooser, const FileWriter& writer)
     : services_(services),
       chooser_(chooser),
-      writer_(writer),
       steps_(new WizardSteps(this)),
       DB_(new DBCtlView(services.messages, writer, this)) {
   build();
@@ -266,17 +266,25 @@ void frmWizard::restoreStockFiles() {
   };
   finishWanted_ = false;
   nav(next).setEnabled(false);
-  RestoreStockFiles(DB_->database(), writer_, services_.folders.program, services_.settings.gameFolder(),
-                    [&](std::int64_t done, std::int64_t all) {
-                      showProgress(static_cast<int>(done), static_cast<int>(all));
-                      services_.yield.fullTurn();
-                      return goesOn();
-                    });
+  steps_->Report->clear();
+  StockRestoration restoration(DB_->database(), services_.settings.gameFolder().toStdString());
+  const std::vector<RestoredFile> files = restoreMissing(restoration, goesOn);
   if (!goesOn()) return;
+  steps_->Report->show(files, restoration.archiveFailures());
   nav(next).setEnabled(true);
   nav(next).setFocus();
   steps_->Label1->setText("The Files Have Been Extracted, Click Next To Continue.");
   if (finishWanted_) finishUp();
+}
+
+std::vector<RestoredFile> frmWizard::restoreMissing(StockRestoration& restoration,
+                                                    const std::function<bool()>& goesOn) {
+  return restoration.restoreAll(services_.folders.program.toStdString(),
+                                [&](std::int64_t done, std::int64_t all) {
+                                  showProgress(static_cast<int>(done), static_cast<int>(all));
+                                  services_.yield.fullTurn();
+                                  return goesOn();
+                                });
 }
 
 void frmWizard::showProgress(int done, int all) {

@@ -5,6 +5,8 @@
 #include <QWidget>
 
 #include <array>
+#include <functional>
+#include <vector>
 
 #include "platform/WindowCalls.h"
 #include "setup/GameFolderCheck.h"
@@ -16,8 +18,10 @@ namespace korvane {
 class DBCtlView;
 class FileWriter;
 class FolderChooser;
+class StockRestoration;
 class WizardSteps;
 struct Message;
+struct RestoredFile;
 struct Services;
 
 // The setup wizard: four steps from the choice of the game folder to the stock files restored in it.
@@ -75,6 +79,8 @@ class frmWizard : public QWidget {
 
   bool isRestoring() const;
   void restoreStockFiles();
+  std::vector<RestoredFile> restoreMissing(StockRestoration& restoration,
+                                           const std::function<bool()>& goesOn);
   void showProgress(int done, int all);
 
   // Tells the user, then closes the wizard and ends the program.
@@ -82,7 +88,6 @@ class frmWizard : public QWidget {
 
   const Services& services_;
   FolderChooser& chooser_;
-  const FileWriter& writer_;
   WizardSteps* steps_;
   DBCtlView* DB_;
   QWidget* picNav_ = nullptr;

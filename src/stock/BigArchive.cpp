@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "stock/BigArchive.h"
 
+#include <algorithm>
+
+#include "ini/IniText.h"
 #include "stock/BinaryNumbers.h"
 
 namespace korvane {
@@ -10,6 +13,12 @@ namespace {
 constexpr std::size_t kHeaderSize = 16;
 constexpr std::size_t kNumbers = 8;  // place and size of a file
 constexpr std::size_t kLongestPath = 512;
+
+std::string Comparable(std::string_view path) {
+  std::string text = ToLowerAscii(path);
+  std::replace(text.begin(), text.end(), '/', '\\');
+  return text;
+}
 
 }  // namespace
 
@@ -40,8 +49,14 @@ std::uint64_t BigArchive::readEntry(std::uint64_t at) {
   if (end == std::string::npos || end == kNumbers) fail("its list of files is damaged");
   Entry entry{bytes.substr(kNumbers, end - kNumbers), Big32(bytes, 0), Big32(bytes, 4)};
   if (std::uint64_t{entry.offset} + entry.size > file_.size()) fail(entry.path + " lies outside of it");
+  places_.emplace(Comparable(entry.path), entries_.size());
   entries_.push_back(std::move(entry));
   return at + end + 1;
+}
+
+const BigArchive::Entry* BigArchive::find(std::string_view path) const {
+  const auto found = places_.find(Comparable(path));
+  return found == places_.end() ? nullptr : &entries_[found->second];
 }
 
 void BigArchive::read(const Entry& entry, const TakePiece& take) {

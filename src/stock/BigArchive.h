@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "stock/RandomFile.h"
@@ -36,6 +37,9 @@ class BigArchive {
   explicit BigArchive(const std::string& path);
 
   const std::vector<Entry>& entries() const { return entries_; }
+  // The first entry of the path, whatever its letter case and its kind of separator; null where there is
+  // none. Valid as long as the archive is.
+  const Entry* find(std::string_view path) const;
   // The bytes of one of the archive's files in pieces. ArchiveError when they cannot all be read; some may
   // have come before.
   void read(const Entry& entry, const TakePiece& take);
@@ -48,6 +52,7 @@ class BigArchive {
   std::string path_;
   RandomFile file_;
   std::vector<Entry> entries_;
+  std::unordered_map<std::string, std::size_t> places_;  // in entries_, by the path as it is compared
 };
 
 }  // namespace korvane

@@ -43,14 +43,15 @@ std::vector<DbfField> Fields(std::string_view header, std::uint64_t recordLength
   return fields;
 }
 
-// The count in the header is not to be trusted over the size of the file. A file that ends inside a record
-// which the header counts has lost its rest, though.
+// The count in the header is not to be trusted over the mark that ends the records. Where the file ends
+// without it, before all counted records have come, the rest is lost.
 std::uint64_t RecordsThere(RandomFile& file, const DbfLayout& layout) {
   const std::uint64_t bytes = file.size() - layout.headerLength;
   const std::uint64_t whole = bytes / layout.recordLength;
   if (layout.recordCount <= whole) return layout.recordCount;
   const std::string rest = file.read(layout.headerLength + whole * layout.recordLength, 1);
-  if (!rest.empty() && rest[0] != kDbfFileEnd) TableDamaged("its last record is cut off");
+  if (rest.empty()) TableDamaged("records at its end are missing");
+  if (rest[0] != kDbfFileEnd) TableDamaged("its last record is cut off");
   return whole;
 }
 

@@ -5,6 +5,7 @@
 #include <array>
 #include <exception>
 #include <filesystem>
+#include <utility>
 #include <vector>
 
 #include "files/NativePath.h"
@@ -54,13 +55,16 @@ bool IsBelow(const fs::path& folder, const fs::path& path) {
   return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first == folder.end();
 }
 
-// A link that leads nowhere counts as leading outside: writing through it would make a file there.
-bool StaysBelow(const fs::path& folder, std::string_view path) {
+// What is wrong with the way to a path; empty when it stays below the folder. A link that leads nowhere must
+// not be followed either: writing through it would make a file there.
+std::string Obstacle(const fs::path& folder, std::string_view path) {
   const fs::path native = NativePath(path);
   std::error_code error;
-  if (fs::symlink_status(native, error).type() == fs::file_type::not_found) return true;
+  if (fs::symlink_status(native, error).type() == fs::file_type::not_found) return {};
   const fs::path real = fs::canonical(native, error);
-  return !error && IsBelow(folder, real);
+  if (error == std::errc::no_such_file_or_directory) return "a link on its way leads nowhere";
+  if (error) return error.message();
+  return IsBelow(folder, real) ? "" : "a link on its way leads out of the game folder";
 }
 
 std::vector<std::string_view> Pieces(std::string& path) {
@@ -76,20 +80,28 @@ bool IsSafeRelativePath(std::string_view relative) {
   return std::all_of(pieces.begin(), pieces.end(), IsPlainName);
 }
 
-std::optional<std::string> SafeTarget(std::string_view gameFolder, std::string_view relative) {
-  if (!IsSafeRelativePath(relative)) return std::nullopt;
+RestoreTarget TargetOf(std::string_view gameFolder, std::string_view relative) {
+  if (!IsSafeRelativePath(relative)) return {{}, "its path is none of a file in the game folder"};
   std::string path(relative);
   try {
     const fs::path folder = fs::canonical(NativePath(gameFolder));
     std::string target(gameFolder);
     for (const std::string_view piece : Pieces(path)) {
       target.append("\\").append(piece);
-      if (!StaysBelow(folder, target)) return std::nullopt;
+      if (std::string obstacle = Obstacle(folder, target); !obstacle.empty())
+        return {{}, std::move(obstacle)};
     }
-    return target;
-  } catch (const std::exception&) {  // no such folder, or text that is no path
-    return std::nullopt;
+    return {std::move(target), {}};
+  } catch (const fs::filesystem_error& error) {
+    return {{}, error.code().message()};
+  } catch (const std::exception& error) {  // text that is no path
+    return {{}, error.what()};
   }
+}
+
+std::optional<std::string> SafeTarget(std::string_view gameFolder, std::string_view relative) {
+  RestoreTarget target = TargetOf(gameFolder, relative);
+  return target.reason.empty() ? std::optional(std::move(target.path)) : std::nullopt;
 }
 
 }  // namespace korvane

@@ -3,11 +3,10 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <string_view>
 
 #include "files/WholeFile.h"
-#include "stock/RandomFile.h"
+#include "stock/WriteTextFile.h"
 
 namespace korvane {
 
@@ -24,7 +23,6 @@ class StockTable {
   void add(std::string_view path, std::string_view text);
   // The same with a text of `size` bytes that `give` hands out in pieces; std::runtime_error when they are
   // not so many.
-  using GiveText = std::function<void(const TakePiece&)>;
   void add(std::string_view path, std::uint64_t size, const GiveText& give);
   void commit();
 

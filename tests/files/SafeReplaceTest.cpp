@@ -10,11 +10,11 @@
 #include "files/FileLock.h"
 #include "files/SafeReplace.h"
 #include "files/WholeFile.h"
+#include "support/FileSizeLimit.h"
 #include "support/GameFolder.h"
 
 #ifndef _WIN32
 #include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -254,21 +254,6 @@ TEST_F(SafeReplaceTest, WhatCannotBeReplacedIsWrittenInPlaceOnceItIsKept) {
     fs::remove(pathOf("b.ini"));
   }
 }
-
-// The largest file that this process may write, as if the disk were full behind it.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t size) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit{size, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &before_); }
-
- private:
-  rlimit before_{};
-};
 
 TEST_F(SafeReplaceTest, AFullDiskLeavesTheOldFileAndSaysSo) {
   folder_.write("a.ini", "old");

@@ -7,7 +7,7 @@
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTreeView>
+#include <QTreeWidget>
 
 #include "app/Services.h"
 #include "platform/FileWriter.h"
@@ -15,8 +15,10 @@
 #include "setup/DBCtlView.h"
 #include "setup/FolderChooser.h"
 #include "setup/frmWizard.h"
+#include "stock/StockFiles.h"
 #include "stock/StockTable.h"
 #include "support/Fakes.h"
+#include "support/FileSizeLimit.h"
 #include "support/GameFolder.h"
 
 namespace korvane {
@@ -24,7 +26,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using Records = std::vector<std::pair<std::string, std::string>>;
+using Records = StockRecords;
+using Lines = std::vector<std::string>;
 
 class WizardTest : public testing::Test {
  protected:
@@ -72,6 +75,17 @@ class WizardTest : public testing::Test {
     EXPECT_TRUE(QTest::qWaitFor([&] { return clicked.size() == 2; })) << clicked.size();
   }
   QString label() const { return wizard->findChild<QLabel*>("Label1")->text(); }
+  // What step 2 says below its progress: the summary and the rows of its list.
+  Lines report() const {
+    const auto* list = wizard->findChild<QTreeWidget*>("LstRestored");
+    if (list->parentWidget()->isHidden()) return {};
+    Lines lines = {wizard->findChild<QLabel*>("LblRestored")->text().toStdString()};
+    for (int i = 0; i < list->topLevelItemCount(); ++i) {
+      const QTreeWidgetItem& row = *list->topLevelItem(i);
+      lines.push_back((row.text(0) + ": " + row.text(1)).toStdString());
+    }
+    return lines;
+  }
   bool showsStep(int step) const {
     const auto* frame = wizard->findChild<QWidget*>(QString("fraStep%1").arg(step));
     return frame->isEnabled() && frame->x() == 0;
@@ -243,7 +257,73 @@ TEST_F(WizardTest, RestoringMakesFoldersAndLeavesAloneWhatIsThere) {
   EXPECT_FALSE(fs::exists(game.native("../outside.ini")));
   EXPECT_FALSE(fs::exists("/outside.ini"));
   EXPECT_FALSE(fs::exists(program.native("outside.ini")));
+  const std::string sample = ": from the texts that come with the program";
+  const std::string unsafe = ": not written: its path is none of a file in the game folder";
+  EXPECT_EQ(report(),
+            (Lines{"6 files were not written. 2 files were written.",
+                   "blocked\\x.ini: not written: Not a directory", "Data\\INI: not written: File exists",
+                   "..\\outside.ini" + unsafe, "\\outside.ini" + unsafe, "C:\\outside.ini" + unsafe,
+                   "away\\outside.ini: not written: a link on its way leads out of the game folder",
+                   "Data\\INI\\New\\Deep\\Unit.ini" + sample, "last.ini" + sample}));
 }
+
+TEST_F(WizardTest, TheGamesOwnArchivesAreRestoredFromAndNothingElse) {
+  game.write("B.big", ArchiveBytes({{"data/ini/weapon.INI", "from B"}, {"Data\\INI\\Armor.ini", "armour"}}));
+  game.write("C.BIG",
+             ArchiveBytes({{"Data\\INI\\Weapon.ini", "from C"}, {"Data\\INI\\x.ini", "not in the table"}}));
+  game.write("Data/A.big", ArchiveBytes({{"Data\\INI\\Weapon.ini", "not the game's"}}));
+  game.write("damaged.big", "BIGF");
+  pack({{"Data\\INI\\Weapon.ini", "sample"},
+        {"Data\\INI\\Armor.ini", "sample"},
+        {"Data\\INI\\CommandSet.ini", "sample"}});
+  restore();
+  EXPECT_EQ(game.read("Data/INI/Weapon.ini"), "from B");
+  EXPECT_EQ(game.read("Data/INI/Armor.ini"), "armour");
+  EXPECT_FALSE(fs::exists(game.native("Data/INI/CommandSet.ini")));
+  EXPECT_FALSE(fs::exists(game.native("Data/INI/x.ini")));
+  const Lines told = report();
+  ASSERT_EQ(told.size(), 5U);
+  EXPECT_NE(told[1].find("damaged.big"), std::string::npos) << told[1];
+  EXPECT_EQ(told,
+            (Lines{"1 file was not written. 2 files were written.", told[1],
+                   "Data\\INI\\CommandSet.ini: not written: no archive of the game has it",
+                   "Data\\INI\\Weapon.ini: from B.big; also in C.BIG", "Data\\INI\\Armor.ini: from B.big"}));
+}
+
+TEST_F(WizardTest, AGameWhoseArchivesCannotBeReadGetsNoSample) {
+  game.write("INI.big", "PK");
+  restore();
+  EXPECT_FALSE(fs::exists(game.native("Data/INI/Weapon.ini")));
+  EXPECT_EQ(report().size(), 3U);
+}
+
+#ifndef _WIN32
+
+TEST_F(WizardTest, AFullDiskIsToldFileByFileAndCanBeTriedAgain) {
+  pack({{"large.ini", std::string(300'000, 'x')}, {"small.ini", "x"}});
+  {
+    const FileSizeLimit limit(100'000);
+    restore();
+  }
+  EXPECT_EQ(label(), "The Files Have Been Extracted, Click Next To Continue.");
+  const Lines told = report();
+  ASSERT_EQ(told.size(), 3U);
+  EXPECT_EQ(told[0], "1 file was not written. 1 file was written.");
+  EXPECT_TRUE(told[1].starts_with("large.ini: not written: ")) << told[1];
+  EXPECT_EQ(told[2], "small.ini: from the texts that come with the program");
+  EXPECT_FALSE(fs::exists(game.native("large.ini")));
+  click(back);
+  waitForNext(true);
+  click(next);
+  EXPECT_EQ(game.read("large.ini").size(), 300'000U);
+  EXPECT_EQ(report().at(0), "1 file was written.");
+  click(back);
+  waitForNext(true);
+  click(next);
+  EXPECT_EQ(report(), Lines());
+}
+
+#endif
 
 TEST_F(WizardTest, TheProgressIsExact) {
   Records records;

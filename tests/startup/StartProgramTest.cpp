@@ -9,8 +9,10 @@
 #include <QTest>
 #include <QTreeView>
 
+#include "ini/DataFiles.h"
 #include "mainwindow/FrmEdit.h"
 #include "startup/Program.h"
+#include "stock/StockFiles.h"
 #include "stock/StockTable.h"
 #include "support/TestDesk.h"
 #include "support/Windows.h"
@@ -54,6 +56,22 @@ class StartProgramTest : public testing::Test, protected TestDesk {
       at = child(at, name);
     }
     return at;
+  }
+  static void pressInWizard(const char* button) {
+    VisibleWindow("frmWizard")->findChild<QPushButton*>(button)->click();
+  }
+  // From the introduction to the folder step, with the folder chosen there.
+  static void chooseInWizard(const GameFolder& folder) {
+    QWidget* wizard = VisibleWindow("frmWizard");
+    ASSERT_NE(wizard, nullptr);
+    const auto* next = wizard->findChild<QPushButton*>("cmdNav3");
+    pressInWizard("cmdNav3");
+    EXPECT_FALSE(next->isEnabled());
+    auto* folders = wizard->findChild<QTreeView*>("BrowseTree");
+    const QModelIndex node = reach(*folders, folder.qpath());
+    ASSERT_TRUE(node.isValid());
+    folders->setCurrentIndex(node);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return next->isEnabled(); }));
   }
   void expectWindows(bool editor, bool wizard) {
     EXPECT_EQ(VisibleWindow("FrmEdit") != nullptr, editor);
@@ -176,25 +194,40 @@ TEST_F(StartProgramTest, AClickThatComesAfterTheCloseStartsNothing) {
 
 TEST_F(StartProgramTest, TheWizardLeadsFromAnEmptyStoreToTheEditor) {
   start("-Reinstall");
-  QWidget* wizard = VisibleWindow("frmWizard");
-  ASSERT_NE(wizard, nullptr);
-  const auto press = [wizard](const char* button) { wizard->findChild<QPushButton*>(button)->click(); };
-  press("cmdNav3");
-  auto* folderTree = wizard->findChild<QTreeView*>();
-  ASSERT_NE(folderTree, nullptr);
-  EXPECT_FALSE(wizard->findChild<QPushButton*>("cmdNav3")->isEnabled());
-  const QModelIndex gameNode = reach(*folderTree, game.qpath());
-  ASSERT_TRUE(gameNode.isValid());
-  folderTree->setCurrentIndex(gameNode);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return wizard->findChild<QPushButton*>("cmdNav3")->isEnabled(); }));
-  press("cmdNav3");
+  chooseInWizard(game);
+  pressInWizard("cmdNav3");
   EXPECT_EQ(game.read("Data/INI/Armor.ini"), "Armor Plate\r\nEnd\r\n");
-  press("cmdNav3");
-  press("cmdNav4");
+  pressInWizard("cmdNav3");
+  pressInWizard("cmdNav4");
   expectWindows(true, false);
   EXPECT_FALSE(program->mainWindow().findChild<QTreeView*>("TVMenu")->font().strikeOut());
   EXPECT_EQ(settings.gameFolder(), game.qpath());
   EXPECT_EQ(process.ends, 0);
+}
+
+TEST_F(StartProgramTest, AGameThatHasOnlyItsArchivesStartsWithItsOwnObjects) {
+  std::filesystem::remove_all(game.native("Data"));
+  StockTable table(own.native("Data"));
+  StockRecords archived;
+  for (const DataFile& file : kDataFiles) {
+    const std::string path = std::string(file.folder.substr(1)).append(file.name);
+    table.add(path, "Object Sample\r\nEnd\r\n");
+    archived.emplace_back(path, "Object GLABike\r\nEnd\r\n");
+  }
+  table.commit();
+  game.write("INI.big", ArchiveBytes(archived));
+  start();
+  chooseInWizard(game);
+  for (const char* button : {"cmdNav3", "cmdNav3", "cmdNav4"}) pressInWizard(button);
+  expectWindows(true, false);
+  const QAbstractItemModel& objects = *program->mainWindow().findChild<QTreeView*>("TVMenu")->model();
+  const auto count = [&](const char* name) {
+    return objects
+        .match(objects.index(0, 0), Qt::DisplayRole, name, -1, Qt::MatchExactly | Qt::MatchRecursive)
+        .size();
+  };
+  EXPECT_EQ(count("GLABike"), static_cast<qsizetype>(kObjectFiles.size()));
+  EXPECT_EQ(count("Sample"), 0);
 }
 
 }  // namespace

@@ -166,7 +166,17 @@ TEST_F(StockDatabase, TellsWhatIsWrongWithDamagedFiles) {
          raw.table.resize(record);
          Put(raw.table, 4, "\xff\xff\xff\xff");
        },
+       3274, "records at its end are missing"},
+      {"4 GB claimed, the end follows",
+       [](RawDatabase& raw) {
+         raw.table.resize(record);
+         raw.table += '\x1a';
+         Put(raw.table, 4, "\xff\xff\xff\xff");
+       },
        3021, "no records"},
+      {"cut off between two records",
+       [](RawDatabase& raw) { raw.table.resize(record + RawDatabase::kRecord); }, 3274,
+       "records at its end are missing"},
       {"last record cut off", [](RawDatabase& raw) { raw.table.pop_back(); }, 3274, "last record is cut off"},
       {"no deletion mark", [](RawDatabase& raw) { raw.table[record + RawDatabase::kRecord] = 'x'; }, 3274,
        "no beginning"},

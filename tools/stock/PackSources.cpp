@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "PackSources.h"
 
-#include <algorithm>
 #include <filesystem>
-#include <map>
 #include <stdexcept>
 
 #include "files/NativePath.h"
 #include "ini/IniText.h"
-#include "stock/BigArchive.h"
+#include "stock/GameArchives.h"
 
 namespace korvane {
 
@@ -50,41 +48,27 @@ class FolderSource : public PackSource {
 
 class ArchiveSource : public PackSource {
  public:
-  explicit ArchiveSource(const std::string& path) : archive_(path) {
-    for (const BigArchive::Entry& entry : archive_.entries())
-      entries_.emplace(ToLowerAscii(entry.path), &entry);
+  explicit ArchiveSource(const std::string& path) : archive_(path) {}
+
+  bool has(std::string_view path) override { return archive_.find(path) != nullptr; }
+
+  std::uint64_t size(std::string_view path) override { return archive_.find(path)->size; }
+
+  void read(std::string_view path, const TakePiece& take) override {
+    archive_.read(*archive_.find(path), take);
   }
-
-  bool has(std::string_view path) override { return entries_.contains(ToLowerAscii(path)); }
-
-  std::uint64_t size(std::string_view path) override { return entry(path).size; }
-
-  void read(std::string_view path, const TakePiece& take) override { archive_.read(entry(path), take); }
 
   std::vector<std::string> filesBelow(std::string_view folder) override {
     std::vector<std::string> found;
-    for (const auto& [lowerPath, entry] : entries_) {
-      if (lowerPath.starts_with(ToLowerAscii(folder))) found.push_back(entry->path);
+    for (const BigArchive::Entry& entry : archive_.entries()) {
+      if (ToLowerAscii(entry.path).starts_with(ToLowerAscii(folder))) found.push_back(entry.path);
     }
     return found;
   }
 
  private:
-  const BigArchive::Entry& entry(std::string_view path) const { return *entries_.at(ToLowerAscii(path)); }
-
   BigArchive archive_;
-  std::map<std::string, const BigArchive::Entry*> entries_;  // by the path in small letters
 };
-
-std::vector<std::string> ArchivesIn(const std::string& folder) {
-  std::vector<std::string> found;
-  for (const fs::directory_entry& entry : fs::directory_iterator(NativePath(folder))) {
-    const std::string path = ProgramPath(entry.path());
-    if (entry.is_regular_file() && ToLowerAscii(path).ends_with(".big")) found.push_back(path);
-  }
-  std::sort(found.begin(), found.end());
-  return found;
-}
 
 }  // namespace
 
