@@ -25,7 +25,6 @@
 #include "manualeditor/FrmReplace.h"
 #include "manualeditor/IniTextEdit.h"
 #include "manualeditor/OpenText.h"
-#include "manualeditor/TextCommands.h"
 #include "platform/EventYield.h"
 #include "platform/MessageBoxes.h"
 #include "settings/SettingsStore.h"
@@ -110,7 +109,6 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
   setCentralWidget(TxtManEdit_);
   openText_->setParent(this);
   buildMenus();
-  (new TextCommands(*TxtManEdit_))->addMenus(*menuBar());
   buildStatusBar();
   buildToolBar();
   resize(kDesignSize);
@@ -329,7 +327,7 @@ void FrmManEdit::findPrevious() {
 }
 
 void FrmManEdit::showReplace() {
-  replace_->open(find_->soughtText());
+  replace_->showWith(find_->soughtText());
 }
 
 void FrmManEdit::selectAll() {

@@ -74,7 +74,7 @@ void FrmReplace::buildButtons(QGridLayout& layout) {
   }
 }
 
-void FrmReplace::open(const QString& sought) {
+void FrmReplace::showWith(const QString& sought) {
   if (!sought.isEmpty()) TxtFind_->setText(sought);
   LblResult_->clear();
   show();

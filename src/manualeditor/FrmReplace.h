@@ -22,7 +22,7 @@ class FrmReplace : public QDialog {
   FrmReplace(IniTextEdit& text, QWidget* owner);
 
   // Shows the window with a text to find, ready to be typed over.
-  void open(const QString& sought);
+  void showWith(const QString& sought);
 
  private:
   void buildFields(QGridLayout& layout);

@@ -287,8 +287,8 @@ TEST_F(SafeReplaceTest, AFullDiskLeavesTheOldFileWhereItIsWrittenInPlaceToo) {
 // A process that saves one text after the other until it is killed.
 pid_t StartSaving(const fs::path& path, const std::string (&texts)[2]) {
   const pid_t child = fork();
-  for (int i = 0; child == 0; ++i) static_cast<void>(SafeReplace(path, texts[i % 2]));
-  return child;
+  if (child != 0) return child;
+  for (std::size_t i = 0;; ++i) static_cast<void>(SafeReplace(path, texts[i % 2]));
 }
 
 // KORVANE_KILLS sets how many times.
