@@ -25,6 +25,7 @@
 #include "manualeditor/FrmReplace.h"
 #include "manualeditor/IniTextEdit.h"
 #include "manualeditor/OpenText.h"
+#include "manualeditor/TextCommands.h"
 #include "platform/EventYield.h"
 #include "platform/MessageBoxes.h"
 #include "settings/SettingsStore.h"
@@ -109,6 +110,7 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
   setCentralWidget(TxtManEdit_);
   openText_->setParent(this);
   buildMenus();
+  (new TextCommands(*TxtManEdit_))->addMenus(*menuBar());
   buildStatusBar();
   buildToolBar();
   resize(kDesignSize);

@@ -11,6 +11,7 @@
 #include <array>
 
 #include "manualeditor/LineColours.h"
+#include "manualeditor/LineMarks.h"
 #include "manualeditor/ScrollMarks.h"
 
 namespace korvane {
@@ -21,7 +22,6 @@ using Sci = QsciScintillaBase;
 
 constexpr int kSizeFactor = Sci::SC_FONT_SIZE_MULTIPLIER;
 constexpr int kNumberMargin = 0;
-constexpr int kSymbolMargin = 1;
 constexpr int kTextMargin = 4;  // pixels between the line numbers and the text
 constexpr int kLinesAround = 4;
 constexpr int kStrikeIndicator = 20;
@@ -76,7 +76,9 @@ QColor Mixed(const QColor& a, const QColor& b, int percentOfA) {
 IniTextEdit::IniTextEdit(QWidget* parent)
     : QWidget(parent),
       text_(new QsciScintilla(this)),
+      view_(*text_),
       scrollMarks_(new ScrollMarks(*text_->verticalScrollBar())),
+      lineMarks_(new LineMarks(view_, *scrollMarks_)),
       font_(QFontDatabase::systemFont(QFontDatabase::FixedFont)) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins({});
@@ -91,6 +93,7 @@ IniTextEdit::IniTextEdit(QWidget* parent)
     if (font_.strikeOut()) strikeOut();
     Q_EMIT edited();
   });
+  connect(text_, &Sci::SCN_ZOOM, this, &IniTextEdit::fitNumberMargin);
   connect(text_, &Sci::SCN_STYLENEEDED, this, &IniTextEdit::colourTo);
 }
 
@@ -101,7 +104,6 @@ void IniTextEdit::prepare() {
   text_->setTabWidth(4);
   text_->setCaretLineVisible(true);
   text_->setMarginLineNumbers(kNumberMargin, true);
-  text_->setMarginWidth(kSymbolMargin, 0);
   send(Sci::SCI_SETMARGINLEFT, 0, kTextMargin);
   send(Sci::SCI_SETSCROLLWIDTH, 1);
   send(Sci::SCI_SETSCROLLWIDTHTRACKING, 1);
@@ -121,6 +123,7 @@ void IniTextEdit::fitNumberMargin() {
 
 void IniTextEdit::setBytes(std::string_view bytes) {
   const QByteArray utf8 = Utf8OfFile(bytes);
+  lineMarks_->beginText();
   send(Sci::SCI_SETUNDOCOLLECTION, 0);
   send(Sci::SCI_SETMODEVENTMASK, bytes.size() > kAnnounced ? kEditsToCome : kEdits);
   send(Sci::SCI_CLEARALL);
@@ -128,6 +131,7 @@ void IniTextEdit::setBytes(std::string_view bytes) {
   send(Sci::SCI_SETUNDOCOLLECTION, 1);
   send(Sci::SCI_EMPTYUNDOBUFFER);
   setUnmodified();
+  lineMarks_->endText();
   fitNumberMargin();
   moveToStart();
 }
@@ -145,7 +149,7 @@ bool IniTextEdit::isModified() const {
 }
 
 void IniTextEdit::setUnmodified() {
-  send(Sci::SCI_SETSAVEPOINT);
+  lineMarks_->saved();
 }
 
 int IniTextEdit::lineCount() const {
@@ -247,6 +251,22 @@ TextSpan IniTextEdit::selection() const {
   return {send(Sci::SCI_GETSELECTIONSTART), send(Sci::SCI_GETSELECTIONEND)};
 }
 
+TextSpan IniTextEdit::selectedLines() const {
+  const TextSpan selected = selection();
+  const auto first = send(Sci::SCI_LINEFROMPOSITION, selected.from);
+  auto last = send(Sci::SCI_LINEFROMPOSITION, selected.to);
+  const bool endsBeforeLine = last > first && send(Sci::SCI_POSITIONFROMLINE, last) == selected.to;
+  if (endsBeforeLine) --last;
+  return {send(Sci::SCI_POSITIONFROMLINE, first), send(Sci::SCI_GETLINEENDPOSITION, last)};
+}
+
+void IniTextEdit::replaceSpan(TextSpan span, std::string_view utf8) {
+  const auto size = static_cast<qsizetype>(utf8.size());
+  send(Sci::SCI_SETTARGETRANGE, span.from, span.to);
+  sendText(Sci::SCI_REPLACETARGET, size, utf8.data());
+  select({span.from, span.from + size});
+}
+
 void IniTextEdit::replaceAllText(const QByteArray& utf8) {
   const qsizetype topLine = send(Sci::SCI_GETFIRSTVISIBLELINE);
   const Place cursor = placeOf(send(Sci::SCI_GETCURRENTPOS));
@@ -299,6 +319,7 @@ void IniTextEdit::applyColours() {
   text_->setSelectionBackgroundColor(highlight);
   text_->setSelectionForegroundColor(palette().color(QPalette::Active, QPalette::HighlightedText));
   text_->setIndicatorForegroundColor(ink, kStrikeIndicator);
+  lineMarks_->applyColours(palette());
   for (const MarkStyle& style : kMarkStyles) {
     text_->setIndicatorForegroundColor(QColor(dark ? style.onDark : style.onLight), style.indicator);
     send(Sci::SCI_INDICSETALPHA, style.indicator, style.alpha);
@@ -328,7 +349,7 @@ qsizetype IniTextEdit::colourLines(qsizetype from, qsizetype to) {
   const auto size = static_cast<std::size_t>(end - from);
   std::string text(size + 1, '\0');
   std::string kinds(size, '\0');
-  text_->SendScintilla(Sci::SCI_GETTEXTRANGE, static_cast<long>(from), static_cast<long>(end), text.data());
+  text_->SendScintilla(Sci::SCI_GETTEXTRANGE, from, end, text.data());
   KindsOf(std::string_view(text).substr(0, size), kinds.data());
   sendText(Sci::SCI_SETSTYLINGEX, end - from, kinds.data());
   return end;
@@ -340,11 +361,11 @@ std::string_view IniTextEdit::utf8() const {
 }
 
 qsizetype IniTextEdit::send(unsigned message, qsizetype first, qsizetype second) const {
-  return text_->SendScintilla(message, static_cast<unsigned long>(first), static_cast<long>(second));
+  return view_.send(message, first, second);
 }
 
 qsizetype IniTextEdit::sendText(unsigned message, qsizetype first, const char* second) const {
-  return text_->SendScintilla(message, static_cast<std::uintptr_t>(first), second);
+  return view_.sendText(message, first, second);
 }
 
 void IniTextEdit::changeEvent(QEvent* event) {

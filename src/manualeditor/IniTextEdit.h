@@ -8,12 +8,14 @@
 #include <string_view>
 
 #include "manualeditor/FileText.h"
+#include "manualeditor/ScintillaView.h"
 #include "manualeditor/TextSearch.h"
 
 class QsciScintilla;
 
 namespace korvane {
 
+class LineMarks;
 class ScrollMarks;
 
 enum class TextMark {
@@ -68,8 +70,15 @@ class IniTextEdit : public QWidget {
   void setMarks(TextMark mark, const std::vector<TextSpan>& spans);
   // The first span of a kind, as edits have moved it.
   std::optional<TextSpan> markedSpan(TextMark mark) const;
+  // The lines that the selection touches, without the last one's line end.
+  TextSpan selectedLines() const;
+  // Another text in the place of a span, selected, as one step to undo.
+  void replaceSpan(TextSpan span, std::string_view utf8);
   // Another text in the place of all of it, as one step to undo, the view as little moved as can be.
   void replaceAllText(const QByteArray& utf8);
+
+  ScintillaView view() const { return view_; }
+  LineMarks& lineMarks() const { return *lineMarks_; }
 
   // The font of all of the text.
   const QFont& textFont() const { return font_; }
@@ -93,11 +102,13 @@ class IniTextEdit : public QWidget {
   void showAtScrollBar(TextMark mark, const std::vector<TextSpan>& spans);
   void colourTo(int position);
   qsizetype colourLines(qsizetype from, qsizetype to);
-  // A message to the control underneath, which takes and gives a `long` (32 bits on Windows).
   qsizetype send(unsigned message, qsizetype first = 0, qsizetype second = 0) const;
   qsizetype sendText(unsigned message, qsizetype first, const char* second) const;
+
   QsciScintilla* text_;
+  ScintillaView view_;
   ScrollMarks* scrollMarks_;
+  LineMarks* lineMarks_;
   QFont font_;
 };
 

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QSignalSpy>
 
 #include <string>
 
 #include "manualeditor/IniTextEdit.h"
 #include "manualeditor/LineColours.h"
+#include "manualeditor/LineEdits.h"
+#include "manualeditor/LineMarks.h"
 
 namespace korvane {
 namespace {
@@ -56,6 +59,47 @@ TEST(IniTextEdit, EveryEditIsToldHoweverLargeTheText) {
   }
 }
 
+TEST(LineEdits, ChangeOnlyWhatTheyAreFor) {
+  const struct {
+    std::string (*edit)(std::string_view);
+    const char* lines;
+    const char* result;
+  } kCases[] = {
+      {CommentToggled, "  A = 1\r\n\r\n    B\r\n", "  ;A = 1\r\n\r\n  ;  B\r\n"},
+      {CommentToggled, "  ;A = 1\n\r;B", "  A = 1\n\rB"},
+      {CommentToggled, ";A\nB", ";;A\n;B"},
+      {CommentToggled, " \r\n", " \r\n"},
+      {Trimmed, "a \t\r\n \r\n\xC3\x84 b ", "a\r\n\r\n\xC3\x84 b"},
+  };
+  for (const auto& [edit, lines, result] : kCases) EXPECT_EQ(edit(lines), result) << lines;
+  EXPECT_EQ(Aligned("  A=1 ; x = y\r\n\tLong = 2\r\n; no = 3\r\nNone\r\n \xC3\x84   =4", 4),
+            "  A      =1 ; x = y\r\n\tLong = 2\r\n; no = 3\r\nNone\r\n \xC3\x84       =4");
+}
+
+TEST(IniTextEdit, ChangedLinesAreMarkedUntilSavedOrUndone) {
+  for (const int lines : {3, 20'000}) {  // above a size the control tells of edits beforehand
+    IniTextEdit text;
+    text.setBytes(QByteArray("  Damage = 10\r\n").repeated(lines).toStdString());
+    const auto marked = [&text] {
+      QCoreApplication::processEvents();
+      std::vector<long long> found;
+      for (qsizetype line = -1; (line = text.view().send(2047, line + 1, 0b1100)) >= 0;) {
+        found.push_back(text.view().send(2046, line) << 8 | line);
+      }
+      return found;
+    };
+    EXPECT_TRUE(marked().empty());
+    text.select({17, 17});
+    text.replaceSelection("x\ny");
+    EXPECT_EQ(marked(), (std::vector<long long>{0b100 << 8 | 1, 0b100 << 8 | 2}));
+    text.view().send(2176);
+    EXPECT_TRUE(marked().empty());
+    text.replaceSelection("z");
+    text.setUnmodified();
+    EXPECT_EQ(marked(), (std::vector<long long>{0b1000 << 8 | 1}));
+  }
+}
+
 TEST(IniTextEdit, ALineGoesThroughAllOfAStruckOutTextHoweverItCame) {
   const auto picture = [](std::string_view loaded, bool struckOut, const auto& edit) {
     IniTextEdit text;
@@ -64,6 +108,8 @@ TEST(IniTextEdit, ALineGoesThroughAllOfAStruckOutTextHoweverItCame) {
     text.setTextFont(font);
     text.setBytes(loaded);
     edit(text);
+    text.lineMarks().beginText();  // an edited line is marked in the margin
+    text.lineMarks().endText();
     text.moveToStart();
     return text.grab().toImage();
   };

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "manualeditor/TextCommands.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <Qsci/qscicommandset.h>
+#include <Qsci/qsciscintilla.h>
+
+#include "controls/Named.h"
+#include "manualeditor/IniTextEdit.h"
+#include "manualeditor/LineEdits.h"
+#include "manualeditor/LineMarks.h"
+
+namespace korvane {
+
+namespace {
+
+using Sci = QsciScintillaBase;
+
+}  // namespace
+
+struct TextCommands::Command {
+  const char* name;
+  const char* caption = "";               // empty: a separator
+  void (TextCommands::*run)() = nullptr;  // none: a menu that holds the entries after it
+  const char* shortcut = "";
+  bool checkable = false;
+};
+constexpr TextCommands::Command TextCommands::kCommands[] = {
+    {"menuText", "&Text"},
+    {"toggleComment", "Toggle &Comment", &TextCommands::toggleComment, "Ctrl+/"},
+    {"duplicateLines", "&Duplicate", &TextCommands::duplicate, "Ctrl+D"},
+    {"moveLinesUp", "Move Lines &Up", &TextCommands::moveUp, "Alt+Up"},
+    {"moveLinesDown", "Move Lines Do&wn", &TextCommands::moveDown, "Alt+Down"},
+    {""},
+    {"indentLines", "&Indent", &TextCommands::indent, "Ctrl+]"},
+    {"outdentLines", "&Outdent", &TextCommands::outdent, "Ctrl+["},
+    {"trimLines", "&Trim Trailing Blanks", &TextCommands::trim},
+    {"alignLines", "&Align \"=\"", &TextCommands::align},
+    {""},
+    {"toggleMark", "Set or Clear &Mark", &TextCommands::toggleMark, "Ctrl+F2"},
+    {"nextMark", "&Next Mark", &TextCommands::nextMark, "F2"},
+    {"previousMark", "&Previous Mark", &TextCommands::previousMark, "Shift+F2"},
+    {"menuView", "&View"},
+    {"zoomIn", "Zoom &In", &TextCommands::zoomIn, "Ctrl++"},
+    {"zoomOut", "Zoom &Out", &TextCommands::zoomOut, "Ctrl+-"},
+    {"zoomNormal", "&Normal Size", &TextCommands::zoomNormal, "Ctrl+0"},
+    {""},
+    {"showBlanks", "Show &Blanks and Tabs", &TextCommands::showBlanks, "", true},
+    {"wrapLines", "&Wrap Lines", &TextCommands::wrap, "", true},
+};
+
+TextCommands::TextCommands(IniTextEdit& text) : QObject(&text), text_(text) {
+  text_.view().send(Sci::SCI_SETADDITIONALSELECTIONTYPING, 1);  // typing into a rectangle fills all its lines
+}
+
+void TextCommands::addMenus(QMenuBar& bar) {
+  QMenu* menu = nullptr;
+  for (const Command& entry : kCommands) {
+    if (*entry.caption == '\0') {
+      menu->addSeparator();
+    } else if (entry.run == nullptr) {
+      menu = Named(entry.name, bar.addMenu(entry.caption));
+    } else {
+      QAction* action = Named(entry.name, menu->addAction(entry.caption, this, entry.run));
+      action->setCheckable(entry.checkable);
+      action->setShortcut(QKeySequence(QString(entry.shortcut)));
+      freeKey(action->shortcut());
+    }
+  }
+}
+
+// The control takes the keys of its own commands before any menu gets them.
+void TextCommands::freeKey(const QKeySequence& key) {
+  if (key.isEmpty()) return;
+  const int code = key[0].toCombined();
+  QsciCommand* command = text_.view().control().standardCommands()->boundTo(code);
+  if (command == nullptr) return;
+  if (command->key() == code) command->setKey(0);
+  if (command->alternateKey() == code) command->setAlternateKey(0);
+}
+
+void TextCommands::send(unsigned message) {
+  text_.view().send(message);
+}
+
+void TextCommands::editLines(const std::function<std::string(std::string_view)>& edit) {
+  const TextSpan lines = text_.selectedLines();
+  const std::string before(text_.utf8().substr(static_cast<std::size_t>(lines.from),
+                                               static_cast<std::size_t>(lines.to - lines.from)));
+  const std::string after = edit(before);
+  if (after != before) text_.replaceSpan(lines, after);
+}
+
+void TextCommands::toggleComment() {
+  editLines(CommentToggled);
+}
+
+void TextCommands::duplicate() {
+  send(Sci::SCI_SELECTIONDUPLICATE);
+}
+
+void TextCommands::moveUp() {
+  send(Sci::SCI_MOVESELECTEDLINESUP);
+}
+
+void TextCommands::moveDown() {
+  send(Sci::SCI_MOVESELECTEDLINESDOWN);
+}
+
+// A tab where nothing is selected would go into the middle of the line.
+void TextCommands::indent() {
+  const TextSpan lines = text_.selectedLines();
+  if (text_.selection().from == text_.selection().to) text_.select(lines);
+  send(Sci::SCI_TAB);
+}
+
+void TextCommands::outdent() {
+  send(Sci::SCI_BACKTAB);
+}
+
+void TextCommands::trim() {
+  editLines(Trimmed);
+}
+
+void TextCommands::align() {
+  const auto tabWidth = static_cast<std::size_t>(text_.view().send(Sci::SCI_GETTABWIDTH));
+  editLines([tabWidth](std::string_view lines) { return Aligned(lines, tabWidth); });
+}
+
+void TextCommands::toggleMark() {
+  text_.lineMarks().toggle(text_.cursorLine());
+}
+
+void TextCommands::nextMark() {
+  goToMark(text_.lineMarks().next(text_.cursorLine()));
+}
+
+void TextCommands::previousMark() {
+  goToMark(text_.lineMarks().previous(text_.cursorLine()));
+}
+
+void TextCommands::goToMark(int line) {
+  if (line < 0) return;
+  const auto start = text_.view().send(Sci::SCI_POSITIONFROMLINE, line);
+  text_.select({start, start});
+}
+
+void TextCommands::zoomIn() {
+  send(Sci::SCI_ZOOMIN);
+}
+
+void TextCommands::zoomOut() {
+  send(Sci::SCI_ZOOMOUT);
+}
+
+void TextCommands::zoomNormal() {
+  text_.view().send(Sci::SCI_SETZOOM, 0);
+}
+
+void TextCommands::showBlanks() {
+  const bool shown = text_.view().send(Sci::SCI_GETVIEWWS) != Sci::SCWS_INVISIBLE;
+  text_.view().send(Sci::SCI_SETVIEWWS, shown ? Sci::SCWS_INVISIBLE : Sci::SCWS_VISIBLEALWAYS);
+}
+
+void TextCommands::wrap() {
+  const bool wrapped = text_.view().send(Sci::SCI_GETWRAPMODE) != Sci::SC_WRAP_NONE;
+  text_.view().send(Sci::SCI_SETWRAPMODE, wrapped ? Sci::SC_WRAP_NONE : Sci::SC_WRAP_WORD);
+}
+
+}  // namespace korvane

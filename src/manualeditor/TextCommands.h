@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+class QMenuBar;
+
+namespace korvane {
+
+class IniTextEdit;
+
+// The commands that work on the text alone, in menus of their own.
+class TextCommands : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit TextCommands(IniTextEdit& text);
+
+  // Adds "Text" and "View" behind the menus that are there.
+  void addMenus(QMenuBar& bar);
+
+ private:
+  struct Command;
+  static const Command kCommands[];
+
+  void toggleComment();
+  void duplicate();
+  void moveUp();
+  void moveDown();
+  void indent();
+  void outdent();
+  void trim();
+  void align();
+  void toggleMark();
+  void nextMark();
+  void previousMark();
+  void zoomIn();
+  void zoomOut();
+  void zoomNormal();
+  void showBlanks();
+  void wrap();
+
+  void send(unsigned message);
+  void editLines(const std::function<std::string(std::string_view)>& edit);
+  void goToMark(int line);
+  void freeKey(const QKeySequence& key);
+
+  IniTextEdit& text_;
+};
+
+}  // namespace korvane
