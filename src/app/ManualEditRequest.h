@@ -11,7 +11,7 @@ namespace korvane {
 struct Folders;
 
 // A place in a text; the text's start as long as nothing is set.
-struct TextPlace {
+struct ManualEditPlace {
   int line = 0;    // from 1; 0: nowhere in particular
   int column = 1;  // from 1, in characters, which are the file's bytes
   int length = 0;  // characters to select
@@ -22,7 +22,7 @@ struct ManualEditRequest {
   QString ManualEditFile{};           // the program's full path
   int ManualEditPartial = 0;          // 1: only a part of that file, which cannot be saved
   std::optional<std::string> text{};  // in the file's bytes; none: the file as it is on the disk
-  TextPlace place{};                  // gone to when the window is set up
+  ManualEditPlace place{};            // gone to when the window is set up
 };
 
 // Where a data file lies.

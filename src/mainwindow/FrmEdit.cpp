@@ -19,7 +19,7 @@
 #include "app/EditorLauncher.h"
 #include "controls/Placement.h"
 #include "controls/StoredFont.h"
-#include "mainwindow/MainMenu.h"
+#include "mainwindow/MainCommands.h"
 #include "mainwindow/MainToolBar.h"
 #include "platform/EventYield.h"
 #include "platform/MessageBoxes.h"
@@ -49,7 +49,7 @@ FrmEdit::FrmEdit(const Services& services, EditorLauncher& launcher)
       TVMenu_(new ClickView<QTreeView>),
       Toolbar1_(addToolBar("Toolbar")),
       panels_(*statusBar()),
-      commands_(*this, SParse1_, services, launcher, [this] { return display_->selectedObject(); }) {
+      launch_(*this, SParse1_, services, launcher, [this] { return display_->selectedObject(); }) {
   setObjectName("FrmEdit");
   setWindowTitle(ApplicationTitle());
   setProperty("tag", ApplicationTitle());
@@ -91,21 +91,21 @@ void FrmEdit::buildCommands() {
   Toolbar1_->setObjectName("Toolbar1");
   Toolbar1_->setMovable(false);
   Toolbar1_->setContextMenuPolicy(Qt::PreventContextMenu);
-  const auto exit = [this] { exitCommand(); };
-  BuildMainMenu(*menuBar(), commands_, exit);
-  BuildMainToolBar(*Toolbar1_, commands_, exit);
+  AddMainCommands(commands_, launch_, [this] { exitCommand(); });
+  BuildMainMenu(*menuBar(), commands_);
+  BuildMainToolBar(*Toolbar1_, commands_, launch_);
 }
 
 void FrmEdit::connectButtons() {
   connect(TVMenu_, &QTreeView::clicked, display_, &ObjectDisplay::select);
-  connect(fields_.CmdME_FINI, &QPushButton::clicked, this, [this] { commands_.editObjectFile(); });
-  connect(fields_.Btn_LEdit, &QPushButton::clicked, this, [this] { commands_.editLocomotors(); });
-  connect(fields_.Btn_FEdit, &QPushButton::clicked, this, [this] { commands_.editObjectBlock(); });
-  connect(fields_.Command2, &QPushButton::clicked, this, [this] { commands_.showArmour(armourText()); });
+  connect(fields_.CmdME_FINI, &QPushButton::clicked, this, [this] { launch_.editObjectFile(); });
+  connect(fields_.Btn_LEdit, &QPushButton::clicked, this, [this] { launch_.editLocomotors(); });
+  connect(fields_.Btn_FEdit, &QPushButton::clicked, this, [this] { launch_.editObjectBlock(); });
+  connect(fields_.Command2, &QPushButton::clicked, this, [this] { launch_.showArmour(armourText()); });
   connect(fields_.CboArmour, &QComboBox::editTextChanged, this,
           [this](const QString& name) { launcher_.selectArmour(name); });
   const auto editsWeaponOf = [this](QPushButton* button, QComboBox* list) {
-    connect(button, &QPushButton::clicked, this, [this, list] { commands_.showWeapon(list->currentText()); });
+    connect(button, &QPushButton::clicked, this, [this, list] { launch_.showWeapon(list->currentText()); });
   };
   editsWeaponOf(fields_.PWeaponEdit, fields_.PWeapon);
   editsWeaponOf(fields_.SWeaponEdit, fields_.SWeapon);

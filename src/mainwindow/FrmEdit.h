@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <QTreeView>
 
+#include "app/Commands.h"
 #include "app/Services.h"
 #include "app/UnitChoices.h"
 #include "controls/ClickView.h"
@@ -31,6 +32,7 @@ class FrmEdit : public QMainWindow, public UnitChoices {
 
   SParse& parser() { return SParse1_; }
   ObjectTreeModel& objects() { return objects_; }
+  const Commands& commands() const { return commands_; }
 
   // The last steps of start-up: the information list's columns and the weapon lists.
   void prepareInformationList();
@@ -71,7 +73,8 @@ class FrmEdit : public QMainWindow, public UnitChoices {
   QToolBar* Toolbar1_;
   StatusPanels panels_;
   ObjectDisplay* display_ = nullptr;
-  LaunchCommands commands_;
+  LaunchCommands launch_;
+  Commands commands_{*this};
   QTimer Timer1_{this};
   bool ConfirmExit_ = true;
 };

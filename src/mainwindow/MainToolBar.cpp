@@ -5,10 +5,10 @@
 #include <QToolBar>
 #include <QToolButton>
 
-#include <algorithm>
 #include <array>
 #include <span>
 
+#include "app/Commands.h"
 #include "controls/Icons.h"
 #include "mainwindow/FileEntries.h"
 #include "mainwindow/LaunchCommands.h"
@@ -17,76 +17,73 @@ namespace korvane {
 
 namespace {
 
-using Launch = void (LaunchCommands::*)();
-using Captions = std::span<const char* const>;
+using Entries = std::span<const char* const>;
 
 constexpr std::array kNewEntries = {"Unit", "Building"};
-
-struct EditorEntry {
-  const char* caption;  // empty: a separator
-  Launch launch = nullptr;
-};
-
-constexpr std::array kEditors = {
-    EditorEntry{"Weapons Editor", &LaunchCommands::showWeaponEditor},
-    EditorEntry{"Armour Editor", &LaunchCommands::showArmourEditor},
-    EditorEntry{""},
-    EditorEntry{"Command Button Editor", &LaunchCommands::showCommandButtonEditor},
-    EditorEntry{"Command Set Editor", &LaunchCommands::showCommandSetEditor},
-};
-
-constexpr auto kEditorEntries = [] {
-  std::array<const char*, kEditors.size()> captions{};
-  std::ranges::transform(kEditors, captions.begin(), &EditorEntry::caption);
-  return captions;
-}();
+constexpr std::array kEditors = {"MnuWe", "MnuArmour", "", "MnuCmdBtnEditor", "MnuCmdSetEditor"};
 
 struct Button {
   const char* key;
   const char* tooltip;
   const char* icon;
-  Launch launch = nullptr;
-  Captions entries{};
+  const char* command = "";  // empty: a click does nothing, or tells about the arrow
+  Entries entries{};  // of the drop-down: a command, shown by its caption, or a text; empty: a separator
+  bool tellsAboutArrow = false;
   const char* description = "";
 };
 
-const std::array kButtons = {
-    Button{
-        "MISC01", "Run Command And Conquer Generals", "run", &LaunchCommands::runGame, {}, "Runs the game"},
-    Button{"New", "New", "new", nullptr, kNewEntries},
+constexpr std::array kButtons = {
+    Button{"MISC01", "Run Command And Conquer Generals", "run", "MnuRun", {}, false, "Runs the game"},
+    Button{"New", "New", "new", "", kNewEntries},
     Button{"Save", "Save", "save"},
-    Button{"Properties", "Properties", "properties", &LaunchCommands::showOptions},
-    Button{"Help", "Help", "help", &LaunchCommands::showHelp},
-    Button{"DISK12", "Files", "files", &LaunchCommands::tellAboutArrow, kFileEntries},
-    Button{"WRENCH", "Editors", "editors", &LaunchCommands::tellAboutArrow, kEditorEntries},
+    Button{"Properties", "Properties", "properties", "MnuOpt"},
+    Button{"Help", "Help", "help", "MnuHelp_Help"},
+    Button{"DISK12", "Files", "files", "", kFileEntries, true},
+    Button{"WRENCH", "Editors", "editors", "", kEditors, true},
+    Button{"W95MBX01", "Exit", "exit", "MnuExit"},
 };
-constexpr Button kExitButton{"W95MBX01", "Exit", "exit"};
 
-// A drop-down entry is known by its text alone, in any letter case.
-void Dispatch(LaunchCommands& commands, const QString& text) {
-  const QString lower = text.toLower();
-  for (const EditorEntry& editor : kEditors) {
-    if (editor.launch != nullptr && lower == QString(editor.caption).toLower())
-      return (commands.*editor.launch)();
-  }
-  commands.openDataFile(lower);
+QString TextOf(const Commands& commands, const char* entry) {
+  const QAction* action = commands.find(entry);
+  return action == nullptr ? QString(entry) : action->text().remove('&');
 }
 
-QMenu* DropDown(QToolButton& button, Captions entries, LaunchCommands& commands) {
+// A drop-down entry is known by its text alone, in any letter case.
+void Dispatch(const Commands& commands, LaunchCommands& launch, const QString& text) {
+  const QString lower = text.toLower();
+  for (const char* name : kEditors) {
+    QAction* action = commands.find(name);
+    if (action != nullptr && TextOf(commands, name).toLower() == lower) return action->trigger();
+  }
+  launch.openDataFile(lower);
+}
+
+QMenu* DropDown(QToolButton& button, Entries entries, const Commands& commands, LaunchCommands& launch) {
   auto* menu = new QMenu(&button);
-  for (const QString entry : entries) {
+  for (const char* name : entries) {
+    const QString entry = TextOf(commands, name);
     if (entry.isEmpty()) {
       menu->addSeparator();
     } else {
       QAction* action = menu->addAction(entry);
       action->setObjectName(entry);
-      QObject::connect(action, &QAction::triggered, menu, [&commands, entry] { Dispatch(commands, entry); });
+      QObject::connect(action, &QAction::triggered, menu,
+                       [&commands, &launch, entry] { Dispatch(commands, launch, entry); });
     }
   }
   return menu;
 }
 
-QToolButton* AddButton(QToolBar& bar, const Button& button, LaunchCommands& commands) {
+void ConnectClick(QToolButton& shown, const Button& button, const Commands& commands,
+                  LaunchCommands& launch) {
+  if (*button.command != '\0') {
+    QObject::connect(&shown, &QToolButton::clicked, &commands.action(button.command), &QAction::trigger);
+  } else if (button.tellsAboutArrow) {
+    QObject::connect(&shown, &QToolButton::clicked, &shown, [&launch] { launch.tellAboutArrow(); });
+  }
+}
+
+QToolButton* MakeButton(const Button& button) {
   auto* shown = new QToolButton;
   shown->setObjectName(button.key);
   shown->setIcon(ThemeIcon(button.icon));
@@ -95,22 +92,21 @@ QToolButton* AddButton(QToolBar& bar, const Button& button, LaunchCommands& comm
   shown->setAccessibleDescription(button.description);
   shown->setAutoRaise(true);
   shown->setFocusPolicy(Qt::TabFocus);
-  if (!button.entries.empty()) {
-    shown->setMenu(DropDown(*shown, button.entries, commands));
-    shown->setPopupMode(QToolButton::MenuButtonPopup);
-  }
-  if (const Launch launch = button.launch; launch != nullptr) {
-    QObject::connect(shown, &QToolButton::clicked, &bar, [&commands, launch] { (commands.*launch)(); });
-  }
-  bar.addWidget(shown);
   return shown;
 }
 
 }  // namespace
 
-void BuildMainToolBar(QToolBar& bar, LaunchCommands& commands, const std::function<void()>& exit) {
-  for (const Button& button : kButtons) AddButton(bar, button, commands);
-  QObject::connect(AddButton(bar, kExitButton, commands), &QToolButton::clicked, &bar, exit);
+void BuildMainToolBar(QToolBar& bar, const Commands& commands, LaunchCommands& launch) {
+  for (const Button& button : kButtons) {
+    QToolButton* shown = MakeButton(button);
+    if (!button.entries.empty()) {
+      shown->setMenu(DropDown(*shown, button.entries, commands, launch));
+      shown->setPopupMode(QToolButton::MenuButtonPopup);
+    }
+    ConnectClick(*shown, button, commands, launch);
+    bar.addWidget(shown);
+  }
 }
 
 }  // namespace korvane

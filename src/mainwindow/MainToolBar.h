@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <functional>
-
 class QToolBar;
 
 namespace korvane {
 
+class Commands;
 class LaunchCommands;
 
-// Fills the toolbar. The buttons carry their keys as objectName. `exit` is the Exit command.
-void BuildMainToolBar(QToolBar& bar, LaunchCommands& commands, const std::function<void()>& exit);
+// Fills the toolbar. The buttons carry their keys as objectName.
+void BuildMainToolBar(QToolBar& bar, const Commands& commands, LaunchCommands& launch);
 
 }  // namespace korvane

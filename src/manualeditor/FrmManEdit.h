@@ -97,7 +97,7 @@ class FrmManEdit : public QMainWindow {
   int lineTotal_ = 0;
 
   WindowCalls calls_{*this, [this] { Q_EMIT closedForGood(); }};
-  TextPlace place_;               // to go to, of what was opened last
+  ManualEditPlace place_;         // to go to, of what was opened last
   bool ManEditInitDone_ = false;  // cleared by every opening
   bool settingUp_ = false;
   bool reopened_ = false;  // another text arrived while the set-up was running

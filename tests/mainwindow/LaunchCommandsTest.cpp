@@ -50,6 +50,20 @@ TEST_F(LaunchCommandsTest, MenuEntriesStartWhatTheyName) {
   }
 }
 
+TEST_F(LaunchCommandsTest, ShortcutsHoldInAllOfTheWindow) {
+  open();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  QTest::keyClick(&get<QTreeView>("TVMenu"), Qt::Key_F9);
+  EXPECT_EQ(launcher.takeCalls(), QStringList{"options"});
+  QTest::keyClick(&get<QTreeView>("TVMenu"), Qt::Key_F1);
+  QTest::keyClick(&get<QTreeView>("TVMenu"), Qt::Key_F2);
+  EXPECT_EQ(shell.runs.size(), 2U);
+  QTest::keyClick(&get<QTreeView>("TVMenu"), Qt::Key_F1, Qt::ShiftModifier);
+  EXPECT_EQ(help.topics.size(), 1U);
+  get<QToolButton>("W95MBX01").click();
+  EXPECT_EQ(process.ends, 1);
+}
+
 TEST_F(LaunchCommandsTest, FilesOpenFromTheirFolderOrAreSaidToBeMissing) {
   open();
   trigger("MnuFileEdit0");

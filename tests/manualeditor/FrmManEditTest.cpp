@@ -159,7 +159,7 @@ TEST_F(ManEditTest, ALineThatWouldBlockTheWindowIsRefusedAndNothingChanges) {
 TEST_F(ManEditTest, AnOpeningAtAPlaceGoesThereAfterTheSetUp) {
   game_.write("Data/INI/Weapon.ini", "Weapon Gun\r\n ; \xE4\xFC =\tmuch\r\nEnd");
   const struct {
-    TextPlace place;
+    ManualEditPlace place;
     const char *line, *selected;
   } kCases[] = {
       {{}, "Line 1 of 3", ""},
