@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFont>
+#include <QPalette>
 
 #include <algorithm>
 #include <utility>
@@ -49,13 +50,15 @@ struct FolderModel::Folder {
   QString name;
   State state = State::unread;
   bool holdsGame = false;
+  bool hidden = false;
   std::vector<std::unique_ptr<Folder>> children;
 
-  void add(const QString& childName) {
+  void add(const QString& childName, bool isHidden = false) {
     auto child = std::make_unique<Folder>();
     child->parent = this;
     child->row = static_cast<int>(children.size());
     child->name = childName;
+    child->hidden = isHidden;
     children.push_back(std::move(child));
   }
 };
@@ -64,6 +67,7 @@ struct FolderModel::Scan {
   QPersistentModelIndex folder;
   std::unique_ptr<QDirIterator> entries;
   QStringList names{};
+  QStringList hiddenNames{};
   bool holdsGame = false;
 };
 
@@ -121,8 +125,8 @@ void FolderModel::readStep() {
 bool FolderModel::advance(Scan& scan) const {
   if (!scan.folder.isValid()) return false;
   if (!scan.entries) {
-    scan.entries = std::make_unique<QDirIterator>(nativePath(at(scan.folder)),
-                                                  QDir::Dirs | QDir::Files | QDir::NoDotAndDotDot);
+    scan.entries = std::make_unique<QDirIterator>(
+        nativePath(at(scan.folder)), QDir::Dirs | QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot);
     return true;
   }
   if (!scan.entries->hasNext()) return false;
@@ -131,7 +135,7 @@ bool FolderModel::advance(Scan& scan) const {
   if (!scan.entries->fileInfo().isDir()) {
     scan.holdsGame = scan.holdsGame || IsGameProgram(name);
   } else if (!name.contains('\\')) {  // such a folder has no path in the program's text
-    scan.names += name;
+    (scan.entries->fileInfo().isHidden() ? scan.hiddenNames : scan.names) += name;
   }
   return true;
 }
@@ -140,15 +144,29 @@ void FolderModel::finish(Scan scan) {
   Folder& folder = at(scan.folder);
   folder.state = Folder::State::read;
   folder.holdsGame = scan.holdsGame;
-  if (!scan.names.isEmpty()) insert(scan.folder, std::move(scan.names));
+  insert(scan.folder, std::move(scan.names), false);
+  insert(scan.folder, std::move(scan.hiddenNames), true);
   Q_EMIT dataChanged(scan.folder, scan.folder);
 }
 
-void FolderModel::insert(const QModelIndex& index, QStringList names) {
+void FolderModel::insert(const QModelIndex& index, QStringList names, bool hidden) {
+  if (names.isEmpty()) return;
   names.sort(Qt::CaseInsensitive);
-  beginInsertRows(index, 0, static_cast<int>(names.size()) - 1);
-  for (const QString& name : std::as_const(names)) at(index).add(name);
+  const int first = rowCount(index);
+  beginInsertRows(index, first, first + static_cast<int>(names.size()) - 1);
+  for (const QString& name : std::as_const(names)) at(index).add(name, hidden);
   endInsertRows();
+}
+
+bool FolderModel::isRead(const QModelIndex& index) const {
+  return at(index).state == Folder::State::read;
+}
+
+QModelIndex FolderModel::child(const QModelIndex& parent, const QString& name) const {
+  const auto& children = at(parent).children;
+  const auto found = std::find_if(children.begin(), children.end(),
+                                  [&](const auto& folder) { return folder->name == name; });
+  return found == children.end() ? QModelIndex() : index((*found)->row, 0, parent);
 }
 
 FolderModel::Folder& FolderModel::at(const QModelIndex& index) const {
@@ -186,8 +204,12 @@ QVariant FolderModel::data(const QModelIndex& index, int role) const {
       return path(folder);
     case Qt::DecorationRole:
       return icon(folder);
+    case NativePathRole:
+      return nativePath(folder);
     case Qt::AccessibleDescriptionRole:
-      return folder.holdsGame ? QString("The game is in this folder") : QString();
+      return description(folder);
+    case Qt::ForegroundRole:
+      return folder.hidden ? QApplication::palette().brush(QPalette::PlaceholderText) : QVariant();
     case Qt::FontRole:
       return folder.holdsGame ? Bold() : QVariant();
     case GameRole:
@@ -195,6 +217,11 @@ QVariant FolderModel::data(const QModelIndex& index, int role) const {
     default:
       return {};
   }
+}
+
+QString FolderModel::description(const Folder& folder) {
+  if (folder.holdsGame) return "The game is in this folder";
+  return folder.hidden ? QString("Hidden") : QString();
 }
 
 QIcon FolderModel::icon(const Folder& folder) const {

@@ -13,16 +13,17 @@
 
 namespace korvane {
 
-// Folders of the real file system without the hidden ones. A folder is read when it is looked at, a few
-// milliseconds at a time, so that one with very many entries never holds up the windows. One that cannot be
-// read has no folders in it.
+// Folders of the real file system, the hidden ones dimmed and after the others. A folder is read when it is
+// looked at, a few milliseconds at a time, so that one with very many entries never holds up the windows. One
+// that cannot be read has no folders in it.
 class FolderModel : public QAbstractItemModel {
   Q_OBJECT
 
  public:
   enum Role {
     PathRole = Qt::UserRole,  // the program's path text of the folder
-    GameRole                  // true when the game's program lies in the folder, as far as it has been read
+    GameRole,                 // true when the game's program lies in the folder, as far as it has been read
+    NativePathRole            // the folder's path on this machine, with slashes
   };
 
   // `slice`: how long it reads before it lets events run; at least one entry per turn.
@@ -32,6 +33,9 @@ class FolderModel : public QAbstractItemModel {
 
   // Begins to read the folder, unless it has been read already.
   void look(const QModelIndex& index);
+  bool isRead(const QModelIndex& index) const;
+  // The folder of that name in one that has been read; invalid where there is none.
+  QModelIndex child(const QModelIndex& parent, const QString& name) const;
   // Drops what was read, so that the next look shows the folder as it is then.
   void forget(const QModelIndex& index);
 
@@ -53,12 +57,13 @@ class FolderModel : public QAbstractItemModel {
   Folder& at(const QModelIndex& index) const;
   QString nativePath(const Folder& folder) const;
   QString path(const Folder& folder) const;
+  static QString description(const Folder& folder);
   QIcon icon(const Folder& folder) const;
   void readOn();
   void readStep();
   bool advance(Scan& scan) const;
   void finish(Scan scan);
-  void insert(const QModelIndex& index, QStringList names);
+  void insert(const QModelIndex& index, QStringList names, bool hidden);
 
   QList<FolderPlace> places_;
   std::chrono::milliseconds slice_;

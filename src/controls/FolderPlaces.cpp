@@ -3,6 +3,7 @@
 
 #include <QDir>
 
+#include "controls/GameLibraries.h"
 #include "controls/Icons.h"
 #include "files/NativePath.h"
 #include "platform/NativeText.h"
@@ -40,7 +41,7 @@ QList<FolderPlace> StandardPlaces() {
     places += {QString::fromStdString(driveC), QString::fromStdString(driveC), NativeText(driveC),
                ThemeIcon("drive")};
   }
-  return places;
+  return places + GameLibraries(places);
 }
 
 #endif

@@ -15,8 +15,8 @@ struct FolderPlace {
   QIcon icon;
 };
 
-// The drives; on a machine without drives "/", the home folder and, where it exists, the Wine prefix's
-// drive C.
+// The drives; on a machine without drives "/", the home folder, the Wine prefix's drive C and the folders in
+// which programs that run Windows games keep them, as far as they exist.
 QList<FolderPlace> StandardPlaces();
 
 }  // namespace korvane

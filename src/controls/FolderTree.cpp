@@ -2,9 +2,12 @@
 #include "controls/FolderTree.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 
 #include <algorithm>
+#include <utility>
 
+#include "controls/PathField.h"
 #include "controls/SteadySelection.h"
 
 namespace korvane {
@@ -22,7 +25,7 @@ bool IsBelow(QModelIndex index, const QModelIndex& ancestor) {
 }  // namespace
 
 FolderTree::FolderTree(const QList<FolderPlace>& places, QWidget* parent)
-    : QTreeView(parent), model_(new FolderModel(places, this)) {
+    : QTreeView(parent), model_(new FolderModel(places, this)), pathField_(new PathField(this)) {
   setAccessibleName("Folders");
   setHeaderHidden(true);
   setUniformRowHeights(true);
@@ -39,6 +42,9 @@ FolderTree::FolderTree(const QList<FolderPlace>& places, QWidget* parent)
   layoutTimer_.setInterval(kLayoutDelayMs);
   connect(model_, &FolderModel::settled, &layoutTimer_, qOverload<>(&QTimer::start));
   connect(&layoutTimer_, &QTimer::timeout, this, &FolderTree::scheduleDelayedItemsLayout);
+  connect(model_, &FolderModel::settled, this, &FolderTree::revealOn);
+  connect(pathField_, &PathField::folderEntered, this, &FolderTree::reveal);
+  connect(pathField_, &PathField::left, this, [this] { setFocus(); });
 }
 
 // Rows on the screen are read ahead, which shows where the game is. A drive is read only when the user opens
@@ -60,6 +66,80 @@ int FolderTree::sizeHintForColumn(int column) const {
 void FolderTree::resizeEvent(QResizeEvent* event) {
   header()->setMinimumSectionSize(viewport()->width());
   QTreeView::resizeEvent(event);
+  placePathField();
+}
+
+void FolderTree::keyPressEvent(QKeyEvent* event) {
+  toReveal_.clear();  // the user goes elsewhere
+  const QString path = pathBegunWith(*event);
+  if (path.isEmpty()) return QTreeView::keyPressEvent(event);
+  openPathField(path);
+}
+
+void FolderTree::mousePressEvent(QMouseEvent* event) {
+  toReveal_.clear();
+  QTreeView::mousePressEvent(event);
+}
+
+// What the path field begins with when this key opens it; empty when it does not.
+QString FolderTree::pathBegunWith(const QKeyEvent& event) {
+  if (event.key() == Qt::Key_L && event.modifiers() == Qt::ControlModifier) {
+    const QString selected = currentIndex().data(FolderModel::NativePathRole).toString();
+    return selected.endsWith('/') ? selected : selected + '/';
+  }
+  const QString before = std::exchange(typed_, typed_ + event.text());
+  if (event.text().isEmpty() || !event.text()[0].isLetter()) typed_.clear();
+  if (event.text() == "/" || event.text() == "~") return event.text();
+  return event.text() == ":" && before.size() == 1 ? before + ':' : QString();
+}
+
+void FolderTree::openPathField(const QString& text) {
+  placePathField();
+  pathField_->raise();
+  pathField_->open(text);
+}
+
+void FolderTree::placePathField() {
+  pathField_->setGeometry(viewport()->x(), viewport()->y(), viewport()->width(),
+                          pathField_->sizeHint().height());
+}
+
+// The place that is nearest above the path; invalid where there is none.
+QModelIndex FolderTree::placeOf(const QString& native) const {
+  QModelIndex nearest;
+  qsizetype longest = 0;
+  for (int row = 0; row < model_->rowCount(); ++row) {
+    const QModelIndex place = model_->index(row, 0);
+    QString folder = place.data(FolderModel::NativePathRole).toString();
+    if (!folder.endsWith('/')) folder += '/';
+    if (folder.size() <= longest || !(native + '/').startsWith(folder)) continue;
+    longest = folder.size();
+    nearest = place;
+  }
+  return nearest;
+}
+
+void FolderTree::reveal(const QString& native) {
+  const QModelIndex place = placeOf(native);
+  if (!place.isValid()) return;
+  const qsizetype known = place.data(FolderModel::NativePathRole).toString().size();
+  reached_ = place;
+  toReveal_ = native.mid(known).split('/', Qt::SkipEmptyParts);
+  setCurrentIndex(place);
+  revealOn();
+}
+
+// As far as folders have been read; the rest when the next one has.
+void FolderTree::revealOn() {
+  while (!toReveal_.isEmpty() && reached_.isValid()) {
+    expand(reached_);
+    if (!model_->isRead(reached_)) return model_->look(reached_);
+    const QModelIndex next = model_->child(reached_, toReveal_.takeFirst());
+    if (!next.isValid()) return toReveal_.clear();
+    reached_ = next;
+    setCurrentIndex(next);
+    scrollTo(next, PositionAtCenter);
+  }
 }
 
 void FolderTree::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {

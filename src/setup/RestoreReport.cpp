@@ -58,6 +58,7 @@ RestoreReport::RestoreReport(QWidget* parent)
   LstRestored_->setRootIsDecorated(false);
   LstRestored_->setUniformRowHeights(true);
   LstRestored_->setMinimumHeight(kLines * fontMetrics().height());
+  LstRestored_->header()->setStretchLastSection(false);
   LstRestored_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins({});

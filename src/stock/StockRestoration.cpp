@@ -67,7 +67,7 @@ RestoredFile StockRestoration::restore(const std::string& recordPath) {
 std::string StockRestoration::write(const RestoredFile& file, const std::string& recordPath,
                                     const std::string& target) {
   const bool fromArchive = file.source == RestoredFile::Source::archive;
-  if (fromArchive && file.archives.empty()) return "no archive of the game has it";
+  if (fromArchive && file.archives.empty()) return "it is in no archive";
   try {
     return WriteTextFile(target, [&](const TakePiece& take) {
       fromArchive ? archives().read(recordPath, take) : database_.GetData(kTextField, take);

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <QCompleter>
+#include <QDir>
 #include <QSignalSpy>
 #include <QTest>
 
 #include <filesystem>
 
 #include "controls/FolderTree.h"
+#include "controls/PathField.h"
 #include "support/GameFolder.h"
 
 namespace korvane {
@@ -53,17 +56,67 @@ class FolderTreeTest : public testing::Test {
     return child(top(), name).data(Qt::FontRole).value<QFont>().bold();
   }
 
+  PathField& field() { return *tree.findChild<PathField*>(); }
+
   GameFolder disk;
   FolderTree tree{{{"disk", disk.qpath(), QString::fromStdString(disk.native("").string()), {}}}};
 };
 
-TEST_F(FolderTreeTest, ShowsFoldersOnlyAndLeavesHiddenOnesOut) {
+TEST_F(FolderTreeTest, ShowsFoldersOnlyAndHiddenOnesLastAndDimmed) {
   makeFolder("Maps");
-  makeFolder(".cache");
+  makeFolder(".steam");
+  makeFolder(".Cache");
   makeFolder("art");
+  disk.write(".hidden.txt", "");
   disk.write("readme.txt", "");
   open(top());
-  EXPECT_EQ(names(top()), (QStringList{"art", "Data", "Maps"}));
+  EXPECT_EQ(names(top()), (QStringList{"art", "Data", "Maps", ".Cache", ".steam"}));
+  EXPECT_FALSE(child(top(), "Maps").data(Qt::ForegroundRole).isValid());
+  EXPECT_TRUE(child(top(), ".steam").data(Qt::ForegroundRole).isValid());
+}
+
+// What a user types into the tree, and the text of the field that it opens; none where it opens none.
+TEST_F(FolderTreeTest, KeysThatBeginAPathOpenTheField) {
+  struct Case {
+    const char* keys;
+    const char* field;
+  };
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&tree));
+  for (const Case& c : {Case{"/", "/"}, {"~", "~"}, {"c:", "c:"}, {"ab:", ""}, {":", ""}, {"x", ""}}) {
+    tree.setFocus();
+    QTest::keyClick(&tree, Qt::Key_Home);  // ends what was typed before
+    QTest::keyClicks(&tree, c.keys);
+    EXPECT_EQ(field().isVisible(), *c.field != '\0') << c.keys;
+    if (!field().isVisible()) continue;
+    EXPECT_EQ(field().text(), c.field);
+    QTest::keyClick(&field(), Qt::Key_Escape);
+    EXPECT_FALSE(field().isVisible());
+    EXPECT_TRUE(tree.hasFocus());
+  }
+}
+
+TEST_F(FolderTreeTest, APathIsTypedWithCompletionAndRevealedAlsoInHiddenFolders) {
+  makeFolder(".wine/drive_c/Games/Generals");
+  makeFolder(".wine/drive_c/Grapes");
+  open(top());
+  tree.setCurrentIndex(top());
+  QTest::keyClick(&tree, Qt::Key_L, Qt::ControlModifier);
+  EXPECT_EQ(field().text().toStdString(), disk.native("").string());
+  QTest::keyClicks(&field(), ".wine/drive_c/g");
+  EXPECT_EQ(field().completer()->completionCount(), 2);
+  QTest::keyClicks(&field(), "o");
+  QTest::keyClick(&field(), Qt::Key_Return);
+  EXPECT_TRUE(field().isVisible()) << "there is no such folder";
+  QTest::keyClick(&field(), Qt::Key_Backspace);
+  QTest::keyClick(&field(), Qt::Key_Backspace);
+  QTest::keyClicks(&field(), "Games/Generals");
+  QSignalSpy selected(&tree, &FolderTree::folderSelected);
+  QTest::keyClick(&field(), Qt::Key_Return);
+  settle();
+  EXPECT_FALSE(field().isVisible());
+  EXPECT_TRUE(tree.hasFocus());
+  EXPECT_EQ(tree.currentIndex().data(), "Generals");
+  EXPECT_EQ(selected.last().first().toString(), disk.qpath() + "\\.wine\\drive_c\\Games\\Generals");
 }
 
 TEST_F(FolderTreeTest, TheKeyboardAloneReachesAFolderAndReportsItsFullPath) {
@@ -169,6 +222,31 @@ TEST(FolderPlaces, AWinePrefixMayHaveANameOfAnyBytes) {
   EXPECT_EQ(StandardPlaces().last().path, "C:\\");
   qunsetenv("WINEPREFIX");
   fs::remove_all(disk.native("\xff"));  // Qt cannot name it
+}
+
+TEST(FolderPlaces, LibrariesOfGamesArePlacesWhenTheyExist) {
+  const GameFolder home;
+  const GameFolder otherDisk;
+  qputenv("HOME", home.native("").c_str());
+  fs::create_directories(home.native(".local/share/Steam/steamapps/compatdata"));
+  fs::create_directories(home.native(".local/share/Steam/steamapps/common"));
+  fs::create_directories(home.native(".steam"));
+  fs::create_directory_symlink("../.local/share/Steam", home.native(".steam/steam"));
+  fs::create_directories(home.native(".var/app/com.usebottles.bottles/data/bottles/bottles"));
+  fs::create_directories(otherDisk.native("steamapps/common"));
+  home.write(
+      ".local/share/Steam/steamapps/libraryfolders.vdf",
+      "\"libraryfolders\"\n{\n \"1\"\n {\n  \"path\"  \"" + otherDisk.native("").string() + "\"\n }\n}\n");
+  QStringList found;
+  for (const FolderPlace& place : StandardPlaces()) found += place.native;
+  const auto below = [](const GameFolder& folder, const char* path) {
+    return QDir::cleanPath(QString::fromStdString(folder.native(path).string()));
+  };
+  EXPECT_EQ(found.mid(2), (QStringList{below(home, ".local/share/Steam/steamapps/common"),
+                                       below(home, ".local/share/Steam/steamapps/compatdata"),
+                                       below(otherDisk, "steamapps/common"),
+                                       below(home, ".var/app/com.usebottles.bottles/data/bottles/bottles"),
+                                       below(home, ".var/app")}));
 }
 
 #endif

@@ -286,7 +286,7 @@ TEST_F(WizardTest, TheGamesOwnArchivesAreRestoredFromAndNothingElse) {
   EXPECT_NE(told[1].find("damaged.big"), std::string::npos) << told[1];
   EXPECT_EQ(told,
             (Lines{"1 file was not written. 2 files were written.", told[1],
-                   "Data\\INI\\CommandSet.ini: not written: no archive of the game has it",
+                   "Data\\INI\\CommandSet.ini: not written: it is in no archive",
                    "Data\\INI\\Weapon.ini: from B.big; also in C.BIG", "Data\\INI\\Armor.ini: from B.big"}));
 }
 
