@@ -71,7 +71,7 @@ fs::path NativePath(std::string_view path) {
   std::string text(path);
   std::replace(text.begin(), text.end(), '\\', '/');
   if (HasDrive(text)) return MatchEachComponent(WineDrive(text[0]), FromUtf8(text.substr(2)));
-  const fs::path exact = FromUtf8(text);
+  fs::path exact = FromUtf8(text);
   std::error_code error;
   if (fs::exists(exact, error)) return exact;
   return MatchEachComponent(exact.is_absolute() ? fs::path("/") : fs::path("."), exact);
