@@ -19,11 +19,16 @@
 #include "app/Services.h"
 #include "controls/FontDialog.h"
 #include "controls/Icons.h"
+#include "controls/Named.h"
 #include "controls/Placement.h"
 #include "controls/StoredFont.h"
+#include "manualeditor/BlockOutline.h"
+#include "manualeditor/BlockPanel.h"
+#include "manualeditor/BlockPath.h"
 #include "manualeditor/FindBar.h"
 #include "manualeditor/FrmReplace.h"
 #include "manualeditor/IniTextEdit.h"
+#include "manualeditor/MoveCommands.h"
 #include "manualeditor/OpenText.h"
 #include "manualeditor/TextCommands.h"
 #include "platform/EventYield.h"
@@ -99,6 +104,7 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
       fonts_(fonts),
       TB1_(addToolBar("Toolbar")),
       TxtManEdit_(new IniTextEdit(this)),
+      outline_(new BlockOutline(*TxtManEdit_)),
       find_(new FindBar(*TxtManEdit_, *TB1_)),
       openText_(new OpenText(*TxtManEdit_, services, files, versions)),
       replace_(new FrmReplace(*TxtManEdit_, this)),
@@ -110,7 +116,7 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
   setCentralWidget(TxtManEdit_);
   openText_->setParent(this);
   buildMenus();
-  (new TextCommands(*TxtManEdit_))->addMenus(*menuBar());
+  buildTextMenus();
   buildStatusBar();
   buildToolBar();
   resize(kDesignSize);
@@ -136,6 +142,23 @@ void FrmManEdit::buildMenus() {
   }
 }
 
+void FrmManEdit::buildTextMenus() {
+  (new TextCommands(*TxtManEdit_))->addMenus(*menuBar());
+  auto* view = findChild<QMenu*>("menuView");
+  view->addSeparator();
+  (new MoveCommands(*TxtManEdit_, *outline_))->addTo(*findChild<QMenu*>("menuSearch"), *view);
+  auto* panel = new BlockPanel(*TxtManEdit_, *outline_, this);
+  addDockWidget(Qt::LeftDockWidgetArea, panel);
+  panel->setVisible(services_.settings.GetSet("ManEditBlocks", "False") == "True");
+  QAction* toggle = panel->toggleViewAction();
+  toggle->setObjectName("showBlocks");
+  toggle->setText("B&locks");
+  toggle->setShortcut(Qt::Key_F7);
+  view->insertAction(view->actions().value(0), toggle);
+  connect(toggle, &QAction::triggered, this,
+          [this](bool shown) { services_.settings.SaveSet("ManEditBlocks", shown ? "True" : "False"); });
+}
+
 void FrmManEdit::buildToolBar() {
   TB1_->setObjectName("TB1");
   TB1_->setMovable(false);
@@ -149,6 +172,7 @@ void FrmManEdit::buildToolBar() {
     TB1_->insertAction(beforeFind, action);
     connect(action, &QAction::triggered, this, run);
   }
+  TB1_->addWidget(Named("blockPath", new BlockPath(*TxtManEdit_, *outline_)));
   TB1_->setFixedHeight(std::max(kBarsHeight - statusBar()->height(), TB1_->sizeHint().height()));
 }
 
@@ -245,6 +269,7 @@ bool FrmManEdit::showStep(const QString& caption) {
 
 void FrmManEdit::finishSetUp() {
   TxtManEdit_->moveToStart();
+  outline_->refresh();
   showLine();
   setEnabled(true);
   setWindowTitle(kCaption);

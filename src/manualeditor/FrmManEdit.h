@@ -15,6 +15,7 @@ class QToolBar;
 namespace korvane {
 
 class FileWriter;
+class BlockOutline;
 class FindBar;
 class FontChooser;
 class FrmReplace;
@@ -56,6 +57,7 @@ class FrmManEdit : public QMainWindow {
   static const ToolButton kToolButtons[];
 
   void buildMenus();
+  void buildTextMenus();
   void buildToolBar();
   void buildStatusBar();
 
@@ -89,6 +91,7 @@ class FrmManEdit : public QMainWindow {
 
   QToolBar* TB1_;
   IniTextEdit* TxtManEdit_;
+  BlockOutline* outline_;
   FindBar* find_;
   OpenText* openText_;
   FrmReplace* replace_;

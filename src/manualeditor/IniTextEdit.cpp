@@ -5,6 +5,7 @@
 #include <QFontDatabase>
 #include <QScrollBar>
 #include <QVBoxLayout>
+#include <Qsci/qscicommandset.h>
 #include <Qsci/qsciscintilla.h>
 
 #include <algorithm>
@@ -22,6 +23,7 @@ using Sci = QsciScintillaBase;
 
 constexpr int kSizeFactor = Sci::SC_FONT_SIZE_MULTIPLIER;
 constexpr int kNumberMargin = 0;
+constexpr int kFoldMargin = 3;
 constexpr int kTextMargin = 4;  // pixels between the line numbers and the text
 constexpr int kLinesAround = 4;
 constexpr int kStrikeIndicator = 20;
@@ -46,6 +48,7 @@ struct MarkStyle {
 };
 constexpr std::array kMarkStyles = {
     MarkStyle{TextMark::hit, 21, Sci::INDIC_ROUNDBOX, 0xFFE08A00, 0xFFFFB84D, 70, true},
+    MarkStyle{TextMark::match, 23, Sci::INDIC_FULLBOX, 0xFF7D4A94, 0xFFC9A0DC, 45, false},
     MarkStyle{TextMark::scope, 22, Sci::INDIC_FULLBOX, 0xFF2B6CB0, 0xFF8AB4F0, 20, false},
 };
 
@@ -109,6 +112,8 @@ void IniTextEdit::prepare() {
   send(Sci::SCI_SETSCROLLWIDTHTRACKING, 1);
   send(Sci::SCI_SETPASTECONVERTENDINGS, 1);
   send(Sci::SCI_INDICSETSTYLE, kStrikeIndicator, Sci::INDIC_STRIKE);
+  text_->setFolding(QsciScintilla::BoxedTreeFoldStyle, kFoldMargin);
+  send(Sci::SCI_SETAUTOMATICFOLD, Sci::SC_AUTOMATICFOLD_SHOW | Sci::SC_AUTOMATICFOLD_CHANGE);
   send(Sci::SCI_SETINDICATORCURRENT, kStrikeIndicator);
   for (const MarkStyle& style : kMarkStyles) {
     send(Sci::SCI_INDICSETSTYLE, style.indicator, style.style);
@@ -194,6 +199,9 @@ void IniTextEdit::selectAll() {
 
 // The selection comes into view with some lines around it; the user's own moves go up to the edge.
 void IniTextEdit::select(TextSpan span) {
+  for (const qsizetype end : {span.from, span.to}) {
+    send(Sci::SCI_ENSUREVISIBLE, send(Sci::SCI_LINEFROMPOSITION, end));  // it may be folded
+  }
   send(Sci::SCI_SETYCARETPOLICY, Sci::CARET_SLOP | Sci::CARET_STRICT | Sci::CARET_EVEN, kLinesAround);
   send(Sci::SCI_SETSEL, span.from, span.to);
   send(Sci::SCI_SETYCARETPOLICY, Sci::CARET_EVEN);
@@ -312,7 +320,9 @@ void IniTextEdit::applyColours() {
               QColor(dark ? colour.onDark : colour.onLight));
   }
   text_->setMarginsForegroundColor(Mixed(ink, paper, kNumberShare));
-  text_->setMarginsBackgroundColor(Mixed(ink, paper, kMarginShare));
+  const QColor margin = Mixed(ink, paper, kMarginShare);
+  text_->setMarginsBackgroundColor(margin);
+  text_->setFoldMarginColors(margin, margin);
   send(Sci::SCI_STYLESETUNDERLINE, Sci::STYLE_LINENUMBER, 0);
   text_->setCaretForegroundColor(ink);
   text_->setCaretLineBackgroundColor(Mixed(highlight, paper, kCurrentLineShare));
@@ -366,6 +376,15 @@ qsizetype IniTextEdit::send(unsigned message, qsizetype first, qsizetype second)
 
 qsizetype IniTextEdit::sendText(unsigned message, qsizetype first, const char* second) const {
   return view_.sendText(message, first, second);
+}
+
+void IniTextEdit::freeKey(const QKeySequence& key) {
+  if (key.isEmpty()) return;
+  const int code = key[0].toCombined();
+  QsciCommand* command = text_->standardCommands()->boundTo(code);
+  if (command == nullptr) return;
+  if (command->key() == code) command->setKey(0);
+  if (command->alternateKey() == code) command->setAlternateKey(0);
 }
 
 void IniTextEdit::changeEvent(QEvent* event) {

@@ -20,6 +20,7 @@ class ScrollMarks;
 
 enum class TextMark {
   hit,    // of a search
+  match,  // the header and the End of the block at the cursor
   scope,  // what a search is confined to
 };
 
@@ -76,6 +77,9 @@ class IniTextEdit : public QWidget {
   void replaceSpan(TextSpan span, std::string_view utf8);
   // Another text in the place of all of it, as one step to undo, the view as little moved as can be.
   void replaceAllText(const QByteArray& utf8);
+
+  // The control takes the keys of its own commands before any menu gets them.
+  void freeKey(const QKeySequence& key);
 
   ScintillaView view() const { return view_; }
   LineMarks& lineMarks() const { return *lineMarks_; }

@@ -4,7 +4,6 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
-#include <Qsci/qscicommandset.h>
 #include <Qsci/qsciscintilla.h>
 
 #include "controls/Named.h"
@@ -66,19 +65,9 @@ void TextCommands::addMenus(QMenuBar& bar) {
       QAction* action = Named(entry.name, menu->addAction(entry.caption, this, entry.run));
       action->setCheckable(entry.checkable);
       action->setShortcut(QKeySequence(QString(entry.shortcut)));
-      freeKey(action->shortcut());
+      text_.freeKey(action->shortcut());
     }
   }
-}
-
-// The control takes the keys of its own commands before any menu gets them.
-void TextCommands::freeKey(const QKeySequence& key) {
-  if (key.isEmpty()) return;
-  const int code = key[0].toCombined();
-  QsciCommand* command = text_.view().control().standardCommands()->boundTo(code);
-  if (command == nullptr) return;
-  if (command->key() == code) command->setKey(0);
-  if (command->alternateKey() == code) command->setAlternateKey(0);
 }
 
 void TextCommands::send(unsigned message) {

@@ -47,7 +47,6 @@ class TextCommands : public QObject {
   void send(unsigned message);
   void editLines(const std::function<std::string(std::string_view)>& edit);
   void goToMark(int line);
-  void freeKey(const QKeySequence& key);
 
   IniTextEdit& text_;
 };

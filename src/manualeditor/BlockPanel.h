@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractItemModel>
+#include <QDockWidget>
+
+#include <cstdint>
+#include <vector>
+
+class QTreeView;
+
+namespace korvane {
+
+class BlockOutline;
+class IniTextEdit;
+
+// The blocks of the outline as a tree. An item's number is its block's.
+class BlockModel : public QAbstractItemModel {
+  Q_OBJECT
+
+ public:
+  explicit BlockModel(BlockOutline& outline);
+
+  QModelIndex indexOf(std::uint32_t block) const;
+  void refresh();
+
+  QModelIndex index(int row, int column, const QModelIndex& parent) const override;
+  QModelIndex parent(const QModelIndex& index) const override;
+  int rowCount(const QModelIndex& parent) const override;
+  int columnCount(const QModelIndex&) const override { return 1; }
+  QVariant data(const QModelIndex& index, int role) const override;
+
+ private:
+  const std::vector<std::uint32_t>& childrenOf(const QModelIndex& parent) const;
+
+  BlockOutline& outline_;
+  std::vector<std::uint32_t> top_;
+  std::vector<std::vector<std::uint32_t>> children_;  // of each block
+  std::vector<int> rows_;                             // of each block among its siblings
+};
+
+// The file's blocks beside the text, those of the current block opened. It follows the cursor; a click or
+// Enter goes to a block.
+class BlockPanel : public QDockWidget {
+  Q_OBJECT
+
+ public:
+  BlockPanel(IniTextEdit& text, BlockOutline& outline, QWidget* parent);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void refresh();
+  void followCursor();
+  void goTo(const QModelIndex& index);
+
+  IniTextEdit& text_;
+  BlockOutline& outline_;
+  BlockModel* model_;
+  QTreeView* tree_;
+};
+
+}  // namespace korvane
