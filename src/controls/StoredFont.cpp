@@ -43,6 +43,7 @@ QFont StoredFont(const SettingsStore& store, const FontSettings& settings, QFont
 }
 
 void SaveFont(SettingsStore& store, const FontSettings& settings, const QFont& font) {
+  const SettingsStore::Batch batch(store);
   store.SaveSet(settings.family, font.family());
   store.SaveSet(settings.size, QString::number(font.pointSizeF()));
   for (const Style& style : kStyles) {

@@ -7,7 +7,7 @@ namespace korvane {
 
 namespace {
 
-constexpr std::chrono::milliseconds kPause(5);
+constexpr std::chrono::microseconds kPause(500);
 
 }  // namespace
 

@@ -119,6 +119,13 @@ void FrmEdit::load() {
   display_->selectInfoTab();
   applyTreeFont();
   Timer1_.start(kFileButtonInterval);
+  connect(&services_.settings, &SettingsStore::troubleChanged, this, &FrmEdit::showSettingsTrouble);
+  showSettingsTrouble();
+}
+
+void FrmEdit::showSettingsTrouble() {
+  const SettingsStore& settings = services_.settings;
+  panels_.showTrouble(settings.trouble(), settings.placeName());
 }
 
 void FrmEdit::applyOptions() {

@@ -61,6 +61,7 @@ class FrmEdit : public QMainWindow, public UnitChoices {
   void load();
   void applyTreeFont();
   void nameFileButton();
+  void showSettingsTrouble();
   bool exitConfirmed();
   void exitCommand();
 

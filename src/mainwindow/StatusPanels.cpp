@@ -6,7 +6,7 @@
 
 namespace korvane {
 
-StatusPanels::StatusPanels(QStatusBar& bar) {
+StatusPanels::StatusPanels(QStatusBar& bar) : trouble_(new QLabel) {
   constexpr std::array kStretch = {5, 3, 3};
   for (std::size_t i = 0; i < panels_.size(); ++i) {
     panels_[i] = new QLabel;
@@ -16,6 +16,11 @@ StatusPanels::StatusPanels(QStatusBar& bar) {
     panels_[i]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     bar.addWidget(panels_[i], kStretch[i]);
   }
+  trouble_->setObjectName("LblTrouble");
+  trouble_->setTextFormat(Qt::PlainText);
+  trouble_->setMinimumWidth(1);
+  bar.addPermanentWidget(trouble_);
+  trouble_->hide();
 }
 
 void StatusPanels::show(Panel panel, const QString& text) {
@@ -29,6 +34,12 @@ void StatusPanels::showRemark(const QString& text) {
   show(path, text);
   if (text.isEmpty()) return;
   for (QLabel* panel : {panels_[file], panels_[count]}) panel->hide();
+}
+
+void StatusPanels::showTrouble(const QString& text, const QString& detail) {
+  trouble_->setText(text);
+  trouble_->setToolTip(detail);
+  trouble_->setVisible(!text.isEmpty());
 }
 
 }  // namespace korvane

@@ -10,7 +10,8 @@ class QStatusBar;
 
 namespace korvane {
 
-// The three panels of the status bar: the chosen node's path, its file, and how many nodes it holds.
+// The three panels of the status bar: the chosen node's path, its file, and how many nodes it holds. At its
+// right end, and only when there is one, a trouble that the user should know of.
 class StatusPanels {
  public:
   enum Panel { path, file, count };
@@ -20,9 +21,12 @@ class StatusPanels {
   void show(Panel panel, const QString& text);
   // Shows a remark in the first panel, hiding the others until they are next shown.
   void showRemark(const QString& text);
+  // Stays until it is replaced; an empty text takes it away. `detail`: for who points at it.
+  void showTrouble(const QString& text, const QString& detail);
 
  private:
   std::array<QLabel*, 3> panels_{};  // the bar owns them
+  QLabel* trouble_;
 };
 
 }  // namespace korvane

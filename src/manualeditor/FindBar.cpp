@@ -139,6 +139,7 @@ void FindBar::save(SettingsStore& settings) const {
   if (!loaded_) return;
   QStringList items;
   for (int i = 0; i < CboFind_->count(); ++i) items += CboFind_->itemText(i);
+  const SettingsStore::Batch batch(settings);
   settings.deleteSection(kSearchList);
   settings.SaveList(kSearchList, items);
 }

@@ -173,9 +173,12 @@ void FrmOpt::chooseFont() {
 }
 
 void FrmOpt::ApplySet() {
-  store_.SaveSet("InfoTab", QString::number(tab_->currentIndex()));
-  store_.SaveSet("Exit", exit_->isChecked() ? "1" : "0");
-  SaveFont(store_, kTreeFont, font_);
+  {
+    const SettingsStore::Batch batch(store_);
+    store_.SaveSet("InfoTab", QString::number(tab_->currentIndex()));
+    store_.SaveSet("Exit", exit_->isChecked() ? "1" : "0");
+    SaveFont(store_, kTreeFont, font_);
+  }
   Q_EMIT optionsApplied();
 }
 

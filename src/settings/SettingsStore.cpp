@@ -1,9 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/SettingsStore.h"
 
-#include <QSettings>
-
 #include <algorithm>
+
+#include "settings/SettingsFile.h"
+
+#ifdef Q_OS_WIN
+#include <QSettings>
+#else
+#include <QStandardPaths>
+#endif
 
 namespace korvane {
 
@@ -20,47 +26,112 @@ const QString kDefaultGameFolder =
     QStringLiteral("C:\\Program Files\\EA Games\\Command and Conquer Generals");
 constexpr int kMostItems = 10000;  // a list longer than this is a damaged entry, not a history
 
-QString EntryName(const QString& section, const QString& key) {
-  return section + '/' + key;
-}
-
-std::unique_ptr<QSettings> UsersOwn(const QString& application) {
 #ifdef Q_OS_WIN
-  return std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope, kOrganisation,
-                                     application);
-#else
-  return std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, kOrganisation, application);
+
+// Each entry is stored by itself, and whole.
+class RegistryPlace : public SettingsPlace {
+ public:
+  explicit RegistryPlace(const QString& application)
+      : entries_(QSettings::NativeFormat, QSettings::UserScope, kOrganisation, application) {
+    entries_.setFallbacksEnabled(false);
+  }
+
+  std::optional<QString> find(const QString& section, const QString& key) const override {
+    const QVariant value = entries_.value(section + '/' + key);
+    return value.isValid() ? std::optional(value.toString()) : std::nullopt;
+  }
+
+  QString store(const SettingsEdits& edits) override {
+    for (const SettingsEdit& edit : edits) {
+      if (edit.key.isNull())
+        entries_.remove(edit.section);
+      else
+        entries_.setValue(edit.section + '/' + edit.key, edit.value);
+    }
+    entries_.sync();
+    return trouble();
+  }
+
+  QString trouble() const override {
+    return entries_.status() == QSettings::NoError ? QString() : QStringLiteral("the system refuses it");
+  }
+
+  QString name() const override { return entries_.fileName(); }
+
+ private:
+  QSettings entries_;
+};
+
+std::unique_ptr<SettingsPlace> UsersOwn(const QString& application) {
+  return std::make_unique<RegistryPlace>(application);
+}
+
 #endif
+
+std::unique_ptr<SettingsPlace> InFolder(const QString& folder, const QString& application) {
+  const QString path = folder + '/' + application + ".ini";
+  return std::make_unique<SettingsFile>(std::filesystem::path(path.toStdU16String()));
 }
 
-std::unique_ptr<QSettings> InFolder(const QString& folder, const QString& application) {
-  return std::make_unique<QSettings>(folder + '/' + application + ".ini", QSettings::IniFormat);
+#ifndef Q_OS_WIN
+
+std::unique_ptr<SettingsPlace> UsersOwn(const QString& application) {
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+  return InFolder(folder + '/' + kOrganisation, application);
 }
 
-// A text with commas that was written by hand, without quotes, arrives as a list.
-QString TextOf(const QVariant& value) {
-  return value.typeId() == QMetaType::QStringList ? value.toStringList().join(", ") : value.toString();
-}
-
-std::optional<QString> Find(const QSettings& settings, const QString& section, const QString& key) {
-  const QVariant value = settings.value(EntryName(section, key));
-  if (!value.isValid()) return std::nullopt;
-  return TextOf(value);
-}
+#endif
 
 }  // namespace
 
-SettingsStore::SettingsStore() : app_(UsersOwn(kAppName)), wizards_(UsersOwn(kWizards)) {
-  app_->setFallbacksEnabled(false);
-}
+SettingsStore::SettingsStore() : SettingsStore(UsersOwn(kAppName), UsersOwn(kWizards)) {}
 
 SettingsStore::SettingsStore(const QString& folder)
-    : app_(InFolder(folder, kAppName)), wizards_(InFolder(folder, kWizards)) {}
+    : SettingsStore(InFolder(folder, kAppName), InFolder(folder, kWizards)) {}
+
+SettingsStore::SettingsStore(std::unique_ptr<SettingsPlace> app, std::unique_ptr<SettingsPlace> wizards)
+    : app_(std::move(app)), wizards_(std::move(wizards)) {
+  setTrouble("read", app_->trouble());
+}
 
 SettingsStore::~SettingsStore() = default;
 
+SettingsStore::Batch::Batch(SettingsStore& store) : store_(store) {
+  ++store_.batches_;
+}
+
+SettingsStore::Batch::~Batch() {
+  --store_.batches_;
+  store_.storeEdits();
+}
+
+void SettingsStore::edit(const SettingsEdit& edit) {
+  edits_.push_back(edit);
+  storeEdits();
+}
+
+// What could not be stored is tried again with the next change.
+void SettingsStore::storeEdits() {
+  if (batches_ > 0 || edits_.empty()) return;
+  const QString reason = app_->store(edits_);
+  if (reason.isEmpty()) edits_.clear();
+  setTrouble("stored", reason);
+}
+
+void SettingsStore::setTrouble(const char* what, const QString& reason) {
+  const QString text =
+      reason.isEmpty() ? QString() : QStringLiteral("The settings could not be %1: %2").arg(what, reason);
+  if (text == trouble_) return;
+  trouble_ = text;
+  Q_EMIT troubleChanged(trouble_);
+}
+
+QString SettingsStore::placeName() const {
+  return app_->name();
+}
+
 std::optional<QString> SettingsStore::find(const QString& section, const QString& key) const {
-  return Find(*app_, section, key);
+  return app_->find(section, key);
 }
 
 QString SettingsStore::get(const QString& section, const QString& key, const QString& defaultText) const {
@@ -68,18 +139,16 @@ QString SettingsStore::get(const QString& section, const QString& key, const QSt
 }
 
 void SettingsStore::save(const QString& section, const QString& key, const QString& value) {
-  app_->setValue(EntryName(section, key), value);
-  app_->sync();
+  edit({section, key, value});
 }
 
 void SettingsStore::deleteSection(const QString& section) {
-  app_->remove(section);
-  app_->sync();
+  edit({section, {}, {}});
 }
 
 QString SettingsStore::getOfWizards(const QString& section, const QString& key,
                                     const QString& defaultText) const {
-  return Find(*wizards_, section, key).value_or(defaultText);
+  return wizards_->find(section, key).value_or(defaultText);
 }
 
 QString SettingsStore::GetSet(const QString& name, const QString& defaultText) const {
@@ -91,11 +160,9 @@ void SettingsStore::SaveSet(const QString& name, const QString& value) {
 }
 
 void SettingsStore::SaveList(const QString& section, const QStringList& items) {
-  for (qsizetype i = 0; i < items.size(); ++i) {
-    app_->setValue(EntryName(section, QString::number(i) + "Name"), items[i]);
-    app_->setValue(EntryName(section, kItemCount), QString::number(items.size()));
-  }
-  app_->sync();
+  const Batch batch(*this);
+  for (qsizetype i = 0; i < items.size(); ++i) save(section, QString::number(i) + "Name", items[i]);
+  if (!items.isEmpty()) save(section, kItemCount, QString::number(items.size()));
 }
 
 QStringList SettingsStore::LoadList(const QString& section) const {

@@ -1,26 +1,44 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QObject>
 #include <QString>
 #include <QStringList>
 
 #include <memory>
 #include <optional>
-
-class QSettings;
+#include <vector>
 
 namespace korvane {
 
+class SettingsPlace;
+struct SettingsEdit;
+
 // The per-user store of text values, addressed by section and key. On Windows it is the registry, elsewhere
 // an INI file below the user's configuration folder, organisation "Ferncastle Software". A save is on the
-// disk when it returns; two copies of the program can use one store.
-class SettingsStore {
+// disk when it returns; two copies of the program can use one store. What cannot be stored holds for this
+// run, and is tried again with every later change.
+class SettingsStore : public QObject {
+  Q_OBJECT
+
  public:
+  // While it lives the changes are collected; then they are stored all at once.
+  class Batch {
+   public:
+    explicit Batch(SettingsStore& store);
+    ~Batch();
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+
+   private:
+    SettingsStore& store_;
+  };
+
   // The user's own store.
   SettingsStore();
   // A store of INI files in a folder (native path), apart from the user's.
   explicit SettingsStore(const QString& folder);
-  ~SettingsStore();
+  ~SettingsStore() override;
 
   // The stored text, or nothing when the entry is absent.
   std::optional<QString> find(const QString& section, const QString& key) const;
@@ -46,9 +64,25 @@ class SettingsStore {
   void saveGameFolder(const QString& folder);
   void forgetGameFolder();
 
+  // Why the settings cannot be read, or were last not stored; empty when all is well.
+  QString trouble() const { return trouble_; }
+  // Where the settings are stored, to be shown: a native path, or a key of the registry.
+  QString placeName() const;
+
+ Q_SIGNALS:
+  void troubleChanged(const QString& trouble);
+
  private:
-  std::unique_ptr<QSettings> app_;
-  std::unique_ptr<QSettings> wizards_;
+  SettingsStore(std::unique_ptr<SettingsPlace> app, std::unique_ptr<SettingsPlace> wizards);
+  void edit(const SettingsEdit& edit);
+  void storeEdits();
+  void setTrouble(const char* what, const QString& reason);
+
+  std::unique_ptr<SettingsPlace> app_;
+  std::unique_ptr<SettingsPlace> wizards_;
+  std::vector<SettingsEdit> edits_;  // not stored yet
+  int batches_ = 0;
+  QString trouble_;
 };
 
 // Any number other than 0 and the word True are true, 0 and False are false, anything else is no flag.

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QFile>
 #include <QFontInfo>
+
+#include <fstream>
 
 #include "mainwindow/MainWindow.h"
 
@@ -37,6 +40,24 @@ TEST_F(UnloadTest, TheExitCommandNeverAsks) {
   EXPECT_TRUE(messages.shown.empty());
   EXPECT_EQ(process.ends, 1);
   EXPECT_TRUE(settings.find("EditWH", "FrmEdit_Left"));
+}
+
+TEST_F(UnloadTest, SettingsThatCannotBeStoredAreToldInTheStatusBar) {
+  open();
+  const auto& trouble = get<QLabel>("LblTrouble");
+  EXPECT_TRUE(trouble.isHidden());
+  const QString file = settings.placeName();
+  std::ofstream(file.toStdString()) << "not settings";
+  settings.SaveSet("Exit", "0");
+  EXPECT_TRUE(trouble.isVisible());
+  EXPECT_EQ(trouble.text(), "The settings could not be stored: it is damaged");
+  EXPECT_EQ(trouble.toolTip(), file);
+  for (const char* panel : {"Panel1", "Panel2", "Panel3"}) {
+    EXPECT_LT(get<QLabel>(panel).x(), trouble.x()) << panel;
+  }
+  EXPECT_TRUE(QFile::remove(file));
+  settings.SaveSet("Exit", "0");
+  EXPECT_TRUE(trouble.isHidden());
 }
 
 TEST_F(UnloadTest, NonsenseInTheSettingsOpensAUsableWindow) {
