@@ -16,6 +16,7 @@ namespace {
 const QString kSection = QStringLiteral("EditWH");
 constexpr int kTitleBar = 32;  // enough of a title bar to take hold of, in pixels
 constexpr int kReachableWidth = 96;
+constexpr int kWidestFrame = 200;  // a larger one is a damaged entry
 
 enum State { normal = 0, minimised = 1, maximised = 2 };
 
@@ -40,7 +41,11 @@ QSize FrameExtra(const QWidget& window) {
 QSize FrameToCome(const SettingsStore& store, const QWidget& window) {
   const QSize now = FrameExtra(window);
   if (!now.isNull()) return now;
-  return {Stored(store, window, "_FrameWidth", 0), Stored(store, window, "_FrameHeight", 0)};
+  const auto stored = [&](const char* key) {
+    const int value = Stored(store, window, key, 0);
+    return value >= 0 && value <= kWidestFrame ? value : 0;
+  };
+  return {stored("_FrameWidth"), stored("_FrameHeight")};
 }
 
 QPoint Reachable(QRect frame) {
@@ -59,6 +64,10 @@ QSize OnScreens(QSize frame) {
   return frame.boundedTo(QGuiApplication::primaryScreen()->availableVirtualSize());
 }
 
+QSize LeastSize(const QWidget& window) {
+  return window.minimumSizeHint().expandedTo(window.minimumSize()).expandedTo({kReachableWidth, kTitleBar});
+}
+
 void Apply(QWidget& window, int state) {
   Qt::WindowStates states = window.windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
   if (state == minimised) states |= Qt::WindowMinimized;
@@ -68,11 +77,15 @@ void Apply(QWidget& window, int state) {
 
 void RestoreGeometry(const SettingsStore& store, QWidget& window) {
   const QSize extra = FrameToCome(store, window);
-  const int height = Stored(store, window, "_Height", window.height() + extra.height());
-  const int width = Stored(store, window, "_Width", window.width() + extra.width());
+  const QSize now = window.size() + extra;
+  const QSize stored(Stored(store, window, "_Width", now.width()),
+                     Stored(store, window, "_Height", now.height()));
   const int left = Stored(store, window, "_Left", window.x());
   const int top = Stored(store, window, "_Top", window.y());
-  window.resize(OnScreens({width, height}) - extra);
+  // A size of nothing is a damaged entry; what is smaller than the window can be would be shown larger.
+  const QSize size(stored.width() > 0 ? stored.width() : now.width(),
+                   stored.height() > 0 ? stored.height() : now.height());
+  window.resize((OnScreens(size) - extra).expandedTo(LeastSize(window)));
   if (store.find(kSection, window.objectName() + "_Left") ||
       store.find(kSection, window.objectName() + "_Top")) {
     window.move(Reachable(QRect(QPoint(left, top), window.size())));
@@ -82,6 +95,7 @@ void RestoreGeometry(const SettingsStore& store, QWidget& window) {
 }  // namespace
 
 void SavePlacement(SettingsStore& store, const QWidget& window) {
+  const SettingsStore::Batch batch(store);
   const auto save = [&](const char* key, int value) {
     store.save(kSection, window.objectName() + key, QString::number(value));
   };
