@@ -3,6 +3,7 @@
 
 #include "stock/BinaryNumbers.h"
 #include "stock/DatabaseError.h"
+#include "stock/PairSeal.h"
 
 namespace korvane {
 
@@ -43,6 +44,11 @@ std::vector<DbfField> Fields(std::string_view header, std::uint64_t recordLength
   return fields;
 }
 
+// Behind the mark that ends the list of fields.
+std::string SealIn(std::string_view header, std::size_t fields) {
+  return PairSeal::Found(header.substr(kDbfHeader + fields * kDbfDescriptor + 1));
+}
+
 // The count in the header is not to be trusted over the mark that ends the records. Where the file ends
 // without it, before all counted records have come, the rest is lost.
 std::uint64_t RecordsThere(RandomFile& file, const DbfLayout& layout) {
@@ -70,10 +76,12 @@ DbfLayout ReadDbfLayout(RandomFile& file) {
                    Little16(header, 8),
                    Little16(header, 10),
                    static_cast<std::uint8_t>(ByteAt(header, kDbfLanguageDriver)),
+                   {},
                    {}};
   header = file.read(0, layout.headerLength);
   if (header.size() != layout.headerLength) TableDamaged("its header is cut off");
   layout.fields = Fields(header, layout.recordLength);
+  layout.seal = SealIn(header, layout.fields.size());
   layout.recordCount = RecordsThere(file, layout);
   return layout;
 }

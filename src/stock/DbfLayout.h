@@ -39,6 +39,7 @@ struct DbfLayout {
   std::uint64_t recordLength;
   std::uint8_t languageDriver;
   std::vector<DbfField> fields;
+  std::string seal;  // of the pair (see PairSeal.h); empty where there is none
 };
 
 // Reads the header and checks it against the file's size. A header count beyond what the file can hold is

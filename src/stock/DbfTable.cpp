@@ -66,7 +66,9 @@ void DbfTable::reopen() {
   const bool needsMemo =
       std::any_of(layout_.fields.begin(), layout_.fields.end(), [](const DbfField& f) { return f.isMemo(); });
   memo_.reset();
-  if (needsMemo) memo_.emplace(memoPath_, layout_.memoKind);
+  if (!needsMemo) return;
+  memo_.emplace(memoPath_, layout_.memoKind);
+  if (memo_->seal() != layout_.seal) TableDamaged("it and its memo file do not belong together");
 }
 
 void DbfTable::close() {

@@ -5,6 +5,7 @@
 
 #include "stock/BinaryNumbers.h"
 #include "stock/DatabaseError.h"
+#include "stock/PairSeal.h"
 
 namespace korvane {
 
@@ -13,6 +14,7 @@ namespace {
 constexpr std::uint64_t kHeaderSize = 512;
 constexpr std::uint64_t kDefaultBlockSize = 512;
 constexpr std::size_t kBlockSizeAt = 20;
+constexpr std::size_t kSealAt = kHeaderSize - PairSeal::kSize;
 constexpr std::string_view kEnd3 = "\x1a\x1a";
 constexpr std::string_view kMark4("\xff\xff\x08\x00", 4);
 constexpr std::size_t kHead4 = 8;           // mark and length
@@ -47,10 +49,11 @@ std::string MemoTail(MemoKind kind, std::uint64_t textSize, std::uint64_t blockS
   return tail.append(RoundedUp(filled, blockSize) - filled, '\0');
 }
 
-std::string MemoFileHeader(std::uint64_t firstFree, std::uint64_t blockSize) {
+std::string MemoFileHeader(std::uint64_t firstFree, std::uint64_t blockSize, std::string_view seal) {
   std::string header(kHeaderSize, '\0');
   header.replace(0, 4, LittleBytes(firstFree, 4));
   header.replace(kBlockSizeAt, 2, LittleBytes(blockSize, 2));
+  header.replace(kSealAt, seal.size(), seal);
   return header;
 }
 
@@ -62,6 +65,7 @@ MemoFile::MemoFile(const std::string& path, MemoKind kind) : kind_(kind) {
   const std::string header = file_.read(0, kHeaderSize);
   if (header.size() < kBlockSizeAt + 2) Damaged("it has no header");
   blockSize_ = BlockSize(kind_, Little16(header, kBlockSizeAt));
+  if (header.size() == kHeaderSize) seal_ = PairSeal::Found(std::string_view(header).substr(kSealAt));
 }
 
 std::string MemoFile::read(std::uint64_t block) {

@@ -21,8 +21,9 @@ constexpr std::uint64_t kMaxMemo = 0xffffffffU - 8;
 std::string MemoHead(MemoKind kind, std::uint64_t textSize);
 std::string MemoTail(MemoKind kind, std::uint64_t textSize, std::uint64_t blockSize);
 
-// A memo file with `firstFree` as the number of its first free block, and nothing in it.
-std::string MemoFileHeader(std::uint64_t firstFree, std::uint64_t blockSize);
+// A memo file with `firstFree` as the number of its first free block, and nothing in it. `seal`: of the pair
+// (see PairSeal.h).
+std::string MemoFileHeader(std::uint64_t firstFree, std::uint64_t blockSize, std::string_view seal = {});
 
 // The texts of a table's memo fields, each found by the number of its first block.
 class MemoFile {
@@ -35,6 +36,9 @@ class MemoFile {
   std::string read(std::uint64_t block);
   // The same text in pieces; what is found wrong behind the first of them is still a DatabaseError.
   void read(std::uint64_t block, const TakePiece& take);
+
+  // The seal of the pair (see PairSeal.h); empty where there is none.
+  const std::string& seal() const { return seal_; }
 
   struct Grown {
     std::string bytes;    // the whole file with the text at its end
@@ -55,6 +59,7 @@ class MemoFile {
   MemoKind kind_;
   RandomFile file_;
   std::uint64_t blockSize_ = 0;
+  std::string seal_;
 };
 
 }  // namespace korvane

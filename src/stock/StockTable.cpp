@@ -5,6 +5,7 @@
 #include <array>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "stock/BinaryNumbers.h"
 #include "stock/DbfLayout.h"
@@ -12,7 +13,11 @@
 
 namespace korvane {
 
+namespace fs = std::filesystem;
+
 namespace {
+
+constexpr int kMostNames = 100;
 
 struct Column {
   std::string_view name;
@@ -22,7 +27,7 @@ struct Column {
 
 constexpr std::array<Column, 2> kColumns = {{{"PATH", 'C', 254}, {"TEXT", 'M', 10}}};
 constexpr std::uint64_t kBlockSize = 512;
-constexpr std::size_t kHeaderLength = kDbfHeader + kDbfDescriptor * kColumns.size() + 1;
+constexpr std::size_t kHeaderLength = kDbfHeader + kDbfDescriptor * kColumns.size() + 1 + PairSeal::kSize;
 constexpr std::size_t kRecordLength = 1 + kColumns[0].length + kColumns[1].length;
 constexpr std::string_view kVersion4WithMemo = "\x8b";
 constexpr std::string_view kDate = "\x64\x01\x01";  // of the last change; 2000-01-01, so that nothing varies
@@ -40,13 +45,13 @@ std::string Descriptor(const Column& column) {
   return Padded(bytes, kDbfDescriptor, '\0');
 }
 
-std::string TableHeader(std::uint32_t records) {
+std::string TableHeader(std::uint32_t records, const PairSeal& seal) {
   std::string header(kVersion4WithMemo);
   header.append(kDate).append(LittleBytes(records, 4));
   header.append(LittleBytes(kHeaderLength, 2)).append(LittleBytes(kRecordLength, 2));
   header = Padded(Padded(header, kDbfLanguageDriver, '\0').append(kWindows1252), kDbfHeader, '\0');
   for (const Column& column : kColumns) header += Descriptor(column);
-  return header += kDbfHeaderEnd;
+  return (header += kDbfHeaderEnd).append(seal.bytes());
 }
 
 bool IsAscii(std::string_view text) {
@@ -57,17 +62,64 @@ void StopAt(const std::string& reason) {
   if (!reason.empty()) throw std::runtime_error("the stock database cannot be written: " + reason);
 }
 
-std::filesystem::path WithEnding(std::filesystem::path base, const char* ending) {
+fs::path WithEnding(fs::path base, const char* ending) {
   base += ending;
   return base;
 }
 
+// A file that is about to be replaced, under a second name until this ends. Where there is no file, there is
+// no second name either.
+class FormerFile {
+ public:
+  explicit FormerFile(const fs::path& path) : path_(path) {
+    std::error_code error = std::make_error_code(std::errc::file_exists);
+    for (int i = 1; i <= kMostNames && error == std::errc::file_exists; ++i) {
+      kept_ = WithEnding(path_, (".former" + std::to_string(i)).c_str());
+      fs::create_hard_link(path_, kept_, error);
+    }
+    if (!error) return;
+    const fs::path name = std::exchange(kept_, fs::path());
+    if (error == std::errc::no_such_file_or_directory) return;
+    if (fs::copy_file(path_, name, error)) kept_ = name;  // a file system without links
+    if (kept_.empty()) reason_ = error.message();
+  }
+  ~FormerFile() {
+    std::error_code ignored;
+    if (!kept_.empty()) fs::remove(kept_, ignored);
+  }
+  FormerFile(const FormerFile&) = delete;
+  FormerFile& operator=(const FormerFile&) = delete;
+
+  // Why the file cannot have a second name.
+  const std::string& reason() const { return reason_; }
+
+  // Undoes the replacing. Gives what to tell the user when that fails.
+  std::string putBack() {
+    std::error_code error;
+    const fs::path kept = std::exchange(kept_, fs::path());
+    if (kept.empty())
+      fs::remove(path_, error);
+    else
+      fs::rename(kept, path_, error);
+    if (!error) return {};
+    return "; " + path_.string() + " is already new" +
+           (kept.empty() ? "" : ", its former version is " + kept.string());
+  }
+
+ private:
+  fs::path path_;
+  fs::path kept_;
+  std::string reason_;
+};
+
 }  // namespace
 
-StockTable::StockTable(const std::filesystem::path& base)
-    : table_(WithEnding(base, ".DBF")), memos_(WithEnding(base, ".DBT")) {
-  table_.write(TableHeader(0));
-  memos_.write(MemoFileHeader(1, kBlockSize));
+StockTable::StockTable(const fs::path& base)
+    : table_(WithEnding(base, ".DBF")),
+      memos_(WithEnding(base, ".DBT")),
+      memoPath_(BehindLinks(WithEnding(base, ".DBT"))) {
+  table_.write(TableHeader(0, seal_));
+  memos_.write(MemoFileHeader(1, kBlockSize, seal_.bytes()));
 }
 
 void StockTable::add(std::string_view path, std::string_view text) {
@@ -86,6 +138,7 @@ void StockTable::addRecord(std::string_view path, std::string_view block) {
   std::string record = ' ' + Padded(path, kColumns[0].length, ' ');
   record.append(kColumns[1].length - block.size(), ' ').append(block);
   table_.write(record);
+  seal_.add(record);
   ++records_;
   StopAt(table_.reason());
 }
@@ -93,7 +146,10 @@ void StockTable::addRecord(std::string_view path, std::string_view block) {
 void StockTable::addMemo(std::uint64_t size, const GiveText& give) {
   memos_.write(MemoHead(MemoKind::version4, size));
   const std::uint64_t start = memos_.size();
-  give([this](std::string_view piece) { memos_.write(piece); });
+  give([this](std::string_view piece) {
+    memos_.write(piece);
+    seal_.add(piece);
+  });
   if (memos_.size() - start != size) throw std::runtime_error("a file changed while it was packed");
   memos_.write(MemoTail(MemoKind::version4, size, kBlockSize));
   StopAt(memos_.reason());
@@ -101,11 +157,20 @@ void StockTable::addMemo(std::uint64_t size, const GiveText& give) {
 
 void StockTable::commit() {
   table_.write({&kDbfFileEnd, 1});
-  table_.rewrite(0, TableHeader(records_));
-  memos_.rewrite(0, MemoFileHeader(memos_.size() / kBlockSize, kBlockSize));
+  table_.rewrite(0, TableHeader(records_, seal_));
+  memos_.rewrite(0, MemoFileHeader(memos_.size() / kBlockSize, kBlockSize, seal_.bytes()));
   StopAt(table_.finish());
-  StopAt(memos_.replace());  // first: a table without its memos would be worse than memos without a table
-  StopAt(table_.replace());
+  StopAt(memos_.finish());
+  place();
+}
+
+// The former memo file keeps a second name until the table is in its place, and is put back when that fails.
+void StockTable::place() {
+  FormerFile former(memoPath_);
+  StopAt(former.reason());
+  StopAt(memos_.replace());
+  const std::string reason = table_.replace();
+  if (!reason.empty()) StopAt(reason + former.putBack());
 }
 
 }  // namespace korvane

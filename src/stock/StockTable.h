@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "files/WholeFile.h"
+#include "stock/PairSeal.h"
 #include "stock/WriteTextFile.h"
 
 namespace korvane {
@@ -29,10 +30,13 @@ class StockTable {
  private:
   void addRecord(std::string_view path, std::string_view block);
   void addMemo(std::uint64_t size, const GiveText& give);
+  void place();
 
   WholeFile table_;
   WholeFile memos_;
+  std::filesystem::path memoPath_;
   std::uint32_t records_ = 0;
+  PairSeal seal_;
 };
 
 }  // namespace korvane
