@@ -178,11 +178,20 @@ std::string WholeFile::finish() {
   return reason();
 }
 
+// Some systems rename no open file; and without a sync closing is the last to tell that bytes are lost. Else
+// the file is closed when it has its name, so that its lock holds until then.
+void WholeFile::closeEarly() {
+#ifdef _WIN32
+  const bool early = true;
+#else
+  const bool early = !options_.sync;
+#endif
+  if (early) run(file_.close());
+}
+
 std::string WholeFile::replace() {
   if (const std::string why = finish(); !why.empty()) return why;
-#ifdef _WIN32
-  run(file_.close());
-#endif
+  closeEarly();
   std::error_code error;
   if (!error_) fs::rename(part_, target_, error);
   onlyInPlace_ = IsForbidden(error);
@@ -191,15 +200,13 @@ std::string WholeFile::replace() {
 
 std::string WholeFile::create() {
   if (const std::string why = finish(); !why.empty()) return why;
-#ifdef _WIN32
-  run(file_.close());
-#endif
+  closeEarly();
+  if (error_) return reason();
   std::error_code error = RenameUnlessThere(part_, target_);
   if (error == std::errc::function_not_supported) error = RenameOverOwnName(part_, target_, options_.access);
   return place(error);
 }
 
-// The file is closed only now, so that its lock holds until it has its name.
 std::string WholeFile::place(std::error_code error) {
   run(error);
   if (error_) return reason();

@@ -53,6 +53,7 @@ class WholeFile {
   void begin();
   void flush();
   void run(std::error_code error);
+  void closeEarly();
   std::string place(std::error_code error);
 
   std::filesystem::path target_;
