@@ -84,13 +84,12 @@ std::unique_ptr<SettingsPlace> UsersOwn(const QString& application) {
 
 }  // namespace
 
-SettingsStore::SettingsStore() : SettingsStore(UsersOwn(kAppName), UsersOwn(kWizards)) {}
+SettingsStore::SettingsStore() : SettingsStore(UsersOwn) {}
 
 SettingsStore::SettingsStore(const QString& folder)
-    : SettingsStore(InFolder(folder, kAppName), InFolder(folder, kWizards)) {}
+    : SettingsStore([folder](const QString& application) { return InFolder(folder, application); }) {}
 
-SettingsStore::SettingsStore(std::unique_ptr<SettingsPlace> app, std::unique_ptr<SettingsPlace> wizards)
-    : app_(std::move(app)), wizards_(std::move(wizards)) {
+SettingsStore::SettingsStore(PlaceOf placeOf) : placeOf_(std::move(placeOf)), app_(placeOf_(kAppName)) {
   setTrouble("read", app_->trouble());
 }
 
@@ -148,7 +147,7 @@ void SettingsStore::deleteSection(const QString& section) {
 
 QString SettingsStore::getOfWizards(const QString& section, const QString& key,
                                     const QString& defaultText) const {
-  return wizards_->find(section, key).value_or(defaultText);
+  return placeOf_(kWizards)->find(section, key).value_or(defaultText);
 }
 
 QString SettingsStore::GetSet(const QString& name, const QString& defaultText) const {

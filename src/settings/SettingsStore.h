@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -73,13 +74,15 @@ class SettingsStore : public QObject {
   void troubleChanged(const QString& trouble);
 
  private:
-  SettingsStore(std::unique_ptr<SettingsPlace> app, std::unique_ptr<SettingsPlace> wizards);
+  // The settings of an application, as they are now.
+  using PlaceOf = std::function<std::unique_ptr<SettingsPlace>(const QString& application)>;
+  explicit SettingsStore(PlaceOf placeOf);
   void edit(const SettingsEdit& edit);
   void storeEdits();
   void setTrouble(const char* what, const QString& reason);
 
+  PlaceOf placeOf_;
   std::unique_ptr<SettingsPlace> app_;
-  std::unique_ptr<SettingsPlace> wizards_;
   std::vector<SettingsEdit> edits_;  // not stored yet
   int batches_ = 0;
   QString trouble_;
