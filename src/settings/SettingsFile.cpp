@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::chrono::milliseconds kPatience{1000};  // another program's change takes a moment, not longer
+constexpr std::chrono::milliseconds kPatience{5000};  // with another program that changes one after the other
 constexpr std::uintmax_t kMostBytes = std::uintmax_t{8} << 20;
 const QString kTooLarge = QStringLiteral("it is larger than 8 MB");
 
@@ -60,7 +60,9 @@ QString SettingsFile::replaceWith(const SettingsEdits& edits) {
   if (error) return Text(error.message());
   fs::path lockPath = path_;
   FileLock lock;
-  if (!lock.take(lockPath += ".lock", kPatience)) return QStringLiteral("it cannot be locked");
+  // Who kept the lock for so long once, such as a program that was stopped, is not waited for again.
+  lockable_ = lock.take(lockPath += ".lock", lockable_ ? kPatience : std::chrono::milliseconds());
+  if (!lockable_) return QStringLiteral("it cannot be locked");
   SettingsText text;
   trouble_ = read(text);
   if (!trouble_.isEmpty()) return trouble_;

@@ -51,6 +51,7 @@ class SettingsFile : public SettingsPlace {
   std::filesystem::path path_;
   SettingsText text_;
   QString trouble_;
+  bool lockable_ = true;
 };
 
 }  // namespace korvane
