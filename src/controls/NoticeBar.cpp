@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "controls/LinkColour.h"
+#include "controls/ShownText.h"
 
 namespace korvane {
 
@@ -44,12 +45,12 @@ QColor GroundOf(const QPalette& palette) {
 }  // namespace
 
 Notice& Notice::say(const QString& text) {
-  if (!text.isEmpty()) pieces_.push_back({text, nullptr});
+  if (!text.isEmpty()) pieces_.push_back({ShownText(text), nullptr});
   return *this;
 }
 
 Notice& Notice::link(const QString& caption, Follow follow) {
-  pieces_.push_back({caption, std::move(follow)});
+  pieces_.push_back({ShownText(caption), std::move(follow)});
   return *this;
 }
 

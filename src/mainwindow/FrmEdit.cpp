@@ -49,6 +49,8 @@ FrmEdit::FrmEdit(const Services& services, EditorLauncher& launcher)
       TVMenu_(new ClickView<QTreeView>),
       Toolbar1_(addToolBar("Toolbar")),
       panels_(*statusBar()),
+      notices_(new NoticeBar),
+      objectNotices_(*notices_, launcher, services),
       launch_(*this, SParse1_, services, launcher, [this] { return display_->selectedObject(); }) {
   setObjectName("FrmEdit");
   setWindowTitle(ApplicationTitle());
@@ -56,7 +58,8 @@ FrmEdit::FrmEdit(const Services& services, EditorLauncher& launcher)
   statusBar()->setObjectName("StatusBar");
   buildTree();
   buildLayout();
-  display_ = new ObjectDisplay(*this, *TVMenu_, objects_, fields_, panels_, SParse1_, services_);
+  display_ =
+      new ObjectDisplay(*this, *TVMenu_, objects_, fields_, panels_, objectNotices_, SParse1_, services_);
   buildCommands();
   connectButtons();
   load();
@@ -78,7 +81,7 @@ void FrmEdit::buildLayout() {
   layout->setSpacing(margin);
   layout->addWidget(TVMenu_, 1);
   layout->addWidget(fields_.F_Tab);
-  setCentralWidget(area);
+  setCentralWidget(NoticeBar::below(area, notices_));
   const int screenWidth = QGuiApplication::primaryScreen()->availableGeometry().width();
   const int captions = fields_.F_Tab->tabBar()->sizeHint().width() + 2 * margin;
   const int tabBox = std::min(std::max(PixelsFromTwips(kTabBoxWidth, *this), captions), screenWidth * 3 / 4);

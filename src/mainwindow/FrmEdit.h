@@ -9,9 +9,11 @@
 #include "app/Services.h"
 #include "app/UnitChoices.h"
 #include "controls/ClickView.h"
+#include "controls/NoticeBar.h"
 #include "ini/SParse.h"
 #include "mainwindow/LaunchCommands.h"
 #include "mainwindow/ObjectDisplay.h"
+#include "mainwindow/ObjectNotices.h"
 #include "mainwindow/ObjectTreeModel.h"
 #include "mainwindow/StatusPanels.h"
 #include "mainwindow/UnitFields.h"
@@ -73,6 +75,8 @@ class FrmEdit : public QMainWindow, public UnitChoices {
   UnitFields fields_;
   QToolBar* Toolbar1_;
   StatusPanels panels_;
+  NoticeBar* notices_;
+  ObjectNotices objectNotices_;
   ObjectDisplay* display_ = nullptr;
   LaunchCommands launch_;
   Commands commands_{*this};

@@ -15,6 +15,7 @@
 #include "ini/DataFiles.h"
 #include "mainwindow/BusyWindow.h"
 #include "mainwindow/FrmColData.h"
+#include "mainwindow/ObjectNotices.h"
 #include "mainwindow/ObjectTreeModel.h"
 #include "mainwindow/StatusPanels.h"
 #include "mainwindow/UnitFields.h"
@@ -81,7 +82,7 @@ class FieldSink : public LocomotorFields {
 }  // namespace
 
 ObjectDisplay::ObjectDisplay(QWidget& window, QTreeView& tree, const ObjectTreeModel& model,
-                             UnitFields& fields, StatusPanels& panels, SParse& parser,
+                             UnitFields& fields, StatusPanels& panels, ObjectNotices& notices, SParse& parser,
                              const Services& services)
     : QObject(&window),
       window_(window),
@@ -89,6 +90,7 @@ ObjectDisplay::ObjectDisplay(QWidget& window, QTreeView& tree, const ObjectTreeM
       model_(model),
       fields_(fields),
       panels_(panels),
+      notices_(notices),
       parser_(parser),
       services_(services),
       information_(fields,
@@ -174,6 +176,11 @@ void ObjectDisplay::select(const QModelIndex& index) {
   }
   ShowText(*fields_.CboArmour, armour_);
   if (fileIsThere) information_.UpdateLV();
+  if (isObject && fileIsThere) {
+    notices_.tellAbout(*node);
+  } else {
+    notices_.clear();
+  }
   DisplayReady_ = true;
   services_.yield.fullTurn();
 }

@@ -17,6 +17,7 @@ namespace korvane {
 
 class BusyWindow;
 class FrmColData;
+class ObjectNotices;
 class ObjectTreeModel;
 class StatusPanels;
 class UnitFields;
@@ -29,7 +30,7 @@ class ObjectDisplay : public QObject {
 
  public:
   ObjectDisplay(QWidget& window, QTreeView& tree, const ObjectTreeModel& model, UnitFields& fields,
-                StatusPanels& panels, SParse& parser, const Services& services);
+                StatusPanels& panels, ObjectNotices& notices, SParse& parser, const Services& services);
 
   // Shows the node; ignored while something else reads.
   void select(const QModelIndex& index);
@@ -68,6 +69,7 @@ class ObjectDisplay : public QObject {
   const ObjectTreeModel& model_;
   UnitFields& fields_;
   StatusPanels& panels_;
+  ObjectNotices& notices_;
   SParse& parser_;
   const Services& services_;
   InformationList information_;

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -16,6 +17,7 @@
 #include <memory>
 
 #include "controls/InPlaceTable.h"
+#include "controls/NoticeBar.h"
 #include "mainwindow/FrmEdit.h"
 #include "platform/TextEncoding.h"
 #include "support/TestDesk.h"
@@ -86,6 +88,17 @@ class MainWindow : public testing::Test, protected TestDesk {
     Q_EMIT combo.textActivated(combo.currentText());
   }
   void press(const char* button) { get<QPushButton>(button).click(); }
+
+  QStringList notices() const { return get<NoticeBar>("NoticeBar").sentences(); }
+  // The user clicks the link with this caption in the sentence of that number.
+  void followNotice(int sentence, const QString& caption) const {
+    auto* label = get<NoticeBar>("NoticeBar").findChildren<QLabel*>("Notice").at(sentence);
+    const auto link =
+        QRegularExpression("href=\"(\\d+)\">" + QRegularExpression::escape(caption)).match(label->text());
+    ASSERT_TRUE(link.hasMatch()) << qPrintable(label->text());
+    Q_EMIT label->linkActivated(link.captured(1));
+    QApplication::processEvents();
+  }
 
   // "label|value" of every row of the information list; separators as "-".
   QStringList information() const {

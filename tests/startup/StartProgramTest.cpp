@@ -226,7 +226,7 @@ TEST_F(StartProgramTest, AGameThatHasOnlyItsArchivesStartsWithItsOwnObjects) {
         .match(objects.index(0, 0), Qt::DisplayRole, name, -1, Qt::MatchExactly | Qt::MatchRecursive)
         .size();
   };
-  EXPECT_EQ(count("GLABike"), static_cast<qsizetype>(kObjectFiles.size()));
+  EXPECT_EQ(count("GLABike"), static_cast<qsizetype>(kDataFiles.size()));
   EXPECT_EQ(count("Sample"), 0);
 }
 

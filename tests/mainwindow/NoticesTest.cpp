@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow/MainWindow.h"
+
+namespace korvane {
+namespace {
+
+class NoticesTest : public MainWindow {};
+
+TEST_F(NoticesTest, AnObjectThatIsWhatItsNameSaysNeedsNoNotice) {
+  open();
+  click("Jeep");
+  EXPECT_TRUE(get<NoticeBar>("NoticeBar").isHidden());
+}
+
+TEST_F(NoticesTest, ABlockThatIsShownForItsLongerNameIsToldWithBothPlaces) {
+  game.objects(
+      "FactionUnit.ini",
+      "Object JeepWreck\n  MaxHealth = 1\nEnd\nObject Jeep\n  MaxHealth = 2\nEnd\nObject Hut\nEnd\n");
+  open();
+  click("Jeep");
+  EXPECT_EQ(text("MHealth"), "1");
+  EXPECT_EQ(notices(), QStringList("These are the values of JeepWreck in line 1; Jeep stands in line 4."));
+  followNotice(0, "line 4");
+  ASSERT_EQ(launcher.requests.size(), 1U);
+  EXPECT_EQ(launcher.requests[0].ManualEditFile, game.qpath() + "\\Data\\INI\\Object\\FactionUnit.ini");
+  EXPECT_EQ(launcher.requests[0].ManualEditPartial, 0);
+  EXPECT_EQ(launcher.requests[0].place.line, 4);
+  click("Hut");
+  EXPECT_EQ(notices(), QStringList());
+}
+
+TEST_F(NoticesTest, WhatIsNotThereOrEndsElsewhereIsTold) {
+  struct Case {
+    const char* file;
+    const char* sentence;
+  };
+  constexpr Case kCases[] = {
+      {"Object Hut\nEnd\n", "The file has no block of the name Jeep."},
+      {"ObjectReskin Jeep Hut\nEnd\n", "Jeep is a reskin of Hut; it stands in line 1."},
+      {"Object  Jeep\nEnd\n",
+       "No values are found for Jeep: its header in line 1 is not written as \"Object\", one space and the "
+       "name."},
+      {"Object JeepX\nEnd\n",
+       "These are the values of JeepX in line 1; the file has no block of the name Jeep."},
+      {"Object Jeep\n  Body = ActiveBody M\n    MaxHealth = 1\nEnd\n  BuildCost = 5\nEnd\n",
+       "The block ends early: an \"End\" in the first column in line 4; 2 lines behind it are not shown."},
+      {"Object Jeep\n  End\nObject Hut\nEnd\n",
+       "The block has no \"End\" in the first column of its own: what stands from line 3 on belongs to what "
+       "follows it."},
+  };
+  open();
+  for (const Case& c : kCases) {
+    game.objects("FactionUnit.ini", c.file);
+    click("Hut");
+    click("Jeep");
+    EXPECT_EQ(notices(), QStringList(c.sentence));
+  }
+  click("Other");
+  EXPECT_EQ(notices(), QStringList());
+}
+
+}  // namespace
+}  // namespace korvane
