@@ -40,31 +40,32 @@ const GameStructure& GameStructure::get() {
 }
 
 // Where the word stands in the table, or where it would.
-std::size_t GameStructure::placeOf(const Meanings& table, BlockTypeId scope, std::string_view word) {
+std::size_t GameStructure::placeOf(const Entries& table, BlockTypeId scope, std::string_view word,
+                                   std::uint64_t hash) {
   const std::size_t mask = table.size() - 1;
-  std::size_t at = (FoldedHash(word) ^ (scope * std::uint64_t{0x9E3779B1})) & mask;
+  std::size_t at = (hash ^ (scope * std::uint64_t{0x9E3779B1})) & mask;
   while (table[at].scope != kNoBlockType && (table[at].scope != scope || !EqualFolded(table[at].word, word)))
     at = (at + 1) & mask;
   return at;
 }
 
-const GameStructure::Meaning* GameStructure::exactMeaning(BlockTypeId scope, std::string_view word) const {
-  const Meaning& found = meanings_[placeOf(meanings_, scope, word)];
-  return found.scope == kNoBlockType ? nullptr : &found;
+// The word, or the series that it is a member of.
+const GameStructure::Entry* GameStructure::entryOf(BlockTypeId scope, std::string_view word,
+                                                   std::uint64_t hash) const {
+  const Entry& found = words_[placeOf(words_, scope, word, hash)];
+  if (found.scope != kNoBlockType) return &found;
+  if (word.empty() || !IsDigit(word.back())) return nullptr;
+  const SeriesWord series(word);
+  const Entry& member = words_[placeOf(words_, scope, series.text(), FoldedHash(series.text()))];
+  return member.scope == kNoBlockType ? nullptr : &member;
 }
 
-template <typename Has>
-const GameStructure::Meaning* GameStructure::meaning(BlockTypeId scope, std::string_view word,
-                                                     Has has) const {
-  for (; scope != kNoBlockType; scope = types_[scope].general) {
-    const Meaning* found = exactMeaning(scope, word);
-    if (found == nullptr && !word.empty() && IsDigit(word.back())) {
-      const SeriesWord series(word);
-      if (!series.text().empty()) found = exactMeaning(scope, series.text());
-    }
-    if (found != nullptr && has(*found)) return found;
-  }
-  return nullptr;
+WordMeaning GameStructure::meaning(BlockTypeId type, std::string_view word) const {
+  const std::uint64_t hash = FoldedHash(word);
+  for (; type != kNoBlockType; type = types_[type].general)
+    if (const Entry* found = entryOf(type, word, hash))
+      return {found->child, found->key == kNoKey ? nullptr : &keys_[found->key]};
+  return {};
 }
 
 KindId GameStructure::kind(std::string_view name) const {
@@ -97,26 +98,15 @@ bool GameStructure::isSpecial(std::string_view word, SpaceId space) const {
   });
 }
 
-BlockTypeId GameStructure::child(BlockTypeId parent, std::string_view keyword) const {
-  const Meaning* found =
-      meaning(parent, keyword, [](const Meaning& each) { return each.child != kNoBlockType; });
-  return found == nullptr ? kNoBlockType : found->child;
-}
-
 BlockTypeId GameStructure::withModule(BlockTypeId type, std::string_view module) const {
-  const Meaning& found = modules_[placeOf(modules_, type, module)];
+  const Entry& found = modules_[placeOf(modules_, type, module, FoldedHash(module))];
   return found.scope == kNoBlockType ? type : found.child;
-}
-
-const KeyFacts* GameStructure::key(BlockTypeId type, std::string_view key) const {
-  const Meaning* found = meaning(type, key, [](const Meaning& each) { return each.key != kNoKey; });
-  return found == nullptr ? nullptr : &keys_[found->key];
 }
 
 std::vector<const KeyFacts*> GameStructure::keysOf(BlockTypeId type) const {
   std::vector<const KeyFacts*> keys;
   for (BlockTypeId scope = type; scope != kNoBlockType; scope = types_[scope].general)
-    for (const Meaning& each : meanings_)
+    for (const Entry& each : words_)
       if (each.scope == scope && each.key != kNoKey && keys_[each.key].known)
         keys.push_back(&keys_[each.key]);
   std::sort(keys.begin(), keys.end(), [](auto* a, auto* b) { return a->id < b->id; });

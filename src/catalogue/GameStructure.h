@@ -78,7 +78,14 @@ struct Kind {
   std::uint8_t names = 0;  // in the header
   SpaceId space = kNoSpace;
   Again again = Again::nothing;
+  bool editor = false;  // the program has a window of its own for such items
   BlockTypeId type = kNoBlockType;
+};
+
+// What a word means as the first one of a line: it may open a block, or it is a key.
+struct WordMeaning {
+  BlockTypeId child = kNoBlockType;
+  const KeyFacts* key = nullptr;
 };
 
 class GameStructure {
@@ -96,13 +103,16 @@ class GameStructure {
 
   std::span<const BlockType> types() const { return types_; }
   const BlockType& type(BlockTypeId type) const { return types_[type]; }
+  WordMeaning meaning(BlockTypeId type, std::string_view word) const;
   // The block that the keyword opens in a block of this type, whatever its header looks like; kNoBlockType.
-  BlockTypeId child(BlockTypeId parent, std::string_view keyword) const;
+  BlockTypeId child(BlockTypeId parent, std::string_view keyword) const {
+    return meaning(parent, keyword).child;
+  }
   // The more precise type of a block whose header begins with this module.
   BlockTypeId withModule(BlockTypeId type, std::string_view module) const;
 
   // What is known of the key in such a block, or nullptr.
-  const KeyFacts* key(BlockTypeId type, std::string_view key) const;
+  const KeyFacts* key(BlockTypeId type, std::string_view key) const { return meaning(type, key).key; }
   const KeyFacts& key(KeyId id) const { return keys_[id]; }
   // What is known of the block's own header ("<header>") or the module in it ("<module>"), or nullptr.
   const KeyFacts* header(BlockTypeId type) const { return headers_[type]; }
@@ -115,21 +125,17 @@ class GameStructure {
   friend class StructureMaker;
   GameStructure() = default;
 
-  // What a word means in a block of a type.
-  struct Meaning {
+  struct Entry {
     std::string_view word;
     BlockTypeId scope = kNoBlockType;
     BlockTypeId child = kNoBlockType;
     KeyId key = kNoKey;
   };
+  using Entries = std::vector<Entry>;  // a hash table, its size a power of two
 
-  using Meanings = std::vector<Meaning>;  // a hash table, its size a power of two
-
-  static std::size_t placeOf(const Meanings& table, BlockTypeId scope, std::string_view word);
-  const Meaning* exactMeaning(BlockTypeId scope, std::string_view word) const;
-  // Also in the more general types, and as a member of a series.
-  template <typename Has>
-  const Meaning* meaning(BlockTypeId scope, std::string_view word, Has has) const;
+  static std::size_t placeOf(const Entries& table, BlockTypeId scope, std::string_view word,
+                             std::uint64_t hash);
+  const Entry* entryOf(BlockTypeId scope, std::string_view word, std::uint64_t hash) const;
 
   std::vector<Kind> kinds_;
   std::vector<std::string_view> spaces_;
@@ -137,8 +143,8 @@ class GameStructure {
   std::vector<const KeyFacts*> headers_;  // of each type
   std::deque<KeyFacts> keys_;
   std::deque<std::vector<std::string_view>> wordLists_;
-  Meanings meanings_;
-  Meanings modules_;  // child is the type with the module
+  Entries words_;
+  Entries modules_;  // child is the type with the module
   std::vector<std::pair<std::string_view, SpaceId>> special_;
 };
 

@@ -123,7 +123,8 @@ void StructureMaker::addKinds() {
                                       .kind = kind,
                                       .fewestWords = names,
                                       .mostWords = names});
-    made_.kinds_.push_back({row.kind, names, addSpace(row.space), ValueOf(kAgain, row.again), type});
+    made_.kinds_.push_back(
+        {row.kind, names, addSpace(row.space), ValueOf(kAgain, row.again), ValueOf(kYes, row.editor), type});
   }
   for (const KindRow& row : KindRows())
     if (!row.like.empty()) made_.types_[typeAt(row.kind)].general = typeAt(row.like);
@@ -271,12 +272,12 @@ void StructureMaker::setHeaders() {
 }
 
 void StructureMaker::fillTables() {
-  using Meanings = GameStructure::Meanings;
+  using Entries = GameStructure::Entries;
   const std::size_t size = std::bit_ceil(2 * (made_.types_.size() + keyAt_.size()));
-  made_.meanings_.assign(size, {});
+  made_.words_.assign(size, {});
   made_.modules_.assign(size, {});
-  const auto entry = [](Meanings & table, BlockTypeId scope, std::string_view word) -> auto& {
-    auto& found = table[GameStructure::placeOf(table, scope, word)];
+  const auto entry = [](Entries & table, BlockTypeId scope, std::string_view word) -> auto& {
+    auto& found = table[GameStructure::placeOf(table, scope, word, FoldedHash(word))];
     found.scope = scope;
     found.word = word;
     return found;
@@ -288,11 +289,11 @@ void StructureMaker::fillTables() {
     if (precise) {
       entry(made_.modules_, type.general, type.module).child = id;
     } else {
-      entry(made_.meanings_, type.parent, type.keyword).child = id;
+      entry(made_.words_, type.parent, type.keyword).child = id;
     }
   }
   for (const auto& [place, id] : keyAt_)
-    if (!IsOfHeader(made_.keys_[id])) entry(made_.meanings_, place.first, made_.keys_[id].key).key = id;
+    if (!IsOfHeader(made_.keys_[id])) entry(made_.words_, place.first, made_.keys_[id].key).key = id;
 }
 
 }  // namespace korvane

@@ -51,7 +51,7 @@ class LineCutter {
     const char* const cr = find('\r', lf);
     line = {at_, static_cast<std::size_t>(cr - at_)};
     at_ = cr == end_ ? cr : cr + 1;
-    if (cr != lf && at_ == lf) ++at_;
+    if (cr != lf && at_ == lf && lf != end_) ++at_;
     return true;
   }
 
@@ -151,15 +151,12 @@ class Reading {
       begin(kind, statement);
       return;
     }
-    const std::string_view word = statement.first.text;
-    const BlockTypeId child = structure_.child(open_.back().type, word);
-    if (child != kNoBlockType && mayBegin(child, statement)) {
-      begin(child, statement);
-      return;
+    const WordMeaning meaning = structure_.meaning(open_.back().type, statement.first.text);
+    if (meaning.child != kNoBlockType && mayBegin(meaning.child, statement)) {
+      begin(meaning.child, statement);
+    } else if (meaning.key != nullptr || !takeAsBlockOfParent(statement)) {
+      sink_.keyFound(keyLine(statement, meaning.key));
     }
-    const KeyFacts* facts = structure_.key(open_.back().type, word);
-    if (facts == nullptr && takeAsBlockOfParent(statement)) return;
-    sink_.keyFound(keyLine(statement, facts));
   }
 
   // A header in the first column is where another block has begun, whatever is still open. Elsewhere it must
@@ -169,9 +166,8 @@ class Reading {
     const BlockTypeId type = structure_.child(kOutsideBlocks, statement.first.text);
     if (type == kNoBlockType) return kNoBlockType;
     if (statement.firstColumn && isNamed(statement)) return isNameless(type) ? kNoBlockType : type;
-    const BlockTypeId here = open_.back().type;
-    const bool meansElse = structure_.child(here, statement.first.text) != kNoBlockType ||
-                           structure_.key(here, statement.first.text) != nullptr;
+    const WordMeaning here = structure_.meaning(open_.back().type, statement.first.text);
+    const bool meansElse = here.child != kNoBlockType || here.key != nullptr;
     return !meansElse && fits(type, statement) && (isNamed(statement) || statement.firstColumn)
                ? type
                : kNoBlockType;
@@ -219,6 +215,7 @@ class Reading {
     BlockHeader block{.type = type,
                       .place = placeOf(statement.first),
                       .keyword = statement.first,
+                      .sign = statement.sign,
                       .first = {},
                       .second = {},
                       .words = wordsOf(statement),
@@ -302,12 +299,11 @@ TextWord WordReader::next() {
   std::size_t begin = 0;
   while (begin < rest_.size() && EndsWord(rest_[begin])) ++begin;
   std::size_t end = begin;
+  const std::size_t quote =
+      begin < rest_.size() && rest_[begin] == '"' ? rest_.find('"', begin + 1) : rest_.npos;
+  if (quote != rest_.npos) end = quote + 1;
   while (end < rest_.size() && !EndsWord(rest_[end])) ++end;
   const TextWord word{rest_.substr(begin, end - begin), column_ + static_cast<std::uint32_t>(begin)};
-  if (word.text.starts_with(kLineComment)) {
-    rest_ = {};
-    return {};
-  }
   rest_.remove_prefix(end);
   column_ += static_cast<std::uint32_t>(end);
   return word;

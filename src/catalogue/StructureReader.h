@@ -28,12 +28,12 @@ struct TextWord {
   std::uint32_t column = 0;
 };
 
-// Takes the words off the front of a part of a line.
+// Takes the words off the front of a part of a line that holds no comment.
 class WordReader {
  public:
   // `rest` begins at the column.
   WordReader(std::string_view rest, std::uint32_t column) : rest_(rest), column_(column) {}
-  // The next word; its text is empty when there is none. A comment ends the words.
+  // The next word; its text is empty when there is none.
   TextWord next();
 
  private:
@@ -45,6 +45,7 @@ struct BlockHeader {
   BlockTypeId type = kNoBlockType;
   TextPlace place;            // of the keyword
   TextWord keyword;           // as it stands in the text
+  bool sign = false;          // "=" stands behind the keyword
   TextWord first;             // the first word behind it: the name of what stands for itself, the module
   TextWord second;            // the second one: another name, the module's tag
   std::string_view words;     // all that stands behind the keyword and its "=", without a comment

@@ -16,10 +16,11 @@ namespace korvane {
 // A block that stands for itself.
 struct KindRow {
   std::string_view kind;
-  std::string_view names;  // how many names its header has: "0", "1", "2"
-  std::string_view space;  // names of kinds that share a space are never given twice; empty: nameless
-  std::string_view again;  // what a second definition of a name is: "error", "warning", or empty: nothing
-  std::string_view like;   // the kind whose keys and blocks it has, if they are another kind's
+  std::string_view names;   // how many names its header has: "0", "1", "2"
+  std::string_view space;   // names of kinds that share a space are never given twice; empty: nameless
+  std::string_view again;   // what a second definition of a name is: "error", "warning", or empty: nothing
+  std::string_view like;    // the kind whose keys and blocks it has, if they are another kind's
+  std::string_view editor;  // "yes": the program has a window of its own for such items
 };
 
 // A key that stands outside of all blocks.

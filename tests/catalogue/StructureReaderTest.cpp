@@ -69,6 +69,7 @@ constexpr Case kSound[] = {
      "+Weapon@1:1 A|FireFX@2:2 X:9|FireFX@3:2 Y:9|FireFX@4:2 Z:12|-5"},
     {"every kind of line end", "Weapon A\r\nFireFX = X\rFireFX = Y\nEND\r\n\rWeapon B\nend",
      "+Weapon@1:1 A|FireFX@2:1 X:10|FireFX@3:1 Y:10|-4|+Weapon@6:1 B|-7"},
+    {"a CR at the very end", "Weapon A\rEnd\r", "+Weapon@1:1 A|-2"},
     {"slashes begin a comment only where a word begins", "Weapon A//b // c\n FireFX = x//y //z\nEnd//",
      "+Weapon@1:1 A//b|FireFX@2:2 x//y:11|End//?@3:1|!open@3:1 Weapon|-~3"},
     {"one letter case is as good as another", "wEAPON A\n firefx = X\neNd",

@@ -62,7 +62,8 @@ BlockTypeId TypeAt(std::string_view path) {
 }  // namespace
 
 TEST(Tables, AreThoseOfTheFiles) {
-  ExpectSame("kinds", KindRows(), [](auto& r) { return Views{r.kind, r.names, r.space, r.again, r.like}; });
+  ExpectSame("kinds", KindRows(),
+             [](auto& r) { return Views{r.kind, r.names, r.space, r.again, r.like, r.editor}; });
   ExpectSame("lines", LineRows(), [](auto& r) { return Views{r.key}; });
   ExpectSame("blocks", BlockRows(), [](auto& r) {
     return Views{r.parent, r.keyword, r.sign, r.words, r.like};

@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+#include "catalogue/Catalogue.h"
+#include "catalogue/NameIndex.h"
+#include "stock/StockFiles.h"
+#include "support/GameFolder.h"
+
+namespace korvane {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+SpaceId Space(std::string_view name) {
+  return GameStructure::get().space(name);
+}
+
+// "path:line:column Name" of each, the path's beginning "Data\INI\" left out and "(archive)" before it.
+template <typename Found>
+std::string Places(const std::vector<Found>& all) {
+  std::string text;
+  for (const Found& each : all) {
+    const SourceFile& source = each.file->source();
+    if (!text.empty()) text += ", ";
+    if (source.archived) text += "(" + source.container.substr(source.container.rfind('\\') + 1) + ")";
+    text += source.path.substr(9) + ':' + std::to_string(each.line) + ':' + std::to_string(each.column) +
+            ' ' + std::string(each.name);
+  }
+  return text;
+}
+
+std::string Definitions(const CataloguePtr& catalogue, std::string_view name) {
+  return Places(catalogue->definitions(kNoSpace, name));
+}
+
+// The skipped files' names and the reasons.
+std::string Skipped(const CataloguePtr& catalogue) {
+  std::string text;
+  for (const SkippedFile& file : catalogue->skipped())
+    text += file.path.substr(file.path.find_last_of("\\(") + 1) + ": " + file.reason + "\n";
+  return text;
+}
+
+// Long enough ago for its time to tell it from a later one.
+void Age(const fs::path& file) {
+  fs::last_write_time(file, fs::file_time_type::clock::now() - std::chrono::hours(1));
+}
+
+void AgeAll(const GameFolder& folder) {
+  for (const auto& entry : fs::recursive_directory_iterator(folder.native("")))
+    if (entry.is_regular_file()) Age(entry.path());
+}
+
+}  // namespace
+
+TEST(Catalogue, ReadsEveryIniFileOfTheFolder) {
+  const GameFolder folder;
+  folder.ini("Weapon.ini", "Weapon Gun\n  FireFX = Flash\nEnd\n");
+  folder.ini("Deep/Down/Here/FX.INI", "FXList Flash\nEnd\nFXList flash\nEnd\n");
+  folder.ini("notes.txt", "Weapon NotThis\nEnd\n");
+  folder.write("Data/Elsewhere.ini", "Weapon NotThis\nEnd\n");
+  folder.write("data/ini/Other.iNi", "Weapon Other\rFireFX = FLASH\rEnd\r");
+  const CataloguePtr catalogue = ReadCatalogue({folder.path()});
+  EXPECT_EQ(catalogue->files().size(), 3U);
+  EXPECT_EQ(Definitions(catalogue, "FLASH"),
+            "Deep\\Down\\Here\\FX.INI:1:8 Flash, Deep\\Down\\Here\\FX.INI:3:8 flash");
+  EXPECT_EQ(Places(catalogue->uses(Space("FXList"), "flash")), "Other.iNi:2:10 FLASH, Weapon.ini:2:12 Flash");
+  EXPECT_EQ(catalogue->countUses(Space("FXList"), "flash"), 2U);
+  EXPECT_EQ(Places(catalogue->uses(Space("Weapon"), "flash")), "");
+  EXPECT_TRUE(catalogue->defines(Space("Weapon"), "OTHER"));
+  EXPECT_FALSE(catalogue->defines(kNoSpace, "NotThis"));
+  ASSERT_NE(catalogue->file("data/ini/deep\\down/here/fx.ini"), nullptr);
+  EXPECT_EQ(catalogue->file("Data\\INI\\None.ini"), nullptr);
+}
+
+TEST(Catalogue, SoundsOfAllKindsHaveOneSpaceOfNames) {
+  const GameFolder folder;
+  folder.ini("Speech.ini", "DialogEvent Hello\nEnd\nMusicTrack March\nEnd\nAudioEvent Bang\nEnd\n");
+  folder.ini("Weapon.ini", "Weapon A\n FireSound = Hello\nEnd\nWeapon B\n FireSound = march\nEnd\n");
+  const CataloguePtr catalogue = ReadCatalogue({folder.path()});
+  for (const char* name : {"Hello", "March"})
+    EXPECT_EQ(catalogue->uses(Space("AudioEvent"), name).size(), 1U) << name;
+  EXPECT_TRUE(catalogue->defines(Space("MusicTrack"), "bang"));
+}
+
+TEST(Catalogue, LooseFilesHideArchivedOnesAndArchivesEachOther) {
+  const GameFolder folder;
+  folder.ini("Weapon.ini", "Weapon Loose\nEnd\n");
+  folder.write("A.BIG", ArchiveBytes({{"data\\ini\\weapon.ini", "Weapon Hidden\r\nEnd\r\n"},
+                                      {"Data/INI/Armor.ini", "Armor FromA\r\nEnd\r\n"},
+                                      {"Data\\INI\\..\\Evil.ini", "Weapon Evil\r\nEnd\r\n"},
+                                      {"Data\\Other.ini", "Weapon NotThis\r\nEnd\r\n"},
+                                      {"Data\\INI\\Picture.tga", "Weapon NotThis\r\nEnd\r\n"}}));
+  folder.write("b.big", ArchiveBytes({{"Data\\INI\\Armor.ini", "Armor FromB\r\nEnd\r\n"},
+                                      {"Data\\INI\\Object\\X.ini", "Object X\r\n Armor = A\r\nEnd\r\n"}}));
+  folder.write("damaged.big", "BIGF and no more");
+  const CataloguePtr catalogue = ReadCatalogue({folder.path()});
+  EXPECT_EQ(catalogue->files().size(), 3U);
+  EXPECT_EQ(Definitions(catalogue, "Loose"), "Weapon.ini:1:8 Loose");
+  EXPECT_EQ(Definitions(catalogue, "FromA"), "(A.BIG)Armor.ini:1:7 FromA");
+  EXPECT_EQ(Definitions(catalogue, "X"), "(b.big)Object\\X.ini:1:8 X");
+  for (const char* name : {"Hidden", "FromB", "Evil", "NotThis"})
+    EXPECT_EQ(Definitions(catalogue, name), "") << name;
+  EXPECT_EQ(Skipped(catalogue),
+            "Evil.ini): its path leads elsewhere\ndamaged.big: it cannot be read as an archive\n");
+}
+
+TEST(Catalogue, FurtherSourcesStandBehind) {
+  const GameFolder folder, original;
+  folder.ini("Weapon.ini", "Weapon Mine\nEnd\n");
+  original.ini("Weapon.ini", "Weapon Hidden\nEnd\n");
+  original.ini("Armor.ini", "Armor Original\nEnd\n");
+  original.write("More.big", ArchiveBytes({{"Data\\INI\\Science.ini", "Science InArchive\r\nEnd\r\n"}}));
+  original.write("Apart", ArchiveBytes({{"Data\\INI\\Upgrade.ini", "Upgrade Apart\r\nEnd\r\n"}}));
+  fs::rename(original.native("Apart"), folder.native("Data/Apart.big"));
+  const CataloguePtr catalogue = ReadCatalogue(
+      {folder.path(), {original.path(), folder.path() + "\\Data\\Apart.big", folder.path() + "\\nothing"}});
+  EXPECT_EQ(Definitions(catalogue, "Hidden"), "");
+  for (const char* name : {"Mine", "Original", "InArchive", "Apart"}) {
+    const auto found = catalogue->definitions(kNoSpace, name);
+    ASSERT_EQ(found.size(), 1U) << name;
+    EXPECT_EQ(found[0].file->source().own, name == std::string("Mine")) << name;
+  }
+  EXPECT_EQ(Skipped(catalogue), "nothing: it is no folder and no archive\n");
+}
+
+TEST(Catalogue, SkipsAndListsWhatIsNoText) {
+  const GameFolder folder;
+  folder.ini("Good.ini", "Weapon Gun\nEnd\n");
+  folder.write("Data/INI/Zero.ini", std::string_view("Weapon A\0\r\nEnd", 14));
+  folder.write("Data/INI/Long.ini", "Weapon A\r\nEnd\r\n" + std::string((1 << 20) + 10, 'x'));
+  folder.write("Data/INI/NotLong.ini", "Weapon B\r\nEnd\r\n;" + std::string(1 << 20, 'x').substr(2) + "\r\n");
+  fs::create_directory_symlink(folder.native("Data/INI"), folder.native("Data/INI/Loop"));
+  fs::create_symlink("nowhere", folder.native("Data/INI/Gone.ini"));
+  fs::create_symlink("Round.ini", folder.native("Data/INI/Round.ini"));
+  fs::create_directory(folder.native("Data/INI/Folder.ini"));
+  const CataloguePtr catalogue = ReadCatalogue({folder.path()});
+  EXPECT_EQ(catalogue->files().size(), 2U);
+  EXPECT_EQ(Skipped(catalogue),
+            "Gone.ini: it is no ordinary file\n"
+            "Loop: it leads to a folder that is read already\n"
+            "Round.ini: it is no ordinary file\n"
+            "Long.ini: it has a line of more than 1 MB\n"
+            "Zero.ini: it is no text\n");
+}
+
+TEST(Catalogue, ASecondFileInOtherLetterCaseIsListed) {
+  const GameFolder folder;
+  folder.ini("WEAPON.INI", "Weapon First\nEnd\n");
+  folder.ini("Weapon.ini", "Weapon Second\nEnd\n");
+  const CataloguePtr catalogue = ReadCatalogue({folder.path()});
+  EXPECT_EQ(Definitions(catalogue, "First"), "WEAPON.INI:1:8 First");
+  EXPECT_EQ(Definitions(catalogue, "Second"), "");
+  EXPECT_EQ(Skipped(catalogue), "Weapon.ini: another file has this path in other letter case\n");
+}
+
+TEST(Catalogue, UnreadableFilesAndMissingFoldersAreNoEnd) {
+  const GameFolder folder;
+  folder.ini("Weapon.ini", "Weapon A\nEnd\n");
+  fs::permissions(folder.native("Data/INI/Weapon.ini"), fs::perms::none);
+  const bool readable = std::ifstream(folder.native("Data/INI/Weapon.ini")).is_open();  // as root it is
+  EXPECT_EQ(Skipped(ReadCatalogue({folder.path()})), readable ? "" : "Weapon.ini: it cannot be read\n");
+  EXPECT_TRUE(ReadCatalogue({folder.path() + "\\none"})->files().empty());
+  EXPECT_TRUE(ReadCatalogue({})->files().empty());
+}
+
+TEST(Catalogue, ReadsAgainOnlyWhatHasChanged) {
+  const GameFolder folder;
+  folder.ini("Weapon.ini", "Weapon A\nEnd\n");
+  folder.ini("Armor.ini", "Armor A\nEnd\n");
+  AgeAll(folder);
+  const CataloguePtr before = ReadCatalogue({folder.path()});
+  folder.ini("Weapon.ini", "Weapon B\nEnd\n");  // of the same size
+  const CataloguePtr after = ReadCatalogue({folder.path()}, before.get());
+  EXPECT_EQ(after->file("Data\\INI\\Armor.ini"), before->file("Data\\INI\\Armor.ini"));
+  EXPECT_EQ(Definitions(after, "B"), "Weapon.ini:1:8 B");
+  EXPECT_EQ(Definitions(before, "B"), "");
+  folder.ini("Weapon.ini", "Weapon C\nEnd\n");  // within the tick of the clock
+  EXPECT_EQ(Definitions(ReadCatalogue({folder.path()}, after.get()), "C"), "Weapon.ini:1:8 C");
+  fs::remove(folder.native("Data/INI/Weapon.ini"));
+  EXPECT_EQ(ReadCatalogue({folder.path()}, after.get())->files().size(), 1U);
+}
+
+TEST(Catalogue, TakesOneFileAnew) {
+  const GameFolder folder;
+  folder.ini("Weapon.ini", "Weapon A\nEnd\n");
+  folder.ini("Armor.ini", "Armor A\nEnd\n");
+  folder.write("INI.big", ArchiveBytes({{"Data\\INI\\Weapon.ini", "Weapon Old\r\nEnd\r\n"},
+                                        {"Data\\INI\\New.ini", "Weapon New\r\nEnd\r\n"}}));
+  AgeAll(folder);
+  CataloguePtr catalogue = ReadCatalogue({folder.path()});
+  const CatalogueFile* armor = catalogue->file("Data\\INI\\Armor.ini");
+  folder.ini("Armor.ini", "Armor Unasked\nEnd\n");
+  folder.ini("Weapon.ini", "\nWeapon B\nEnd\n");
+  catalogue = WithFileRead(*catalogue, "data/ini/weapon.INI");
+  EXPECT_EQ(Definitions(catalogue, "B"), "Weapon.ini:2:8 B");
+  EXPECT_EQ(catalogue->file("Data\\INI\\Armor.ini"), armor);
+  folder.ini("New.ini", "Weapon Newer\nEnd\n");
+  catalogue = WithFileRead(*catalogue, "Data\\INI\\New.ini");
+  EXPECT_EQ(Definitions(catalogue, "New"), "");
+  EXPECT_EQ(Definitions(catalogue, "Newer"), "New.ini:1:8 Newer");
+  fs::remove(folder.native("Data/INI/Weapon.ini"));
+  catalogue = WithFileRead(*catalogue, "Data\\INI\\Weapon.ini");
+  EXPECT_EQ(Definitions(catalogue, "Old"), "(INI.big)Weapon.ini:1:8 Old");
+}
+
+TEST(Catalogue, TakesATextThatIsNotSaved) {
+  const GameFolder folder;
+  folder.ini("Weapon.ini", "Weapon A\nEnd\n");
+  AgeAll(folder);
+  const CataloguePtr before = ReadCatalogue({folder.path()});
+  const CataloguePtr edited = WithText(*before, "Data\\INI\\weapon.ini", "Weapon Edited\n FireFX = F\nEnd");
+  EXPECT_EQ(Definitions(edited, "Edited"), "Weapon.ini:1:8 Edited");
+  EXPECT_EQ(edited->countUses(Space("FXList"), "f"), 1U);
+  EXPECT_EQ(Definitions(WithText(*edited, "Data\\INI\\Z.ini", "Weapon Z\nEnd"), "Z"), "Z.ini:1:8 Z");
+  EXPECT_EQ(Definitions(ReadCatalogue({folder.path()}, edited.get()), "A"), "Weapon.ini:1:8 A");
+}
+
+TEST(Catalogue, StopsWhenAskedAndTellsHowFarItIs) {
+  const GameFolder folder;
+  for (int i = 0; i < 10; ++i) folder.ini(std::to_string(i) + ".ini", "Weapon A\nEnd\n");
+  std::stop_source stop;
+  std::size_t told = 0;
+  const auto progress = [&](std::size_t done, std::size_t all) {
+    EXPECT_EQ(all, 10U);
+    told = done;
+    if (done == 4) stop.request_stop();
+  };
+  EXPECT_EQ(ReadCatalogue({folder.path()}, nullptr, stop.get_token(), progress), nullptr);
+  EXPECT_EQ(told, 4U);
+}
+
+TEST(Catalogue, ThreadsMayShareIt) {
+  const GameFolder folder;
+  for (int i = 0; i < 20; ++i)
+    folder.ini(std::to_string(i) + ".ini", "Weapon W" + std::to_string(i) + "\n FireFX = F\nEnd\n");
+  const CataloguePtr catalogue = ReadCatalogue({folder.path()});
+  std::vector<std::jthread> threads;
+  for (int thread = 0; thread < 4; ++thread)
+    threads.emplace_back([catalogue] {
+      for (int i = 0; i < 200; ++i) {
+        EXPECT_EQ(catalogue->uses(Space("FXList"), "f").size(), 20U);
+        EXPECT_EQ(WithText(*catalogue, "Data\\INI\\0.ini", "")->countUses(Space("FXList"), "F"), 19U);
+      }
+    });
+}
+
+TEST(NameIndex, AnswersAsTheCatalogueDoes) {
+  const GameFolder folder;
+  folder.ini("A.ini", "Weapon Gun\n FireFX = Flash\nEnd\nFXList Gun\nEnd\n");
+  folder.ini("B.ini", "FXList flash\nEnd\nWeapon GUN\n FireFX = None\nEnd\n");
+  const CataloguePtr catalogue = ReadCatalogue({folder.path()});
+  const NameIndex index(*catalogue);
+  for (const char* name : {"gun", "FLASH", "none", "other"}) {
+    for (const SpaceId space : {Space("Weapon"), Space("FXList"), kNoSpace}) {
+      EXPECT_EQ(Places(index.definitions(space, name)), Places(catalogue->definitions(space, name))) << name;
+      EXPECT_EQ(index.defines(space, name), catalogue->defines(space, name)) << name;
+      EXPECT_EQ(index.uses(space, name), catalogue->countUses(space, name) > 0) << name;
+    }
+  }
+}
+
+}  // namespace korvane
