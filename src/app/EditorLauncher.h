@@ -30,8 +30,9 @@ class EditorLauncher {
   virtual void showOptions() = 0;
   virtual void showAbout() = 0;
 
-  // Keeps the unsaved text of the manual editor, if there is any: the program is about to end.
-  virtual void keepUnsavedTexts() = 0;
+  // Keeps the unsaved text of the manual editor, if there is any: the program is about to end. False when it
+  // cannot be kept and the user does not want to lose it.
+  virtual bool keepUnsavedTexts() = 0;
 
   // Destroys the embedded folder chooser, if there is one.
   virtual void CloseBrowse() = 0;

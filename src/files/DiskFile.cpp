@@ -10,6 +10,8 @@
 #include <unistd.h>
 #include <utility>
 
+#include "files/StillFile.h"
+
 namespace korvane {
 
 namespace fs = std::filesystem;
@@ -95,6 +97,16 @@ bool DiskFile::isAt(const fs::path& path) const {
   struct stat there {};
   return ::fstat(handle_, &here) == 0 && ::lstat(path.c_str(), &there) == 0 && here.st_dev == there.st_dev &&
          here.st_ino == there.st_ino;
+}
+
+std::optional<FileLook> LookAt(const fs::path& path) {
+  struct stat found {};
+  if (::stat(path.c_str(), &found) != 0 || !S_ISREG(found.st_mode)) return std::nullopt;
+  const auto nanoseconds = [](const timespec& time) {
+    return std::int64_t{time.tv_sec} * 1'000'000'000 + std::int64_t{time.tv_nsec};
+  };
+  return FileLook{static_cast<std::uint64_t>(found.st_size), nanoseconds(found.st_mtim),
+                  nanoseconds(found.st_ctim), std::uint64_t{found.st_ino}};
 }
 
 std::error_code SyncToDisk(const fs::path& path) {

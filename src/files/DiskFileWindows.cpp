@@ -2,6 +2,7 @@
 #define WIN32_LEAN_AND_MEAN
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <fcntl.h>
 #include <io.h>
@@ -11,6 +12,7 @@
 #include <windows.h>
 
 #include "files/DiskFile.h"
+#include "files/StillFile.h"
 
 namespace korvane {
 
@@ -84,6 +86,16 @@ bool DiskFile::lock() {
 
 bool DiskFile::isAt(const fs::path&) const {
   return handle_ >= 0;
+}
+
+std::optional<FileLook> LookAt(const fs::path& path) {
+  std::error_code error;
+  if (!fs::is_regular_file(path, error)) return std::nullopt;
+  const std::uint64_t size = fs::file_size(path, error);
+  if (error) return std::nullopt;
+  const auto written = fs::last_write_time(path, error).time_since_epoch();
+  if (error) return std::nullopt;
+  return FileLook{size, std::chrono::duration_cast<std::chrono::nanoseconds>(written).count(), 0, 0};
 }
 
 std::error_code SyncToDisk(const fs::path& path) {

@@ -9,6 +9,16 @@ namespace {
 
 constexpr std::chrono::microseconds kPause(500);
 
+// Windows lets nobody open a file that somebody holds.
+bool IsInUse(const std::error_code& error) {
+#ifdef _WIN32
+  return error == std::errc::permission_denied;
+#else
+  static_cast<void>(error);
+  return false;
+#endif
+}
+
 }  // namespace
 
 // A holder that goes takes the file along: who waited for that file then holds one that has no name any more.
@@ -24,9 +34,7 @@ bool FileLock::take(const std::filesystem::path& file, std::chrono::milliseconds
   path_ = file;
   const auto end = std::chrono::steady_clock::now() + patience;
   std::error_code error = tryOnce();
-  // Some systems let nobody open a file that somebody holds.
-  while (!held_ && (!error || error == std::errc::permission_denied) &&
-         std::chrono::steady_clock::now() < end) {
+  while (!held_ && (!error || IsInUse(error)) && std::chrono::steady_clock::now() < end) {
     std::this_thread::sleep_for(kPause);
     error = tryOnce();
   }

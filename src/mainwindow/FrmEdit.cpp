@@ -183,7 +183,7 @@ bool FrmEdit::exitConfirmed() {
 
 void FrmEdit::closeEvent(QCloseEvent* event) {
   if (ConfirmExit_) {
-    if (!exitConfirmed()) {
+    if (!exitConfirmed() || !launcher_.keepUnsavedTexts()) {
       event->ignore();
       return;
     }
@@ -194,15 +194,14 @@ void FrmEdit::closeEvent(QCloseEvent* event) {
 }
 
 void FrmEdit::CloseSoft() {
-  launcher_.keepUnsavedTexts();
   launcher_.CloseBrowse();
   services_.process.end();
 }
 
 void FrmEdit::exitCommand() {
+  if (!launcher_.keepUnsavedTexts()) return;
   ConfirmExit_ = false;
   SavePlacement(services_.settings, *this);
-  launcher_.keepUnsavedTexts();
   launcher_.CloseBrowse();
   close();
   services_.process.end();

@@ -20,6 +20,7 @@
 #include "controls/FontDialog.h"
 #include "controls/Icons.h"
 #include "controls/Named.h"
+#include "controls/NoticeBar.h"
 #include "controls/Placement.h"
 #include "controls/StoredFont.h"
 #include "manualeditor/BlockOutline.h"
@@ -107,13 +108,14 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
       outline_(new BlockOutline(*TxtManEdit_)),
       find_(new FindBar(*TxtManEdit_, *TB1_)),
       openText_(new OpenText(*TxtManEdit_, services, files, versions)),
+      notices_(new NoticeBar),
       replace_(new FrmReplace(*TxtManEdit_, this)),
       Timer1_(new QTimer(this)) {
   setObjectName("FrmManEdit");
   setWindowTitle(kCaption);
   setWindowIcon(ApplicationIcon());
   TxtManEdit_->setObjectName("TxtManEdit");
-  setCentralWidget(TxtManEdit_);
+  setCentralWidget(NoticeBar::below(TxtManEdit_, notices_));
   openText_->setParent(this);
   buildMenus();
   buildTextMenus();
@@ -121,6 +123,10 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
   buildToolBar();
   resize(kDesignSize);
   connect(TxtManEdit_, &IniTextEdit::cursorMayHaveMoved, this, &FrmManEdit::showLine);
+  connect(openText_, &OpenText::loadedAnew, this, &FrmManEdit::showAnew);
+  connect(openText_, &OpenText::said, notices_, [this](OpenText::Notice notice, const QString& sentence) {
+    notices_->tell(notice, sentence.isEmpty() ? std::vector<Notice>() : std::vector{Notice(sentence)});
+  });
   Timer1_->setObjectName("Timer1");
   connect(Timer1_, &QTimer::timeout, this, &FrmManEdit::showClock);
   Timer1_->start(kClockInterval);
@@ -202,9 +208,13 @@ bool FrmManEdit::open(const ManualEditRequest& request) {
   return true;
 }
 
-void FrmManEdit::keepUnsavedText() {
+bool FrmManEdit::keepUnsavedText() {
   const WindowCalls::Running call(calls_);
-  openText_->keepUnsaved();
+  return openText_->letGo();
+}
+
+void FrmManEdit::keepAtEnd() {
+  openText_->keepAtEnd();
 }
 
 // A window that is active already, or whose display never activates one, gets its set-up all the same.
@@ -215,8 +225,20 @@ void FrmManEdit::setUpSoon() {
 
 bool FrmManEdit::event(QEvent* event) {
   const bool handled = QMainWindow::event(event);
-  if (event->type() == QEvent::WindowActivate) setUpSoon();
+  if (event->type() == QEvent::WindowActivate) {
+    setUpSoon();
+    QMetaObject::invokeMethod(this, &FrmManEdit::lookAgain, Qt::QueuedConnection);
+  }
   return handled;
+}
+
+void FrmManEdit::lookAgain() {
+  if (ManEditInitDone_ && !calls_.isClosed()) openText_->lookAgain();
+}
+
+void FrmManEdit::showAnew() {
+  lineTotal_ = TxtManEdit_->lineCount();
+  showLine();
 }
 
 void FrmManEdit::showEvent(QShowEvent* event) {
@@ -281,9 +303,9 @@ void FrmManEdit::finishSetUp() {
 
 void FrmManEdit::closeEvent(QCloseEvent* event) {
   const WindowCalls::Running call(calls_);
+  if (!openText_->letGo()) return event->ignore();
   SavePlacement(services_.settings, *this);
   find_->save(services_.settings);
-  openText_->keepUnsaved();
   QMainWindow::closeEvent(event);
   calls_.close();
 }

@@ -21,6 +21,7 @@ class FontChooser;
 class FrmReplace;
 class IniTextEdit;
 class KeptVersions;
+class NoticeBar;
 class OpenText;
 struct Services;
 
@@ -39,7 +40,10 @@ class FrmManEdit : public QMainWindow {
   bool ManEditInitDone() const { return ManEditInitDone_; }
 
   // Keeps an unsaved text among the former versions of its file, for the moment before the program ends.
-  void keepUnsavedText();
+  // False when it cannot be kept and the user does not want to lose it.
+  bool keepUnsavedText();
+  // The same for a program that ends in any case: nothing is asked.
+  void keepAtEnd();
 
  Q_SIGNALS:
   // The window can go, see WindowCalls.
@@ -62,6 +66,8 @@ class FrmManEdit : public QMainWindow {
   void buildStatusBar();
 
   void setUpSoon();
+  void lookAgain();
+  void showAnew();
   void setUp();
   void runSetUp();
   bool showStep(const QString& caption);
@@ -94,6 +100,7 @@ class FrmManEdit : public QMainWindow {
   BlockOutline* outline_;
   FindBar* find_;
   OpenText* openText_;
+  NoticeBar* notices_;
   FrmReplace* replace_;
   QTimer* Timer1_;
   std::array<QLabel*, 5> panels_{};

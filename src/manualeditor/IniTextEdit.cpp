@@ -141,12 +141,16 @@ void IniTextEdit::setBytes(std::string_view bytes) {
   moveToStart();
 }
 
-FileBytesOfText IniTextEdit::fileBytes() const {
-  return FileOfUtf8(utf8());
+void IniTextEdit::setBytesAgain(std::string_view bytes) {
+  const long topLine = send(Sci::SCI_GETFIRSTVISIBLELINE);
+  const Place cursor = placeOf(send(Sci::SCI_GETCURRENTPOS));
+  setBytes(bytes);
+  goTo(cursor.line, cursor.column, 0);
+  send(Sci::SCI_SETFIRSTVISIBLELINE, topLine);
 }
 
-std::string IniTextEdit::keepableBytes() const {
-  return KeepableOfUtf8(utf8());
+FileBytesOfText IniTextEdit::fileBytes() const {
+  return FileOfUtf8(utf8());
 }
 
 bool IniTextEdit::isModified() const {

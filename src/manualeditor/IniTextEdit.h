@@ -7,9 +7,9 @@
 #include <string>
 #include <string_view>
 
-#include "manualeditor/FileText.h"
 #include "manualeditor/ScintillaView.h"
 #include "manualeditor/TextSearch.h"
+#include "platform/FileText.h"
 
 class QsciScintilla;
 
@@ -34,10 +34,10 @@ class IniTextEdit : public QWidget {
 
   // A new text (a file's bytes): unmodified, with nothing to undo, the cursor at its start.
   void setBytes(std::string_view bytes);
+  // The same for another version of the text that is shown: the cursor and the view stay.
+  void setBytesAgain(std::string_view bytes);
   // The file that holds the text, see FileOfUtf8.
   FileBytesOfText fileBytes() const;
-  // The text as it can be kept whatever it holds, see KeepableOfUtf8.
-  std::string keepableBytes() const;
 
   bool isModified() const;
   void setUnmodified();

@@ -1,45 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "manualeditor/OpenText.h"
 
-#include <QLockFile>
+#include <QDir>
+#include <QUuid>
 
-#include <algorithm>
-#include <filesystem>
+#include <iostream>
 
 #include "app/ManualEditRequest.h"
 #include "app/Services.h"
-#include "files/FileBytes.h"
 #include "files/NativePath.h"
 #include "manualeditor/IniTextEdit.h"
+#include "manualeditor/ShowableFile.h"
 #include "platform/FileWriter.h"
+#include "platform/KeptVersions.h"
 #include "platform/MessageBoxes.h"
 
 namespace korvane {
 
 namespace {
 
-constexpr std::size_t kLongestLine = 1 << 18;
 constexpr int kNoteInterval = 3000;  // milliseconds of typing that a crash may cost
-const QString kEndlessLine = QStringLiteral("A line is too long to be shown: ");
 const QString kLineEnd = QStringLiteral("\r\n");
-
-// A fault in the middle of a file shows in its length only.
-bool ReadWhole(const QString& path, FileBytes& file) {
-  const std::string text = path.toStdString();
-  if (!file.read(text, {})) return false;
-  std::error_code error;
-  return std::filesystem::file_size(NativePath(text), error) == file.bytes().size() && !error;
-}
-
-// The text control lays out a line as a whole: one of a megabyte takes a second, over and over.
-bool HasEndlessLine(std::string_view bytes) {
-  for (std::size_t start = 0; bytes.size() - start > kLongestLine;) {
-    const std::size_t end = bytes.find_first_of("\r\n", start);
-    if (std::min(end, bytes.size()) - start > kLongestLine) return true;
-    start = end + 1;
-  }
-  return false;
-}
 
 QString CodeOf(char32_t character) {
   return QStringLiteral("U+%1").arg(static_cast<uint>(character), 4, 16, QChar('0')).toUpper();
@@ -53,48 +34,122 @@ OpenText::OpenText(IniTextEdit& text, const Services& services, const FileWriter
   noteTimer_.setSingleShot(true);
   noteTimer_.setInterval(kNoteInterval);
   connect(&noteTimer_, &QTimer::timeout, this, &OpenText::noteUnsaved);
+  connect(&journal_, &UnsavedJournal::noted, this, &OpenText::tellNoted);
   connect(&text_, &IniTextEdit::edited, &noteTimer_, [this] {
     if (!noteTimer_.isActive()) noteTimer_.start();
   });
 }
 
 bool OpenText::open(const ManualEditRequest& request) {
-  if (request.text) return take(*request.text, request);
   FileBytes file;
-  if (ReadWhole(request.ManualEditFile, file)) return take(file.bytes(), request);
-  tell(QStringLiteral("The file cannot be read: ") + kLineEnd + request.ManualEditFile);
-  return false;
-}
-
-bool OpenText::take(std::string_view bytes, const ManualEditRequest& request) {
-  if (HasEndlessLine(bytes)) {
-    tell(kEndlessLine + kLineEnd + request.ManualEditFile);
+  FileLook look;
+  const QString problem =
+      request.text ? WhyNotShown(*request.text) : ReadToShow(request.ManualEditFile, file, look);
+  if (!problem.isEmpty()) {
+    tell(problem + kLineEnd + request.ManualEditFile);
     return false;
   }
-  keepUnsaved();
+  if (!letGo()) return false;
   file_ = request.ManualEditFile;
   part_ = request.ManualEditPartial != 0;
-  text_.setBytes(bytes);
+  onDisk_.reset();
+  if (!request.text && !part_) onDisk_ = MarkOf(file.bytes());
+  look_ = look;
+  vanished_ = false;
+  text_.setBytes(request.text ? std::string_view(*request.text) : file.bytes());
+  Q_EMIT said(ofFile, {});
   return true;
 }
 
-void OpenText::save() {
-  if (part_) return tell("Sorry, " + ApplicationTitle() + " can only save 'Files' not 'Objects'");
-  const FileBytesOfText file = text_.fileBytes();
-  if (file.refused) return refuse(file.refused->character, file.refused->position);
-  auto lock = versions_.lock(file_);
-  const QString notKept = versions_.keepReplaced(file_, file.bytes);
-  const QString notWritten = files_.replace(file_, file.bytes);
-  lock.reset();
-  if (!notWritten.isEmpty()) {
-    return tell(QStringLiteral("The file was not saved: ") + kLineEnd + file_ + kLineEnd + notWritten);
+bool OpenText::save() {
+  if (part_) {
+    tell("Sorry, " + ApplicationTitle() + " can only save 'Files' not 'Objects'");
+    return false;
   }
-  text_.setUnmodified();
-  journal_.discard();
-  if (!notKept.isEmpty()) {
+  const FileBytesOfText text = text_.fileBytes();
+  if (text.refused) {
+    refuse(text.refused->character, text.refused->position);
+    return false;
+  }
+  FileToSave file{file_, text.bytes, text_.utf8(), onDisk_};
+  FileSaved result = SaveFile(file, files_, versions_);
+  while (goesOn(file, result)) result = SaveFile(file, files_, versions_);
+  if (result.stop != FileSaved::Stop::none) return false;
+  saved(text.bytes);
+  if (!result.notKept.isEmpty()) {
     tell(QStringLiteral("The file is saved, but its former version could not be kept: ") + kLineEnd +
-         notKept);
+         result.notKept);
   }
+  return true;
+}
+
+// Tells or asks why a save came to nothing. True: it is to be tried once more.
+bool OpenText::goesOn(FileToSave& file, const FileSaved& saved) {
+  switch (saved.stop) {
+    case FileSaved::Stop::none:
+      break;
+    case FileSaved::Stop::otherBytes:
+      return saveInstead(saved, file);
+    case FileSaved::Stop::formerUnreadable:
+      file.formerMayGo = true;
+      return ask(fileName() + " cannot be read, so its former version cannot be kept.",
+                 {"Save anyway", "Cancel"}) == 0;
+    case FileSaved::Stop::failed:
+      tell(QStringLiteral("The file was not saved: ") + kLineEnd + file_ + kLineEnd + saved.reason);
+  }
+  return false;
+}
+
+// What is saved anyway is the text over these other bytes; over others again it is another question.
+bool OpenText::saveInstead(const FileSaved& saved, FileToSave& file) {
+  enum { saveAnyway, loadNew };
+  file.opened = saved.seen;
+  const int answer = ask(fileName() + " was changed by another program since it was opened.",
+                         {"Save anyway", "Load the new text", "Cancel"});
+  if (answer == loadNew && letGo()) loadNewText();
+  return answer == saveAnyway;
+}
+
+void OpenText::saved(std::string_view bytes) {
+  text_.setUnmodified();
+  vanished_ = false;
+  onDisk_ = MarkOf(bytes);
+  look_ = LookAt(NativePath(file_.toStdString())).value_or(FileLook());
+  noteTimer_.stop();
+  journal_.discard();
+  Q_EMIT said(ofFile, {});
+}
+
+void OpenText::loadNewText() {
+  FileBytes file;
+  FileLook look;
+  const QString problem = ReadToShow(file_, file, look);
+  if (!problem.isEmpty()) return tell(problem + kLineEnd + file_);
+  showAnew(file.bytes(), look);
+}
+
+void OpenText::showAnew(std::string_view bytes, const FileLook& look) {
+  const bool other = MarkOf(bytes) != onDisk_;
+  look_ = look;
+  vanished_ = false;
+  onDisk_ = MarkOf(bytes);
+  Q_EMIT said(ofFile, other ? fileName() + " was changed by another program and is loaded anew." : QString());
+  if (!other && !text_.isModified()) return;
+  text_.setBytesAgain(bytes);
+  Q_EMIT loadedAnew();
+}
+
+void OpenText::lookAgain() {
+  if (!onDisk_ || text_.isModified()) return;
+  const std::optional<FileLook> look = LookAt(NativePath(file_.toStdString()));
+  if (!look && !vanished_) {
+    vanished_ = true;
+    Q_EMIT said(ofFile, fileName() + " is no longer there. Its text is not saved.");
+  }
+  if (!look || (*look == look_ && !vanished_)) return;
+  FileBytes file;
+  FileLook stillLook;
+  if (ReadToShow(file_, file, stillLook).isEmpty()) showAnew(file.bytes(), stillLook);
 }
 
 void OpenText::refuse(char32_t character, qsizetype position) {
@@ -107,33 +162,72 @@ void OpenText::refuse(char32_t character, qsizetype position) {
            .arg(place.column + 1));
 }
 
+QString OpenText::fileName() const {
+  return file_.mid(qMax(file_.lastIndexOf('\\'), file_.lastIndexOf('/')) + 1);
+}
+
 void OpenText::tell(const QString& text) {
   services_.messages.show({.text = text}, text_.window());
 }
 
-void OpenText::keepUnsaved() {
-  noteTimer_.stop();
-  if (!text_.isModified()) return journal_.discard();
-  const std::string bytes = text_.keepableBytes();
-  const QString notKept = versions_.keepUnsaved(file_, part_, bytes);
-  if (notKept.isEmpty()) return journal_.discard();
-  const bool noted = journal_.note(file_, part_, bytes);
-  journal_.release();
-  tellNotKept(notKept, noted);
+int OpenText::ask(const QString& text, const QStringList& answers) {
+  return services_.messages.ask({.text = text, .answers = answers}, text_.window());
 }
 
-void OpenText::tellNotKept(const QString& reason, bool noted) {
+bool OpenText::isUnsaved() const {
+  return text_.isModified() || vanished_;
+}
+
+UnsavedText OpenText::unsaved() const {
+  return {file_, part_, std::string(text_.utf8())};
+}
+
+bool OpenText::letGo() {
+  noteTimer_.stop();
+  const QString notKept = isUnsaved() ? versions_.keepUnsaved(unsaved()) : QString();
+  if (!notKept.isEmpty()) return mayLose(notKept);
+  journal_.discard();
+  return true;
+}
+
+bool OpenText::mayLose(const QString& reason) {
+  const bool noted = journal_.note(unsaved()).isEmpty();
   const QString next =
       noted ? kLineEnd + QStringLiteral("The program will try again when it next starts.") : QString();
-  tell(QStringLiteral("The unsaved text could not be kept: ") + kLineEnd + file_ + kLineEnd + reason + next);
+  const QStringList answers =
+      part_ ? QStringList{"Close anyway", "Cancel"} : QStringList{"Close anyway", "Save", "Cancel"};
+  const int answer = ask(
+      QStringLiteral("The unsaved text could not be kept: ") + kLineEnd + file_ + kLineEnd + reason + next,
+      answers);
+  if (answers[answer] == "Save") return save();
+  if (answers[answer] == "Cancel") return false;
+  journal_.release();
+  return true;
+}
+
+void OpenText::keepAtEnd() {
+  noteTimer_.stop();
+  if (!isUnsaved()) return journal_.discard();
+  const UnsavedText text = unsaved();
+  const QString notKept = versions_.keepUnsaved(text);
+  if (notKept.isEmpty()) return journal_.discard();
+  journal_.note(text);
+  const QString refuge = QDir::tempPath() + "/Korvane " + QUuid::createUuid().toString(QUuid::Id128).left(8) +
+                         ' ' + FittingName(fileName());
+  const QString reason = files_.createPrivate(refuge, KeepableOfUtf8(text.utf8).bytes);
+  const QString where = reason.isEmpty() ? "it is in " + refuge : "nor in " + refuge + ": " + reason;
+  std::cerr << "The unsaved text of " << file_.toStdString() << " could not be kept ("
+            << notKept.toStdString() << "); " << where.toStdString() << std::endl;
 }
 
 void OpenText::noteUnsaved() {
-  if (text_.isModified()) {
-    journal_.note(file_, part_, text_.keepableBytes());
-  } else {
-    journal_.discard();
-  }
+  if (!isUnsaved()) return journal_.discard();
+  if (journal_.isNoting()) return noteTimer_.start();
+  journal_.noteSoon(unsaved());
+}
+
+void OpenText::tellNoted(const QString& reason) {
+  Q_EMIT said(ofDraft, reason.isEmpty() ? QString() : "What is typed is not safe from a crash: " + reason);
 }
 
 }  // namespace korvane

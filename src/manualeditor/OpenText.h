@@ -4,14 +4,18 @@
 #include <QObject>
 #include <QTimer>
 
+#include <optional>
 #include <string_view>
 
-#include "platform/KeptVersions.h"
+#include "files/StillFile.h"
+#include "platform/FileSaving.h"
+#include "platform/UnsavedJournal.h"
 
 namespace korvane {
 
 class FileWriter;
 class IniTextEdit;
+class KeptVersions;
 struct ManualEditRequest;
 struct Services;
 
@@ -25,8 +29,8 @@ class OpenText : public QObject {
   OpenText(IniTextEdit& text, const Services& services, const FileWriter& files,
            const KeptVersions& versions);
 
-  // Takes the place of the text, which is first kept where it is unsaved. False, after a message, when the
-  // file cannot be read whole or shown; nothing is changed then.
+  // Takes the place of the text, which is first let go. False, after a message or the user's answer, when
+  // that or the opening comes to nothing; nothing is changed then.
   bool open(const ManualEditRequest& request);
 
   // The program's path of the file, and whether the text is only a part of it, from the moment the text was
@@ -34,18 +38,41 @@ class OpenText : public QObject {
   const QString& file() const { return file_; }
   bool isPart() const { return part_; }
 
-  // Writes the file, or says why not.
-  void save();
-  // Keeps an unsaved text among the former versions of its file, or says why not and leaves it to the next
-  // start of the program.
-  void keepUnsaved();
+  // Writes the file. False, after a message or the user's answer, when it is not saved.
+  bool save();
+  // Keeps an unsaved text among the former versions of its file. Where it cannot be kept the user is asked;
+  // false: the text is to stay.
+  bool letGo();
+  // The same for a program that ends in any case: nothing is asked. A text that cannot be kept goes to the
+  // folder for temporary files and is named on the error stream.
+  void keepAtEnd();
+  // Loads a whole file anew that another program changed while nothing was typed. A text whose file is gone
+  // is unsaved from then on.
+  void lookAgain();
+
+  // What there is to be said of the text, each in a place of its own in the window.
+  enum Notice { ofFile, ofDraft };
+
+ Q_SIGNALS:
+  // An empty text takes back what was said.
+  void said(Notice notice, const QString& sentence);
+  void loadedAnew();
 
  private:
-  bool take(std::string_view bytes, const ManualEditRequest& request);
+  void loadNewText();
+  void showAnew(std::string_view bytes, const FileLook& look);
+  bool isUnsaved() const;
+  UnsavedText unsaved() const;
+  bool mayLose(const QString& reason);
+  bool goesOn(FileToSave& file, const FileSaved& saved);
+  bool saveInstead(const FileSaved& saved, FileToSave& file);
+  void saved(std::string_view bytes);
   void noteUnsaved();
-  void tellNotKept(const QString& reason, bool noted);
+  void tellNoted(const QString& reason);
   void refuse(char32_t character, qsizetype position);
+  QString fileName() const;
   void tell(const QString& text);
+  int ask(const QString& text, const QStringList& answers);
 
   IniTextEdit& text_;
   const Services& services_;
@@ -53,6 +80,9 @@ class OpenText : public QObject {
   const KeptVersions& versions_;
   QString file_;
   bool part_ = false;
+  std::optional<BytesMark> onDisk_;  // what the file held when it was last read or written; none of a part
+  FileLook look_;
+  bool vanished_ = false;
   UnsavedJournal journal_;
   QTimer noteTimer_;
 };

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <numeric>
 
-#include "manualeditor/FileText.h"
+#include "platform/FileText.h"
 
 namespace korvane {
 

@@ -57,4 +57,22 @@ bool DesktopMessageBoxes::show(const Message& message, QWidget* owner) {
   return message.buttons == Message::Buttons::ok || answer == QMessageBox::Yes;
 }
 
+int DesktopMessageBoxes::ask(const Question& question, QWidget* owner) {
+  const QPointer<QMessageBox> box = new QMessageBox(owner);
+  Prepare(*box, {.text = question.text, .icon = Message::Icon::question});
+  box->setStandardButtons(QMessageBox::NoButton);
+  const int last = static_cast<int>(question.answers.size()) - 1;
+  QList<QAbstractButton*> buttons;
+  for (const QString& answer : question.answers) {
+    const auto role = buttons.size() == last ? QMessageBox::RejectRole : QMessageBox::ActionRole;
+    buttons += box->addButton(answer, role);
+  }
+  box->setEscapeButton(buttons[last]);
+  box->setDefaultButton(qobject_cast<QPushButton*>(buttons[last]));
+  box->exec();
+  const auto answer = box.isNull() ? -1 : buttons.indexOf(box->clickedButton());
+  delete box;
+  return answer < 0 ? last : static_cast<int>(answer);
+}
+
 }  // namespace korvane

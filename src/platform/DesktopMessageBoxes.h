@@ -13,6 +13,7 @@ class DesktopMessageBoxes : public MessageBoxes {
   explicit DesktopMessageBoxes(HelpViewer& help) : help_(help) {}
 
   bool show(const Message& message, QWidget* owner) override;
+  int ask(const Question& question, QWidget* owner) override;
 
  private:
   HelpViewer& help_;

@@ -4,27 +4,27 @@
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
-#include <QLockFile>
 #include <QStandardPaths>
-#include <QUuid>
+
+#include <algorithm>
 
 #include "files/FileBytes.h"
 #include "files/NativePath.h"
 #include "files/WholeFile.h"
 #include "platform/FileWriter.h"
+#include "platform/TextEncoding.h"
+#include "platform/UnsavedJournal.h"
 
 namespace korvane {
 
+namespace fs = std::filesystem;
+
 namespace {
 
-constexpr qsizetype kKept = 10;
-constexpr int kMostNames = 1000;  // versions of one file in one millisecond
+constexpr std::size_t kKept = 10;  // of each of three sorts: replaced, unsaved, of an earlier release
 constexpr qsizetype kHashDigits = 8;
-constexpr int kLongestSave = 3000;  // milliseconds
-const QString kJournalEnding = QStringLiteral(".journal");
-const QString kLockEnding = QStringLiteral(".lock");
-const QString kUnsaved = QStringLiteral("unsaved ");
-const QString kUnsavedPart = QStringLiteral("unsaved part of ");
+constexpr std::chrono::milliseconds kLongestSave(3000);
+const QString kPathFile = QStringLiteral("path.txt");
 
 QString UsersFolder() {
   return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
@@ -35,28 +35,44 @@ QString FileName(const QString& path) {
   return path.mid(qMax(path.lastIndexOf('\\'), path.lastIndexOf('/')) + 1);
 }
 
-// Oldest last. The name tells the time; the file system's time is that of the text, not of the keeping.
-QStringList VersionsIn(const QString& folder) {
-  return QDir(folder).entryList(QDir::Files, QDir::Name | QDir::Reversed);
+fs::path Native(const QString& path) {
+  return NativePath(path.toStdString());
 }
 
-bool IsNewest(const QString& folder, std::string_view bytes) {
-  const QStringList versions = VersionsIn(folder);
-  if (versions.isEmpty()) return false;
-  const QString newest = folder + '/' + versions.first();
-  FileBytes file;
-  return QFileInfo(newest).size() == static_cast<qint64>(bytes.size()) &&
-         file.read(newest.toStdString(), {}) && file.bytes() == bytes;
+bool Holds(const QString& file, std::string_view bytes) {
+  FileBytes present;
+  std::error_code error;
+  return fs::file_size(Native(file), error) == bytes.size() && !error && present.readNative(Native(file)) &&
+         present.bytes() == bytes;
 }
 
-void Prune(const QString& folder) {
-  const QStringList versions = VersionsIn(folder);
-  for (qsizetype i = kKept; i < versions.size(); ++i) QFile::remove(folder + '/' + versions[i]);
+// A save that was killed leaves the live file under a second name among its versions.
+bool IsSameFile(const QString& file, const QString& path) {
+  std::error_code error;
+  return fs::equivalent(Native(file), Native(path), error) && !error;
 }
 
-// A journal is the path, a line end, "part" or nothing, a line end, and the text.
-std::string JournalOf(const QString& path, bool part, std::string_view bytes) {
-  return (path + '\n' + (part ? "part" : "") + '\n').toStdString().append(bytes);
+bool SameSort(const KeptVersion& a, const KeptVersion& b) {
+  return (a.number == 0) == (b.number == 0) && a.isUnsaved() == b.isUnsaved();
+}
+
+// Ten saves of one text would push every other version out. Gives the newest version of the sort when it is
+// that text.
+QString AlreadyKept(const QString& folder, const KeptVersion& version, std::string_view bytes) {
+  const std::vector<KeptVersion> versions = KeptVersions::versionsIn(folder);
+  const auto newest = std::ranges::find_if(versions, [&](const KeptVersion& each) {
+    return each.number > 0 && each.isUnsaved() == version.isUnsaved();
+  });
+  const bool same = newest != versions.end() && newest->part == version.part &&
+                    newest->utf8 == version.utf8 && Holds(newest->file, bytes);
+  return same ? newest->file : QString();
+}
+
+void Prune(const QString& folder, const KeptVersion& kept) {
+  std::size_t seen = 0;
+  for (const KeptVersion& version : KeptVersions::versionsIn(folder)) {
+    if (SameSort(version, kept) && ++seen > kKept) QFile::remove(version.file);
+  }
 }
 
 }  // namespace
@@ -72,102 +88,154 @@ QString KeptVersions::folderOf(const QString& path) const {
   // Files of one name in two game folders are two files; letter case makes no difference in a path.
   const QByteArray hash =
       QCryptographicHash::hash(QString(path).replace('/', '\\').toLower().toUtf8(), QCryptographicHash::Sha1);
-  return folder_ + '/' + FileName(path).toLower() + '-' + QString::fromLatin1(hash.toHex().left(kHashDigits));
+  return folder_ + '/' + FittingName(FileName(path).toLower()) + '-' +
+         QString::fromLatin1(hash.toHex().left(kHashDigits));
 }
 
-QString KeptVersions::keepReplaced(const QString& path, std::string_view replacement) const {
-  FileBytes old;
-  if (!old.read(path.toStdString(), {}) || old.bytes() == replacement) return {};
-  return keep(path, {}, old.bytes(), [&](const QString& name) {
-    return files_.keepAs(path, name).isEmpty() ? QString() : files_.create(name, old.bytes());
-  });
+std::vector<KeptVersion> KeptVersions::versionsIn(const QString& folder) {
+  std::vector<KeptVersion> versions;
+  for (const QString& name :
+       QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Name | QDir::Reversed)) {
+    std::optional<KeptVersion> version = VersionOfName(name);
+    if (!version) continue;
+    version->file = folder + '/' + name;
+    versions.push_back(*version);
+  }
+  std::ranges::stable_sort(versions, std::ranges::greater(), &KeptVersion::number);
+  return versions;
 }
 
-std::unique_ptr<QLockFile> KeptVersions::lock(const QString& path) const {
+std::vector<KeptVersions::File> KeptVersions::files() const {
+  std::vector<File> files;
+  for (const QString& name : QDir(folder_).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name)) {
+    const QString folder = folder_ + '/' + name;
+    if (folder == journalFolder()) continue;
+    FileBytes path;
+    path.readNative(Native(folder + '/' + kPathFile));
+    files.push_back({QString::fromUtf8(path.bytes()), name.chopped(kHashDigits + 1), folder});
+  }
+  return files;
+}
+
+std::optional<QString> KeptVersions::read(const KeptVersion& version) {
+  FileBytes file;
+  if (!file.readNative(Native(version.file))) return std::nullopt;
+  return version.utf8 ? QString::fromUtf8(file.bytes()) : FromBytes(file.bytes());
+}
+
+std::unique_ptr<FileLock> KeptVersions::lock(const QString& path) const {
   QDir().mkpath(folder_);
-  auto lock = std::make_unique<QLockFile>(folderOf(path) + kLockEnding);
-  lock->tryLock(kLongestSave);  // a save that does not get it is still better than none
+  auto lock = std::make_unique<FileLock>();
+  lock->take(Native(folderOf(path) + kLockEnding), kLongestSave);  // a save without it is better than none
   return lock;
 }
 
-QString KeptVersions::keepUnsaved(const QString& path, bool part, std::string_view bytes) const {
-  return keep(path, part ? kUnsavedPart : kUnsaved, bytes,
-              [&](const QString& name) { return files_.create(name, bytes); });
+QString KeptVersions::keepUnsaved(const UnsavedText& text) const {
+  const KeepableText keepable = KeepableOfUtf8(text.utf8);
+  KeptVersion version{.time = QDateTime::currentDateTimeUtc(),
+                      .kind = KeptVersion::Kind::closedUnsaved,
+                      .part = text.part,
+                      .utf8 = keepable.utf8};
+  const auto held = lock(text.path);
+  return keep(text.path, version, keepable.bytes);
 }
 
-QString KeptVersions::keep(const QString& path, const QString& label, std::string_view bytes,
-                           const Write& write) const {
+// Makes the folder, says whose it is, and finds the version's number and name.
+QString KeptVersions::prepare(const QString& path, KeptVersion& version) const {
   const QString folder = folderOf(path);
   if (!QDir().mkpath(folder)) return QStringLiteral("The folder %1 cannot be made").arg(folder);
-  if (IsNewest(folder, bytes)) return {};  // ten saves of one text would push every other version out
-  const QString time = QDateTime::currentDateTime().toString("yyyy-MM-dd HH.mm.ss.zzz");
-  QString reason;
-  for (int i = 1; i <= kMostNames; ++i) {
-    const QString number = i > 1 ? QStringLiteral(".%1").arg(i, 3, 10, QChar('0')) : QString();
-    const QString name = folder + '/' + time + number + ' ' + label + FileName(path);
-    reason = write(name);
-    if (reason.isEmpty() || !QFile::exists(name)) break;
+  RemoveLeftovers(Native(folder));
+  const QString pathFile = folder + '/' + kPathFile;
+  if (!QFile::exists(pathFile)) {
+    const QString reason = files_.createPrivate(pathFile, path.toStdString());
+    if (!reason.isEmpty()) return reason;
   }
-  if (reason.isEmpty()) Prune(folder);
-  return reason;
+  const std::vector<KeptVersion> versions = versionsIn(folder);
+  version.number = versions.empty() ? 1 : versions.front().number + 1;
+  version.file = folder + '/' + NameOfVersion(version, FileName(path));
+  return {};
+}
+
+QString KeptVersions::keep(const QString& path, KeptVersion& version, std::string_view bytes) const {
+  if (version.file = AlreadyKept(folderOf(path), version, bytes); !version.file.isEmpty()) return {};
+  QString reason = prepare(path, version);
+  if (reason.isEmpty()) reason = files_.createPrivate(version.file, bytes);
+  if (!reason.isEmpty()) return reason;
+  if (!Holds(version.file, bytes)) {
+    QFile::remove(version.file);
+    return QStringLiteral("%1 cannot be read back").arg(version.file);
+  }
+  if (const std::error_code error = SyncToDisk(Native(folderOf(path)))) {
+    return QString::fromLocal8Bit(error.message().c_str());
+  }
+  Prune(folderOf(path), version);
+  return {};
 }
 
 QString KeptVersions::journalFolder() const {
   return folder_ + QStringLiteral("/open");
 }
 
-void KeptVersions::recoverLost() const {
+void KeptVersions::recoverLost() {
+  RemoveLeftovers(Native(journalFolder()));
   const QDir folder(journalFolder());
   for (const QString& name : folder.entryList({'*' + kJournalEnding}, QDir::Files)) {
-    QLockFile lock(folder.filePath(name) + kLockEnding);
-    lock.setStaleLockTime(0);  // only the end of the program that holds it makes a lock void
-    if (lock.tryLock(0)) recover(folder.filePath(name));
+    FileLock lock;
+    if (lock.take(Native(folder.filePath(name) + kLockEnding))) recover(folder.filePath(name));
   }
 }
 
-void KeptVersions::recover(const QString& journal) const {
+void KeptVersions::recover(const QString& journal) {
   FileBytes file;
-  if (!file.read(journal.toStdString(), {})) return;
-  const std::string_view bytes = file.bytes();
-  const std::size_t pathEnd = bytes.find('\n');
-  const std::size_t textStart = pathEnd == std::string::npos ? pathEnd : bytes.find('\n', pathEnd + 1);
-  if (textStart == std::string::npos) return;
-  const QString path = QString::fromUtf8(bytes.data(), static_cast<qsizetype>(pathEnd));
-  const bool part = textStart > pathEnd + 1;
-  const std::string_view text = bytes.substr(textStart + 1);
-  if (keepUnsaved(path, part, text).isEmpty()) QFile::remove(journal);
+  if (!file.readNative(Native(journal))) return;
+  const std::optional<ReadJournal> lost = TextOfJournal(file.bytes());
+  if (!lost) return;
+  const bool saved = !lost->former.isEmpty() && Holds(lost->path, lost->text.bytes);
+  KeptVersion version{.time = QFileInfo(journal).lastModified().toUTC(),
+                      .kind = KeptVersion::Kind::lostInCrash,
+                      .part = lost->part,
+                      .utf8 = lost->text.utf8};
+  if (!saved) {
+    const auto held = lock(lost->path);
+    if (!keep(lost->path, version, lost->text.bytes).isEmpty()) return;
+    recovered_.push_back({lost->path, version});
+  }
+  FileBytes former;
+  const bool begun = !lost->former.isEmpty() && former.readNative(Native(lost->former));
+  if (!saved && begun && !Holds(lost->path, former.bytes())) torn_.push_back({lost->path, lost->former});
+  QFile::remove(journal);
 }
 
-UnsavedJournal::UnsavedJournal(const KeptVersions& versions) : versions_(versions) {}
-
-UnsavedJournal::~UnsavedJournal() = default;
-
-bool UnsavedJournal::begin() {
-  if (lock_) return true;
-  const QString folder = versions_.journalFolder();
-  QDir().mkpath(folder);
-  file_ = folder + '/' + QUuid::createUuid().toString(QUuid::WithoutBraces) + kJournalEnding;
-  lock_ = std::make_unique<QLockFile>(file_ + kLockEnding);
-  lock_->setStaleLockTime(0);
-  if (!lock_->tryLock(0)) lock_.reset();
-  return lock_ != nullptr;
+FormerVersion::FormerVersion(const KeptVersions& versions, QString path, std::string_view bytes)
+    : versions_(versions), path_(std::move(path)), bytes_(bytes) {
+  for (const KeptVersion& version : KeptVersions::versionsIn(versions_.folderOf(path_))) {
+    if (IsSameFile(version.file, path_)) QFile::remove(version.file);
+  }
 }
 
-bool UnsavedJournal::note(const QString& path, bool part, std::string_view bytes) {
-  if (!begin()) return false;
-  WholeFile file(NativePath(file_.toStdString()), {.access = DiskFile::Access::userOnly, .sync = false});
-  file.write(JournalOf(path, part, bytes));
-  return file.replace().empty();
+QString FormerVersion::keep(ReplaceWay way) {
+  undo();
+  version_ = {.time = QDateTime::currentDateTimeUtc(), .kind = KeptVersion::Kind::replaced};
+  const bool kept = !AlreadyKept(versions_.folderOf(path_), version_, bytes_).isEmpty();
+  if (way == ReplaceWay::renamed && !kept && link().isEmpty()) return {};
+  return versions_.keep(path_, version_, bytes_);
 }
 
-void UnsavedJournal::discard() {
-  if (!lock_) return;
-  QFile::remove(file_);
-  release();
+QString FormerVersion::link() {
+  QString reason = versions_.prepare(path_, version_);
+  if (reason.isEmpty()) reason = versions_.files_.keepAs(path_, version_.file);
+  linked_ = reason.isEmpty();
+  if (linked_ && SyncToDisk(Native(versions_.folderOf(path_)))) undo();
+  return linked_ ? QString() : reason;
 }
 
-void UnsavedJournal::release() {
-  lock_.reset();
+void FormerVersion::undo() {
+  if (linked_) QFile::remove(version_.file);
+  linked_ = false;
+}
+
+void FormerVersion::settle() const {
+  if (linked_) Prune(versions_.folderOf(path_), version_);
 }
 
 }  // namespace korvane

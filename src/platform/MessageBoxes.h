@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <string_view>
 
@@ -29,6 +30,13 @@ struct Message {
   bool systemModal = false;      // stays above every window
 };
 
+// A question with answers of its own, the captions of its buttons in their order. The last one changes
+// nothing; it is chosen by default and by closing the box.
+struct Question {
+  QString text;  // plain text; line ends as CR LF
+  QStringList answers;
+};
+
 // Asks and tells the user. An interface, so that tests answer in the user's place.
 class MessageBoxes {
  public:
@@ -37,6 +45,9 @@ class MessageBoxes {
   // Shows the message and waits for the answer: true for OK and Yes, false for No. Closing the box stands for
   // No, or for OK where nothing is asked.
   virtual bool show(const Message& message, QWidget* owner) = 0;
+
+  // Waits for the answer: its place among the question's answers, from 0.
+  virtual int ask(const Question& question, QWidget* owner) = 0;
 };
 
 }  // namespace korvane

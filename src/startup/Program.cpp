@@ -179,8 +179,9 @@ void Program::showManualEditor(const ManualEditRequest& request) {
   if (manualEditor_.get().open(request)) Present(manualEditor_.get());
 }
 
-void Program::keepUnsavedTexts() {
-  if (FrmManEdit* editor = manualEditor_.existing()) editor->keepUnsavedText();
+bool Program::keepUnsavedTexts() {
+  FrmManEdit* editor = manualEditor_.existing();
+  return editor == nullptr || editor->keepUnsavedText();
 }
 
 }  // namespace korvane

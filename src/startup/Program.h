@@ -51,7 +51,7 @@ class Program : public EditorLauncher, public StartupWindows {
   void showOptions() override;
   void showAbout() override;
   void CloseBrowse() override;
-  void keepUnsavedTexts() override;
+  bool keepUnsavedTexts() override;
 
   FrmEdit& mainWindow() override;
   bool wizardVisible() override;

@@ -12,6 +12,7 @@
 #include "files/WholeFile.h"
 #include "support/FileSizeLimit.h"
 #include "support/GameFolder.h"
+#include "support/Processes.h"
 
 #ifndef _WIN32
 #include <csignal>
@@ -203,20 +204,6 @@ TEST_F(SafeReplaceTest, AFileMarkedAsFixedIsRefused) {
 }
 
 #endif
-
-// Runs `action` in a process of a user for whom permissions count, and gives whether it was content.
-template <typename Action>
-bool AsOrdinaryUser(Action action) {
-  constexpr uid_t kNobody = 65534;
-  const pid_t child = fork();
-  if (child == 0) {
-    if (geteuid() == 0 && (setgid(kNobody) != 0 || setuid(kNobody) != 0)) _exit(2);
-    _exit(action() ? 0 : 1);
-  }
-  int status = -1;
-  waitpid(child, &status, 0);
-  return status == 0;
-}
 
 struct ForeignCase {
   const char* name;

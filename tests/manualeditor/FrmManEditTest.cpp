@@ -91,52 +91,6 @@ TEST_F(ManEditTest, TheLineCounterFollowsTheCursorAndKeepsItsTotal) {
   EXPECT_EQ(panel(1), "Line 5 of 7");
 }
 
-TEST_F(ManEditTest, EditingAndSavingWritesTheFileAndKeepsTheFormerOne) {
-  openFile(kFile);
-  type("; mine");
-  part<QAction>("Save")->trigger();
-  EXPECT_EQ(saved(), "; mine" + kFile);
-  EXPECT_TRUE(messages_.shown.empty());
-  EXPECT_EQ(keptNames().size(), 1);
-  window_->close();
-  EXPECT_EQ(keptNames().size(), 1);
-}
-
-TEST_F(ManEditTest, ASaveThatFailsSaysWhyAndKeepsTheText) {
-  openFile(kFile);
-  std::filesystem::remove(game_.native("Data/INI/Weapon.ini"));
-  std::filesystem::create_directory(game_.native("Data/INI/Weapon.ini"));
-  type("x");
-  trigger("MnuSave");
-  ASSERT_EQ(messages_.shown.size(), 1U);
-  EXPECT_TRUE(messages_.shown[0].text.contains(path_)) << messages_.shown[0].text.toStdString();
-  EXPECT_TRUE(text().isModified());
-  EXPECT_EQ(text().fileBytes().bytes, "x" + kFile);
-}
-
-TEST_F(ManEditTest, ACharacterThatNoFileCanHoldIsNamedAndSelectedAndNothingIsWritten) {
-  openFile(kFile);
-  find("much");
-  QGuiApplication::clipboard()->setText(QString::fromUtf8("ä😀"));
-  trigger("MnuPaste");
-  trigger("MnuSave");
-  ASSERT_EQ(messages_.shown.size(), 1U);
-  for (const char* named : {"U+1F600", "line 2", "column 18"}) {
-    EXPECT_TRUE(messages_.shown[0].text.contains(named)) << messages_.shown[0].text.toStdString();
-  }
-  EXPECT_EQ(text().selectedText(), QString::fromUtf8("😀"));
-  EXPECT_EQ(saved(), kFile);
-}
-
-TEST_F(ManEditTest, AnOpeningThatComesToNothingChangesNeitherTextNorItsFile) {
-  openFile(kFile);
-  EXPECT_FALSE(window_->open({game_.qpath() + "\\Data\\INI\\Armor.ini"}));
-  type("x");
-  trigger("MnuSave");
-  EXPECT_EQ(saved(), "x" + kFile);
-  EXPECT_FALSE(std::filesystem::exists(game_.native("Data/INI/Armor.ini")));
-}
-
 TEST_F(ManEditTest, ALineThatWouldBlockTheWindowIsRefusedAndNothingChanges) {
   openFile(kFile);
   find("Knife");
@@ -176,33 +130,6 @@ TEST_F(ManEditTest, AnOpeningAtAPlaceGoesThereAfterTheSetUp) {
     EXPECT_EQ(panel(1), c.line) << c.place.line << ' ' << c.place.column;
     EXPECT_EQ(text().selectedText(), c.selected) << c.place.line << ' ' << c.place.column;
   }
-}
-
-TEST_F(ManEditTest, UnsavedTextIsKeptWhenItIsClosedOrReplaced) {
-  openFile(kFile);
-  type("first");
-  openPart("Weapon Gun\r\n");
-  EXPECT_EQ(keptNames().size(), 1);
-  text().replaceSelection(QString::fromUtf8("second \u20BF"));
-  window_->close();
-  EXPECT_EQ(keptNames().size(), 2);
-  EXPECT_EQ(keptNames().filter("unsaved part of Weapon.ini").size(), 1);
-  EXPECT_EQ(saved(), kFile);
-  EXPECT_EQ(closed_, 1);
-}
-
-TEST_F(ManEditTest, UnsavedTextThatCannotBeKeptIsToldAndKeptAtTheNextStart) {
-  openFile(kFile);
-  type("x");
-  ASSERT_TRUE(QDir(folder_.path()).mkpath("versions"));
-  QFile inTheWay(versions_.folderOf(path_));
-  ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-  window_->close();
-  ASSERT_EQ(messages_.shown.size(), 1U);
-  EXPECT_TRUE(messages_.shown[0].text.contains(path_)) << messages_.shown[0].text.toStdString();
-  ASSERT_TRUE(inTheWay.remove());
-  const KeptVersions next(files_, folder_.filePath("versions"));
-  EXPECT_EQ(keptNames().filter("unsaved Weapon.ini").size(), 1);
 }
 
 TEST_F(ManEditTest, AWindowClosedDuringItsSetUpGoesAfterIt) {

@@ -18,6 +18,7 @@
 #include "app/ManualEditRequest.h"
 #include "app/Services.h"
 #include "controls/FontDialog.h"
+#include "controls/NoticeBar.h"
 #include "manualeditor/FrmManEdit.h"
 #include "manualeditor/IniTextEdit.h"
 #include "platform/FileWriter.h"
@@ -73,7 +74,18 @@ class ManEditTest : public testing::Test {
     part<QPushButton>("BtnFind")->click();
   }
   std::string saved() const { return game_.read("Data/INI/Weapon.ini"); }
-  QStringList keptNames() const { return QDir(versions_.folderOf(path_)).entryList(QDir::Files); }
+  std::vector<KeptVersion> kept() const { return KeptVersions::versionsIn(versions_.folderOf(path_)); }
+  // Each as its kind and its text, the newest first.
+  QStringList keptTexts() const {
+    constexpr const char* kKinds[] = {"replaced: ", "unsaved: ", "crashed: "};
+    QStringList texts;
+    for (const KeptVersion& version : kept()) {
+      texts += kKinds[static_cast<int>(version.kind)] + KeptVersions::read(version).value_or("unreadable");
+    }
+    return texts;
+  }
+  // What the window says of its file and of the draft.
+  QStringList notices() const { return window_->findChild<NoticeBar*>()->sentences(); }
 
   QTemporaryDir folder_;
   GameFolder game_;

@@ -20,8 +20,15 @@ class FakeMessageBoxes : public MessageBoxes {
     shown.push_back(message);
     return answer;
   }
+  int ask(const Question& question, QWidget*) override {
+    asked.push_back(question);
+    const auto found = question.answers.indexOf(answers.isEmpty() ? QString() : answers.takeFirst());
+    return static_cast<int>(found < 0 ? question.answers.size() - 1 : found);
+  }
   std::vector<Message> shown;
+  std::vector<Question> asked;
   bool answer = true;
+  QStringList answers;  // to the next questions; without them the last answer is given
 };
 
 class FakeShell : public DesktopShell {

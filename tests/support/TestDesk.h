@@ -32,11 +32,15 @@ class FakeLauncher : public EditorLauncher {
   void showOptions() override { calls += "options"; }
   void showAbout() override { calls += "about"; }
   void CloseBrowse() override { calls += "close browse"; }
-  void keepUnsavedTexts() override { calls += "keep texts"; }
+  bool keepUnsavedTexts() override {
+    calls += "keep texts";
+    return textsKept;
+  }
 
   QStringList takeCalls() { return std::exchange(calls, {}); }
 
   QStringList calls;
+  bool textsKept = true;
   std::vector<ManualEditRequest> requests;
 };
 

@@ -33,7 +33,11 @@ struct FileBytesOfText {
 // The bytes of a file that holds the text: every line ends in CR LF, nothing else changes.
 FileBytesOfText FileOfUtf8(std::string_view utf8);
 
-// The same for a text that is to be kept whatever it holds: UTF-8 where a character has no byte.
-std::string KeepableOfUtf8(std::string_view utf8);
+// The same for a text that is to be kept whatever it holds: all of it in UTF-8 where a character has no byte.
+struct KeepableText {
+  std::string bytes;
+  bool utf8 = false;
+};
+KeepableText KeepableOfUtf8(std::string_view utf8);
 
 }  // namespace korvane

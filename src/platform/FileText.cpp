@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "manualeditor/FileText.h"
+#include "platform/FileText.h"
 
 #include <QStringDecoder>
 
@@ -96,9 +96,10 @@ FileBytesOfText FileOfUtf8(std::string_view utf8) {
   return file;
 }
 
-std::string KeepableOfUtf8(std::string_view utf8) {
+KeepableText KeepableOfUtf8(std::string_view utf8) {
   FileBytesOfText file = FileOfUtf8(utf8);
-  return file.refused ? std::string(utf8) : std::move(file.bytes);
+  if (file.refused) return {std::string(utf8), true};
+  return {std::move(file.bytes), false};
 }
 
 // Unlike Qt's plain conversion, keeps a byte order mark that somebody pasted.
