@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "catalogue/FoldedText.h"
+#include "catalogue/LineCutter.h"
 
 namespace korvane {
 
@@ -39,31 +40,6 @@ std::string_view WithoutLineComment(std::string_view text) {
     if (at == 0 || EndsWord(text[at - 1])) return text.substr(0, at);
   return text;
 }
-
-// Lines of a text, ended by CR LF, LF or CR.
-class LineCutter {
- public:
-  explicit LineCutter(std::string_view text) : at_(text.data()), end_(at_ + text.size()) {}
-
-  bool next(std::string_view& line) {
-    if (at_ == end_) return false;
-    const char* const lf = find('\n', end_);
-    const char* const cr = find('\r', lf);
-    line = {at_, static_cast<std::size_t>(cr - at_)};
-    at_ = cr == end_ ? cr : cr + 1;
-    if (cr != lf && at_ == lf && lf != end_) ++at_;
-    return true;
-  }
-
- private:
-  const char* find(char byte, const char* end) const {
-    const auto* found = static_cast<const char*>(std::memchr(at_, byte, static_cast<std::size_t>(end - at_)));
-    return found == nullptr ? end : found;
-  }
-
-  const char* at_;
-  const char* end_;
-};
 
 class Reading {
  public:

@@ -6,7 +6,7 @@
 #include <thread>
 
 #include "catalogue/Catalogue.h"
-#include "catalogue/NameIndex.h"
+#include "catalogue/LineTexts.h"
 #include "stock/StockFiles.h"
 #include "support/GameFolder.h"
 
@@ -250,19 +250,23 @@ TEST(Catalogue, ThreadsMayShareIt) {
     });
 }
 
-TEST(NameIndex, AnswersAsTheCatalogueDoes) {
+TEST(LineTexts, GivesTheLinesOfLooseAndArchivedFiles) {
   const GameFolder folder;
-  folder.ini("A.ini", "Weapon Gun\n FireFX = Flash\nEnd\nFXList Gun\nEnd\n");
-  folder.ini("B.ini", "FXList flash\nEnd\nWeapon GUN\n FireFX = None\nEnd\n");
+  folder.write("Data/INI/Weapon.ini", "Weapon A\r\n  FireFX = X ; y\rEnd\n\n;last");
+  folder.write("INI.big", ArchiveBytes({{"Data\\INI\\Armor.ini", "Armor A\r\nEnd\r\n"}}));
   const CataloguePtr catalogue = ReadCatalogue({folder.path()});
-  const NameIndex index(*catalogue);
-  for (const char* name : {"gun", "FLASH", "none", "other"}) {
-    for (const SpaceId space : {Space("Weapon"), Space("FXList"), kNoSpace}) {
-      EXPECT_EQ(Places(index.definitions(space, name)), Places(catalogue->definitions(space, name))) << name;
-      EXPECT_EQ(index.defines(space, name), catalogue->defines(space, name)) << name;
-      EXPECT_EQ(index.uses(space, name), catalogue->countUses(space, name) > 0) << name;
-    }
-  }
+  const CatalogueFile& weapons = *catalogue->file("Data\\INI\\Weapon.ini");
+  const CatalogueFile& armours = *catalogue->file("Data\\INI\\Armor.ini");
+  LineTexts lines;
+  EXPECT_EQ(lines.line(weapons.source(), 2), "  FireFX = X ; y");
+  EXPECT_EQ(lines.line(weapons.source(), 3), "End");
+  EXPECT_EQ(lines.line(armours.source(), 1), "Armor A");
+  EXPECT_EQ(lines.line(weapons.source(), 5), ";last");
+  EXPECT_EQ(lines.line(weapons.source(), 1), "Weapon A");
+  EXPECT_EQ(lines.line(weapons.source(), 6), "");
+  EXPECT_EQ(lines.line(weapons.source(), 0), "");
+  fs::remove(folder.native("Data/INI/Weapon.ini"));
+  EXPECT_EQ(LineTexts().line(weapons.source(), 1), "");
 }
 
 }  // namespace korvane
