@@ -55,12 +55,6 @@ std::unique_ptr<Container> OpenContainer(const std::string& path) {
   return std::make_unique<DatabaseContainer>(path);
 }
 
-std::string Printable(std::string path) {
-  std::replace_if(
-      path.begin(), path.end(), [](unsigned char c) { return c < 0x20 || c == 0x7f; }, '?');
-  return path;
-}
-
 std::string Counted(std::uint64_t count, const std::string& noun) {
   return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
 }

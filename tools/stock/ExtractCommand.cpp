@@ -8,6 +8,7 @@
 
 #include "Commands.h"
 #include "Container.h"
+#include "Printable.h"
 #include "Progress.h"
 #include "files/NativePath.h"
 #include "files/WholeFile.h"

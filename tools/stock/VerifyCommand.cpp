@@ -6,6 +6,7 @@
 
 #include "Commands.h"
 #include "Container.h"
+#include "Printable.h"
 #include "Progress.h"
 #include "stock/RestorePath.h"
 
