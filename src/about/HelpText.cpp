@@ -7,6 +7,10 @@
 #include <QTextDocument>
 #include <QTextTable>
 
+#include <vector>
+
+#include "controls/LinkColour.h"
+
 namespace korvane {
 
 namespace {
@@ -42,6 +46,23 @@ void GiveRoomToHeading(const QTextBlock& heading) {
   QTextCursor(heading).setBlockFormat(format);
 }
 
+// Qt gives links the palette's colour, which may be one for a light background only.
+void ColourLinks(QTextDocument& document, const QColor& colour) {
+  std::vector<QTextCursor> links;
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    for (auto at = block.begin(); !at.atEnd(); ++at) {
+      const QTextFragment piece = at.fragment();
+      if (!piece.charFormat().isAnchor()) continue;
+      QTextCursor& link = links.emplace_back(&document);
+      link.setPosition(piece.position());
+      link.setPosition(piece.position() + piece.length(), QTextCursor::KeepAnchor);
+    }
+  }
+  QTextCharFormat format;
+  format.setForeground(colour);
+  for (QTextCursor& link : links) link.mergeCharFormat(format);
+}
+
 }  // namespace
 
 void SetHelpText(QTextDocument& document, const QString& markdown, const QPalette& palette) {
@@ -53,6 +74,7 @@ void SetHelpText(QTextDocument& document, const QString& markdown, const QPalett
   for (QTextBlock block = document.begin().next(); block.isValid(); block = block.next()) {
     if (block.blockFormat().headingLevel() > 0) GiveRoomToHeading(block);
   }
+  ColourLinks(document, ReadableLink(palette, palette.color(QPalette::Base)));
 }
 
 }  // namespace korvane

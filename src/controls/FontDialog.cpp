@@ -2,10 +2,13 @@
 #include "controls/FontDialog.h"
 
 #include <QApplication>
+#include <QFontDatabase>
 #include <QFontDialog>
+#include <QListView>
 #include <QPointer>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace korvane {
 
@@ -20,8 +23,33 @@ double Limited(double points) {
   return std::clamp(points, kSmallestPoints, kLargestPoints);
 }
 
-// Qt's dialog has no limits of its own: a size beyond them is put right, and the dialog stays open
-// to show what it has become.
+int StretchOf(const QFont& font) {
+  return font.stretch() == QFont::AnyStretch ? QFont::Unstretched : font.stretch();
+}
+
+// How far two fonts are apart; slanted instead of upright is the furthest.
+int Distance(const QFont& a, const QFont& b) {
+  return std::abs(a.weight() - b.weight()) + std::abs(StretchOf(a) - StretchOf(b)) +
+         (a.italic() == b.italic() ? 0 : 1000);
+}
+
+// The font in another family, in the style there that is nearest to its own.
+QFont InFamily(const QString& family, const QFont& font) {
+  QList<QFont> fonts;
+  for (const QString& style : QFontDatabase::styles(family)) fonts += QFontDatabase::font(family, style, 10);
+  const auto nearest = std::min_element(fonts.begin(), fonts.end(), [&](const QFont& a, const QFont& b) {
+    return Distance(a, font) < Distance(b, font);
+  });
+  if (nearest == fonts.end()) return font;
+  nearest->setPointSizeF(font.pointSizeF());
+  nearest->setUnderline(font.underline());
+  nearest->setStrikeOut(font.strikeOut());
+  return *nearest;
+}
+
+// Qt's dialog has no limits of its own: a size beyond them is put right, and the dialog stays open to show
+// what it has become. Nor does it keep upright letters upright: where the next family's styles have other
+// names, it takes the first of them.
 class LimitedFontDialog : public QFontDialog {
  public:
   explicit LimitedFontDialog(QWidget* owner) : QFontDialog(owner) {
@@ -29,6 +57,9 @@ class LimitedFontDialog : public QFontDialog {
     QFont preset(kPresetFace);
     preset.setPointSizeF(kPresetPoints);
     setCurrentFont(preset);
+    families_ = findChild<QListView*>();  // the first of the three lists
+    families_->installEventFilter(this);
+    families_->viewport()->installEventFilter(this);
   }
 
   void done(int result) override {
@@ -43,11 +74,32 @@ class LimitedFontDialog : public QFontDialog {
   }
 
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool ofFamilies = watched == families_ || watched == families_->viewport();
+    const bool isInput = event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress ||
+                         event->type() == QEvent::MouseMove;
+    if (ofFamilies && isInput) {
+      QMetaObject::invokeMethod(
+          this, [this, before = currentFont()] { keepStyle(before); }, Qt::QueuedConnection);
+    }
+    return QFontDialog::eventFilter(watched, event);
+  }
+
   // The owner may be hidden: the place is before the window that the user has just used.
   void showEvent(QShowEvent* event) override {
     if (QWidget* used = QApplication::activeWindow()) adjustPosition(used);
     QFontDialog::showEvent(event);
   }
+
+ private:
+  void keepStyle(const QFont& before) {
+    const QFont now = currentFont();
+    if (now.family() == before.family()) return;
+    if (now.italic() != before.italic() || now.weight() != before.weight())
+      setCurrentFont(InFamily(now.family(), before));
+  }
+
+  QListView* families_ = nullptr;
 };
 
 FontRecord RecordOf(const QFont& font) {

@@ -25,7 +25,7 @@ class MaskedField : public QLineEdit {
   void insertValue(const QString& value);
 
   // What the field shows, prompts and literal text included.
-  QString fullText() const { return displayText(); }
+  QString fullText() const { return wholeValue_.isEmpty() ? displayText() : text(); }
 
   // What was entered, without prompts and without the mask's literal text.
   QString clipText() const;

@@ -17,6 +17,7 @@
 #include "controls/ShownText.h"
 #include "editors/ListAndTable.h"
 #include "ini/IniText.h"
+#include "platform/MessageBoxes.h"
 #include "platform/TextEncoding.h"
 
 namespace korvane {
@@ -170,6 +171,10 @@ std::optional<std::string> TableEditor::readBlock(const QString& name) {
 void TableEditor::editInManualEditor() {
   const WindowCalls::Running call(calls_);
   const auto name = selectedName();
+  if (name && name->isEmpty() && entry_.needsName) {
+    context_.services.messages.show({.text = "This entry has no name."}, this);
+    return;
+  }
   ManualEditRequest request;
   if (name) request.text = readBlock(*name);
   if (!request.text) return;

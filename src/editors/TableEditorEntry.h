@@ -26,6 +26,7 @@ struct TableEditorEntry {
   bool sorted;
   bool yieldsPerLine;  // while the file is scanned for its entries
   bool trimsBlock;     // of spaces at both ends, on its way to the manual editor
+  bool needsName;  // for the manual editor; else an entry without a name stands for the file's first block
   std::string (SParse::*fill)(std::string_view selected, TableSink& table);
 };
 
@@ -39,6 +40,7 @@ inline constexpr TableEditorEntry kWeaponEditor{
     .sorted = true,
     .yieldsPerLine = false,
     .trimsBlock = false,
+    .needsName = true,
     .fill = &SParse::GetWeaponData,
 };
 
@@ -52,6 +54,7 @@ inline constexpr TableEditorEntry kArmourEditor{
     .sorted = true,
     .yieldsPerLine = true,
     .trimsBlock = false,
+    .needsName = false,
     .fill = &SParse::GetArmourData,
 };
 
@@ -65,6 +68,7 @@ inline constexpr TableEditorEntry kCommandSetEditor{
     .sorted = false,
     .yieldsPerLine = false,
     .trimsBlock = true,
+    .needsName = false,
     .fill = &SParse::GetCmdSetData,
 };
 
@@ -78,6 +82,7 @@ inline constexpr TableEditorEntry kCommandButtonEditor{
     .sorted = true,
     .yieldsPerLine = true,
     .trimsBlock = false,
+    .needsName = false,
     .fill = &SParse::GetCmdBtnData,
 };
 

@@ -7,6 +7,7 @@
 #include <QTabBar>
 
 #include <array>
+#include <cmath>
 #include <optional>
 
 #include "controls/InPlaceTable.h"
@@ -52,7 +53,7 @@ QString AsCurrency(const QString& text) {
   bool isNumber = false;
   double amount = text.toDouble(&isNumber);
   if (!isNumber) amount = QLocale().toDouble(text, &isNumber);
-  return isNumber ? QLocale().toCurrencyString(amount) : text;
+  return isNumber && std::isfinite(amount) ? QLocale().toCurrencyString(amount) : text;
 }
 
 // The cost without its cents, or nothing when the text is too short to lose them.

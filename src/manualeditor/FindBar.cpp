@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QSet>
+#include <QSignalBlocker>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -126,6 +127,13 @@ SearchOptions FindBar::options() const {
 void FindBar::clear() {
   CboFind_->clear();
   loaded_ = false;
+}
+
+void FindBar::forget() {
+  const QSignalBlocker quiet(CboFind_);
+  const QString text = CboFind_->currentText();
+  CboFind_->clear();
+  CboFind_->setEditText(text);
 }
 
 void FindBar::load(const SettingsStore& settings) {

@@ -27,6 +27,8 @@ class FindBar : public QObject {
   FindBar(IniTextEdit& text, QToolBar& bar);
 
   void clear();
+  // Empties the list; the text in the box stays.
+  void forget();
   void load(const SettingsStore& settings);
   // Nothing happens between clear() and load(): the stored list is then the only one.
   void save(SettingsStore& settings) const;

@@ -203,9 +203,14 @@ bool FrmManEdit::open(const ManualEditRequest& request) {
   ManEditInitDone_ = false;
   calls_.reopen();
   reopened_ = true;
+  if (isVisible()) storeState();  // or the set-up would bring back what was stored before
   if (!isVisible() || !isMaximized()) RestorePlacement(services_.settings, *this);
   setUpSoon();
   return true;
+}
+
+void FrmManEdit::forgetFinds() {
+  find_->forget();
 }
 
 bool FrmManEdit::keepUnsavedText() {
@@ -301,11 +306,15 @@ void FrmManEdit::finishSetUp() {
   if (place_.line > 0) TxtManEdit_->goTo(place_.line - 1, place_.column - 1, place_.length);
 }
 
+void FrmManEdit::storeState() {
+  SavePlacement(services_.settings, *this);
+  find_->save(services_.settings);
+}
+
 void FrmManEdit::closeEvent(QCloseEvent* event) {
   const WindowCalls::Running call(calls_);
   if (!openText_->letGo()) return event->ignore();
-  SavePlacement(services_.settings, *this);
-  find_->save(services_.settings);
+  storeState();
   QMainWindow::closeEvent(event);
   calls_.close();
 }

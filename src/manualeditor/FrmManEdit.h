@@ -39,6 +39,9 @@ class FrmManEdit : public QMainWindow {
   // True when what was opened last is set up, its place gone to.
   bool ManEditInitDone() const { return ManEditInitDone_; }
 
+  // Empties the list of what was sought; the text in the find box stays.
+  void forgetFinds();
+
   // Keeps an unsaved text among the former versions of its file, for the moment before the program ends.
   // False when it cannot be kept and the user does not want to lose it.
   bool keepUnsavedText();
@@ -73,6 +76,7 @@ class FrmManEdit : public QMainWindow {
   bool showStep(const QString& caption);
   bool prepareSearchList();
   void finishSetUp();
+  void storeState();
 
   void showState(const QString& state);
   void showLine();

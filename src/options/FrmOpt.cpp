@@ -194,6 +194,7 @@ void FrmOpt::applyAndClose() {
 
 void FrmOpt::clearSearchHistory() {
   store_.deleteSection("Search List");
+  Q_EMIT searchHistoryCleared();
 }
 
 }  // namespace korvane

@@ -28,6 +28,7 @@ class FrmOpt : public ToolDialog {
 
  Q_SIGNALS:
   void optionsApplied();  // the choices are in the store: show them
+  void searchHistoryCleared();
 
  private:
   static constexpr int kFontLabels = 6;

@@ -129,6 +129,7 @@ void frmWizard::focusStep() {
 }
 
 void frmWizard::showEvent(QShowEvent*) {
+  if (!folderAtStart_) folderAtStart_ = services_.settings.find("Paths", "CCPath");
   timer1_.start();
 }
 
@@ -220,6 +221,7 @@ void frmWizard::goOn() {
   cutSelectedFolder();
   if (CurrentStep == folder && !gameFolderChosen()) return;
   services_.settings.saveGameFolder(chooser_.SelectedFolder);
+  if (!chooser_.SelectedFolder.isEmpty()) StoreFirstTreeFont(services_.settings);
   SetStep(CurrentStep + 1, Direction::next);
   services_.yield.fullTurn();
   if (CurrentStep == restore && !calls_.isClosed()) restoreStockFiles();
@@ -237,7 +239,6 @@ bool frmWizard::gameFolderChosen() {
 void frmWizard::finishUp() {
   finishWanted_ = isRestoring();
   if (finishWanted_) return;
-  StoreFirstTreeFont(services_.settings);
   Finished = true;
   chooser_.CloseBrowse();
   Q_EMIT finished();
@@ -248,10 +249,17 @@ void frmWizard::closeEvent(QCloseEvent*) {
   if (calls_.isClosed()) return;
   SavePlacement(services_.settings, *this);
   if (!Cancelled && !Finished) {
+    putFolderBack();
     chooser_.CloseBrowse();
     services_.process.end();
   }
   calls_.close();
+}
+
+// Next stores the selected folder also where there is none yet.
+void frmWizard::putFolderBack() {
+  cutSelectedFolder();
+  if (chooser_.SelectedFolder.isEmpty() && folderAtStart_) services_.settings.saveGameFolder(*folderAtStart_);
 }
 
 bool frmWizard::isRestoring() const {

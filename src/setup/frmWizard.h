@@ -6,6 +6,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "platform/WindowCalls.h"
@@ -76,6 +77,7 @@ class frmWizard : public QWidget {
   void goOn();
   void finishUp();
   bool gameFolderChosen();
+  void putFolderBack();
 
   bool isRestoring() const;
   void restoreStockFiles();
@@ -97,6 +99,7 @@ class frmWizard : public QWidget {
   WindowCalls calls_{*this, [this] { Q_EMIT closedForGood(); }};
 
   int CurrentStep = 0;
+  std::optional<QString> folderAtStart_;  // stored when the wizard was shown first
   bool FinishOK = false;
   bool Cancelled = false;
   bool Finished = false;

@@ -99,6 +99,9 @@ void Program::CloseBrowse() {
 FrmOpt* Program::makeOptions() {
   auto* window = new FrmOpt(services_.settings, fonts_);
   QObject::connect(window, &FrmOpt::optionsApplied, &mainWindow(), &FrmEdit::applyOptions);
+  QObject::connect(window, &FrmOpt::searchHistoryCleared, window, [this] {
+    if (FrmManEdit* editor = manualEditor_.existing()) editor->forgetFinds();
+  });
   return window;
 }
 

@@ -10,6 +10,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextBrowser>
+#include <QTextCursor>
 #include <QTimer>
 #include <QToolBar>
 #include <QTreeWidget>
@@ -36,6 +37,19 @@ class HelpJourney : public testing::Test {
 
   HelpDesk desk{KORVANE_HELP_FILE};
 };
+
+TEST_F(HelpJourney, LinksCanBeReadOnADarkBackground) {
+  desk.showContents();
+  FrmHelp& window = *HelpWindow();
+  QPalette dark = window.palette();
+  dark.setColor(QPalette::Base, Qt::black);
+  dark.setColor(QPalette::Text, Qt::white);
+  dark.setColor(QPalette::Link, Qt::blue);
+  window.setPalette(dark);
+  QTextCursor link = window.findChild<QTextBrowser*>("HelpText")->document()->find("What Korvane is");
+  ASSERT_FALSE(link.isNull());
+  EXPECT_GT(link.charFormat().foreground().color().lightness(), 140);
+}
 
 TEST_F(HelpJourney, LinksAndTopicsLeadForwardAndBack) {
   desk.showContents();

@@ -4,8 +4,11 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontDialog>
+#include <QListView>
+#include <QTest>
 #include <QTimer>
 
+#include <algorithm>
 #include <functional>
 #include <map>
 
@@ -48,6 +51,33 @@ TEST(FontDialog, AChoiceComesBackAsARecord) {
     EXPECT_NE(record.strikeOut, 0);
     EXPECT_EQ(record.points(), 14);
   }
+}
+
+// Whatever its styles are called: "Regular", "Book", "Roman".
+TEST(FontDialog, AnotherFamilyKeepsTheLettersUpright) {
+  const auto hasUpright = [](const QString& family) {
+    const QStringList styles = QFontDatabase::styles(family);
+    return std::ranges::any_of(styles, [&](const QString& style) {
+      const QFont font = QFontDatabase::font(family, style, 10);
+      return !font.italic() && font.weight() == QFont::Normal;
+    });
+  };
+  int families = 0;
+  Choose([&](QFontDialog& dialog) {
+    auto* list = dialog.findChild<QListView*>();
+    QTest::keyClick(list, Qt::Key_Home);
+    for (int row = 1; row < list->model()->rowCount(); ++row) {
+      QTest::keyClick(list, Qt::Key_Down);
+      QCoreApplication::processEvents();
+      const QFont now = dialog.currentFont();
+      if (!hasUpright(now.family())) continue;
+      EXPECT_FALSE(now.italic()) << now.family().toStdString();
+      EXPECT_EQ(now.weight(), QFont::Normal) << now.family().toStdString();
+      ++families;
+    }
+    dialog.reject();
+  });
+  EXPECT_GT(families, 3);
 }
 
 TEST(FontDialog, AnOwnerThatGoesTakesTheDialogAlong) {

@@ -71,6 +71,16 @@ TEST_F(TableEditorTest, AMissingFileGivesAnEmptyListWithNothingToEdit) {
   EXPECT_TRUE(launcher.requests.empty());
 }
 
+TEST_F(TableEditorTest, AWeaponWithoutANameHasNothingToEdit) {
+  units.weapons = QStringList{"", "Rocket"};
+  const auto editor = open<FrmWE>();
+  click(*editor, 0);
+  trigger(*editor, "MnuManEd");
+  EXPECT_TRUE(launcher.requests.empty());
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].text, "This entry has no name.");
+}
+
 TEST_F(TableEditorTest, AnEntryIsFoundByItsFirstWholeWord) {
   units.weapons = QStringList{"Rocket_Big", "RocketLauncher", "rocket", "Rocket-2", "Gun Turret"};
   const auto editor = open<FrmWE>();

@@ -58,6 +58,10 @@ TEST_F(InformationListTest, FollowsWhatIsTyped) {
   EXPECT_EQ(informationOf("Cost"), "$1,500");
   get<QLineEdit>("TxtCost").setText("many");
   EXPECT_EQ(informationOf("Cost"), "m");
+  for (const char* noCost : {"nan", "inf"}) {
+    get<QLineEdit>("TxtCost").setText(noCost);
+    EXPECT_EQ(informationOf("Cost"), "") << noCost;
+  }
   press("HS_ClearBtn0");
   EXPECT_EQ(informationOf("Surfaces"), "N/A");
 }
@@ -71,6 +75,13 @@ TEST_F(InformationListTest, ACostTooShortForItsCentsEndsTheFirstStage) {
   EXPECT_EQ(informationOf("Primary Weapon"), "no row");
   EXPECT_EQ(informationOf("Locomotor"), "Wheels, Tracks");
   EXPECT_EQ(informationOf("Top Speed"), "40 dist/sec");
+}
+
+TEST_F(InformationListTest, AKeyThatStandsTwiceKeepsItsUnit) {
+  game.ini("Locomotor.ini", "Locomotor Wheels\n  Speed = 40\n  Speed = 50\nEnd\n");
+  open();
+  click("Jeep");
+  EXPECT_EQ(informationOf("Top Speed"), "40\r\n50 dist/sec");
 }
 
 TEST_F(InformationListTest, WithoutLocomotorsThereIsNoLocomotorRow) {

@@ -67,6 +67,26 @@ TEST_F(ManEditTest, EveryMenuEntryAndToolbarButtonHasItsNameAndPlace) {
   for (const QAction* button : buttons) EXPECT_EQ(button->toolTip(), button->objectName());
 }
 
+TEST_F(ManEditTest, AnotherOpeningKeepsThePlaceAndTheFindsOfTheOpenWindow) {
+  openFile(kFile);
+  find("Gun");
+  window_->resize(window_->size() - QSize(70, 50));
+  const QSize size = window_->size();
+  openFile(kFile);
+  EXPECT_EQ(window_->size(), size);
+  EXPECT_EQ(part<QComboBox>("CboFind")->itemText(0), "Gun");
+}
+
+TEST_F(ManEditTest, ForgottenFindsAreGoneFromTheListButNotFromTheBox) {
+  openFile(kFile);
+  find("Gun");
+  window_->forgetFinds();
+  EXPECT_EQ(part<QComboBox>("CboFind")->count(), 0);
+  EXPECT_EQ(part<QComboBox>("CboFind")->currentText(), "Gun");
+  window_->close();
+  EXPECT_TRUE(settings_.LoadList("Search List").isEmpty());
+}
+
 TEST_F(ManEditTest, APartShowsNoFileAndIsNeverSaved) {
   openFile(kFile);
   openPart("Weapon Gun\r\nEnd\r\n");

@@ -169,6 +169,22 @@ TEST_F(WizardTest, ClosingTheWindowEndsTheProgramAndKeepsTheFolder) {
   EXPECT_TRUE(store.find("EditWH", "frmWizard_Width"));
 }
 
+TEST_F(WizardTest, ClosingAfterAFolderWasStoredLeavesAPlainTreeFont) {
+  restore();
+  wizard->close();
+  EXPECT_EQ(store.GetSet("MenuiBold"), "False");
+  EXPECT_EQ(store.GetSet("MenuiStrikeout"), "False");
+}
+
+TEST_F(WizardTest, ClosingBeforeAFolderWasSelectedPutsTheOldOneBack) {
+  store.saveGameFolder("C:\\Old");
+  open();
+  click(next);
+  EXPECT_EQ(storedFolder(), "");
+  wizard->close();
+  EXPECT_EQ(storedFolder(), "C:\\Old");
+}
+
 TEST_F(WizardTest, AFolderWithoutTheGameIsRefused) {
   open();
   click(next);

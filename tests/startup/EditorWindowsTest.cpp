@@ -59,6 +59,17 @@ TEST_F(EditorWindowsTest, TheArmourEditorFollowsTheArmourListWhetherItIsOpenOrNo
   EXPECT_EQ(selectedArmour(), "none");
 }
 
+TEST_F(EditorWindowsTest, ClearingTheSearchHistoryEmptiesTheOpenManualEditorsList) {
+  game.ini("Weapon.ini", "Weapon Gun\nEnd\n");
+  program.showManualEditor({game.qpath() + "\\Data\\INI\\Weapon.ini"});
+  auto* finds = WindowNamed("FrmManEdit")->findChild<QComboBox*>("CboFind");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return WindowNamed("FrmManEdit")->windowTitle() == "Manual Editor"; }));
+  finds->addItem("Gun");
+  program.showOptions();
+  WindowNamed("FrmOpt")->findChild<QPushButton*>("Command1")->click();
+  EXPECT_EQ(finds->count(), 0);
+}
+
 TEST_F(EditorWindowsTest, ADamageTypeIsAddedEvenWhenTheArmourEditorHasBeenClosed) {
   program.showArmourEditor();
   WindowNamed("FrmArmour")->findChild<QAction*>("Test")->trigger();

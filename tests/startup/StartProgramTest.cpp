@@ -212,7 +212,8 @@ TEST_F(StartProgramTest, AGameThatHasOnlyItsArchivesStartsWithItsOwnObjects) {
   for (const DataFile& file : kDataFiles) {
     const std::string path = std::string(file.folder.substr(1)).append(file.name);
     table.add(path, "Object Sample\r\nEnd\r\n");
-    archived.emplace_back(path, "Object GLABike\r\nEnd\r\n");
+    const bool holdsObjects = file.folder == kObjectFolder;
+    archived.emplace_back(path, holdsObjects ? "Object GLABike\r\nEnd\r\n" : "");
   }
   table.commit();
   game.write("INI.big", ArchiveBytes(archived));
