@@ -70,7 +70,7 @@ void InPlaceTable::setFontSize(int points) {
   setFont(larger);
 }
 
-void InPlaceTable::AddCell(std::string_view text, int column, EditKind kind) {
+void InPlaceTable::addCell(std::string_view text, int column, EditKind kind) {
   if (column == InPlaceTableModel::kCaption) {
     addRow(FromBytes(text));
   } else {

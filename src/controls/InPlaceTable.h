@@ -13,7 +13,7 @@ namespace korvane {
 // A table of captions and values that can be edited in place. What the user types is shown and nothing more:
 // it is lost at the next fill.
 //
-// A fill goes from ClearRows to finish(); until then the rows of the fill before it are seen.
+// A fill goes from clearRows to finish(); until then the rows of the fill before it are seen.
 class InPlaceTable : public QTableView, public TableSink {
   Q_OBJECT
 
@@ -28,17 +28,17 @@ class InPlaceTable : public QTableView, public TableSink {
   void setFontSize(int points);
 
   // Texts are the files' bytes.
-  void ClearRows() override { model_.clear(); }
-  void Prepare() override {}
-  void AddCell(std::string_view text, int column, EditKind kind = EditKind::none) override;
-  void AddChoices(ChoiceList choices) override { model_.setChoices(std::move(choices)); }
+  void clearRows() override { model_.clear(); }
+  void prepare() override {}
+  void addCell(std::string_view text, int column, EditKind kind = EditKind::none) override;
+  void addChoices(ChoiceList choices) override { model_.setChoices(std::move(choices)); }
 
   // The same from texts of the program's own.
   void addRow(const QString& caption) { model_.addRow(caption); }
   void setValue(const QString& text, EditKind kind = EditKind::none) { model_.setValue(text, kind); }
 
   void setAllCaptionsRedAndBold() { model_.markCaptions(); }
-  // Shows the rows collected since ClearRows.
+  // Shows the rows collected since clearRows.
   void finish();
 
   // The rows collected so far while a fill runs, else the rows that are seen.

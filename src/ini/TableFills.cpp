@@ -16,15 +16,15 @@ constexpr int kSlots = 12;
 // One row of the table for each parameter; `lookUp` gives the value of a key, or nothing.
 template <typename LookUp>
 void FillRows(std::span<const ParameterRow> rows, TableSink& table, LookUp&& lookUp) {
-  table.ClearRows();
+  table.clearRows();
   for (const ParameterRow& row : rows) {
-    table.AddCell(row.caption, 0);
+    table.addCell(row.caption, 0);
     if (row.key.empty()) {
-      table.AddCell(kSeparatorValue, 1);
+      table.addCell(kSeparatorValue, 1);
     } else if (const std::optional<std::string> value = lookUp(row.key)) {
-      table.AddCell(*value, 1, row.kind);
+      table.addCell(*value, 1, row.kind);
     }
-    if (row.choices != nullptr) table.AddChoices(row.choices());
+    if (row.choices != nullptr) table.addChoices(row.choices());
   }
 }
 
@@ -59,13 +59,13 @@ std::string SParse::GetCmdBtnData(std::string_view selected, TableSink& table) {
 std::string SParse::GetCmdSetData(std::string_view selected, TableSink& table) {
   ObjectName = selected;
   std::string text = GetObjectText("CommandSet", kCommandSetFile).append(kLineEnd);
-  table.ClearRows();
-  table.Prepare();
+  table.clearRows();
+  table.prepare();
   for (int slot = 1; slot <= kSlots; ++slot) {
-    table.AddCell(std::to_string(slot), 0);
+    table.addCell(std::to_string(slot), 0);
     if (const auto values = GetCommandSetValue(slot, text))
-      table.AddCell(std::string_view(*values).substr(0, values->find(kLineEnd)), 1, EditKind::choice);
-    table.AddChoices(ButtonNames);
+      table.addCell(std::string_view(*values).substr(0, values->find(kLineEnd)), 1, EditKind::choice);
+    table.addChoices(ButtonNames);
     if (yield_) yield_();
   }
   return text;
@@ -81,11 +81,11 @@ std::string SParse::GetArmourData(std::string_view selected, TableSink& table) {
 void SParse::SParseArmourText(std::string_view StrText, TableSink& table) {
   const std::string text = RemVBCrLf(StrText);
   const std::vector<std::string_view> lines = Split(text, kLineEnd);
-  table.ClearRows();
+  table.clearRows();
   for (std::size_t i = 1; i + 1 < lines.size(); ++i) {  // between the header and the End line
     SParseArmourLine(std::string(lines[i]));
-    table.AddCell(damageType_, 0);
-    table.AddCell(percentage_, 1, EditKind::typed);
+    table.addCell(damageType_, 0);
+    table.addCell(percentage_, 1, EditKind::typed);
   }
 }
 

@@ -22,13 +22,13 @@ class TableSink {
  public:
   virtual ~TableSink() = default;
 
-  virtual void ClearRows() = 0;
+  virtual void clearRows() = 0;
   // Announces a fill of many rows.
-  virtual void Prepare() = 0;
+  virtual void prepare() = 0;
   // Column 0 starts a new row with the text as its caption; column 1 gives the newest row its value.
-  virtual void AddCell(std::string_view text, int column, EditKind kind = EditKind::none) = 0;
+  virtual void addCell(std::string_view text, int column, EditKind kind = EditKind::none) = 0;
   // The choices of the newest row.
-  virtual void AddChoices(ChoiceList choices) = 0;
+  virtual void addChoices(ChoiceList choices) = 0;
 };
 
 }  // namespace korvane

@@ -79,7 +79,7 @@ void InformationList::prepare() {
 }
 
 void InformationList::UpdateLV() {
-  fields_.LstInfo->ClearRows();
+  fields_.LstInfo->clearRows();
   addRow("Name", objectName_());
   addSeparator();
   Stage1Update();

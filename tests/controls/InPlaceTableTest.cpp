@@ -28,17 +28,17 @@ class InPlaceTableTest : public testing::Test {
   void fill() {
     const auto choices =
         std::make_shared<const std::vector<std::string>>(std::vector<std::string>{"BURNED", "CRUSHED"});
-    table.ClearRows();
-    table.AddCell("Damage", 0);
-    table.AddCell("40.0", 1, EditKind::typed);
-    table.AddCell(kSeparatorCaption, 0);
-    table.AddCell(kSeparatorValue, 1);
-    table.AddCell("Death", 0);
-    table.AddCell("BURNED", 1, EditKind::choice);
-    table.AddChoices(choices);
-    table.AddCell("Speed", 0);
-    table.AddCell("Sound", 0);
-    table.AddChoices(choices);
+    table.clearRows();
+    table.addCell("Damage", 0);
+    table.addCell("40.0", 1, EditKind::typed);
+    table.addCell(kSeparatorCaption, 0);
+    table.addCell(kSeparatorValue, 1);
+    table.addCell("Death", 0);
+    table.addCell("BURNED", 1, EditKind::choice);
+    table.addChoices(choices);
+    table.addCell("Speed", 0);
+    table.addCell("Sound", 0);
+    table.addChoices(choices);
     table.setAllCaptionsRedAndBold();
     table.finish();
   }
@@ -128,8 +128,8 @@ TEST_F(InPlaceTableTest, NothingElseCanBeEdited) {
 }
 
 TEST_F(InPlaceTableTest, TheRowsOfAFillAreSeenAllAtOnce) {
-  table.ClearRows();
-  table.AddCell("Armour", 0);
+  table.clearRows();
+  table.addCell("Armour", 0);
   EXPECT_EQ(table.model()->rowCount(), 5);
   EXPECT_EQ(table.rowCount(), 1);
   table.finish();
@@ -142,9 +142,9 @@ TEST_F(InPlaceTableTest, TheRowsOfAFillAreSeenAllAtOnce) {
 
 TEST_F(InPlaceTableTest, AValueOfSeveralLinesIsSeenWhole) {
   const int one = table.rowHeight(0);
-  table.ClearRows();
-  table.AddCell("Damage", 0);
-  table.AddCell("40.0\r\n50.0", 1, EditKind::typed);
+  table.clearRows();
+  table.addCell("Damage", 0);
+  table.addCell("40.0\r\n50.0", 1, EditKind::typed);
   table.finish();
   EXPECT_GE(table.rowHeight(0), one + table.fontMetrics().lineSpacing());
   fill();

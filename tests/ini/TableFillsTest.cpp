@@ -10,16 +10,16 @@ namespace {
 // Writes a row as "caption|value|kind|number of choices", without what the row does not have.
 class WrittenTable : public TableSink {
  public:
-  void ClearRows() override { rows.clear(); }
-  void Prepare() override { ++prepared; }
-  void AddCell(std::string_view text, int column, EditKind kind) override {
+  void clearRows() override { rows.clear(); }
+  void prepare() override { ++prepared; }
+  void addCell(std::string_view text, int column, EditKind kind) override {
     if (column == 0) {
       rows.emplace_back(text);
     } else {
       rows.back().append("|").append(text).append("|").append(std::to_string(static_cast<int>(kind)));
     }
   }
-  void AddChoices(ChoiceList choices) override {
+  void addChoices(ChoiceList choices) override {
     rows.back().append("|").append(std::to_string(choices->size())).append(" from ").append(choices->front());
     offered = std::move(choices);
   }
