@@ -120,8 +120,8 @@ std::vector<BlockTypeId> GameStructure::childrenOf(BlockTypeId type) const {
                         [&](BlockTypeId child) { return types_[child].keyword == each.keyword; });
   };
   for (BlockTypeId scope = type; scope != kNoBlockType; scope = types_[scope].general)
-    for (std::size_t i = 0; i < types_.size(); ++i)
-      if (types_[i].parent == scope && isNew(types_[i])) children.push_back(child(type, types_[i].keyword));
+    for (const BlockType& each : types_)
+      if (each.parent == scope && isNew(each)) children.push_back(child(type, each.keyword));
   return children;
 }
 

@@ -121,7 +121,7 @@ void ForEachLetter(Take&& take) {
 
 }  // namespace
 
-ObjectTreeBuilder::ObjectTreeBuilder(AddNode add, Yield yieldPerLine)
+ObjectTreeBuilder::ObjectTreeBuilder(AddNode add, const Yield& yieldPerLine)
     : add_(std::move(add)), yieldPerLine_(yieldPerLine), TVItem1_(yieldPerLine) {
   TVItem1_.LoadingItem = [this](std::string_view, std::optional<int> index) {
     fileIndex_ = index.value_or(0);

@@ -26,7 +26,7 @@ class ObjectTreeBuilder {
   // The share of the files that are read, in percent.
   using Progress = std::function<void(double percent)>;
 
-  ObjectTreeBuilder(AddNode add, Yield yieldPerLine);
+  ObjectTreeBuilder(AddNode add, const Yield& yieldPerLine);
 
   // Reads the files of the game folder (the program's path). `yieldNow` runs the pending events before and
   // after each object file. Files that do not exist are passed over.
