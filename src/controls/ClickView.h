@@ -2,8 +2,11 @@
 #pragma once
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+
+#include <limits>
 
 #include "controls/SteadySelection.h"
 
@@ -19,7 +22,7 @@ class ClickView : public View {
  protected:
   void keyPressEvent(QKeyEvent* event) override {
     const QPersistentModelIndex before = this->currentIndex();
-    View::keyPressEvent(event);
+    takeKey(event);
     const QModelIndex after = this->currentIndex();
     const bool again = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (after.isValid() && (after != before || again)) Q_EMIT this->clicked(after);
@@ -48,7 +51,21 @@ class ClickView : public View {
   }
 
  private:
+  // Letters that were typed in one go search for one name, also when they come in late because something else
+  // was going on.
+  void takeKey(QKeyEvent* event) {
+    const int interval = QApplication::keyboardInputInterval();
+    const bool isLetter = !event->text().isEmpty() && event->text()[0].isPrint();
+    const bool goesOn =
+        isLetter && lastLetter_ != 0 && event->timestamp() - lastLetter_ <= static_cast<quint64>(interval);
+    if (isLetter) lastLetter_ = event->timestamp();
+    if (goesOn) QApplication::setKeyboardInputInterval(std::numeric_limits<int>::max());
+    View::keyPressEvent(event);
+    QApplication::setKeyboardInputInterval(interval);
+  }
+
   QPersistentModelIndex pressed_;
+  quint64 lastLetter_ = 0;  // when it was typed, in milliseconds of the system's own
 };
 
 }  // namespace korvane

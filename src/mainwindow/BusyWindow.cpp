@@ -1,9 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mainwindow/BusyWindow.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QWidget>
 
 namespace korvane {
+
+namespace {
+
+constexpr int kLongestPlay = 20;  // milliseconds
+
+}  // namespace
 
 BusyWindow::BusyWindow(QWidget& window, QWidget& tree)
     : window_(window), tree_(tree), hadFocus_(tree.hasFocus()) {
@@ -22,6 +30,23 @@ BusyWindow::~BusyWindow() {
 void BusyWindow::showChanges() {
   window_.setUpdatesEnabled(true);
   QMetaObject::invokeMethod(&window_, qOverload<>(&QWidget::repaint), Qt::QueuedConnection);
+}
+
+KeysOfBusyWindow::KeysOfBusyWindow(const QWidget& window) : window_(window) {
+  QCoreApplication::instance()->installEventFilter(this);
+  QCoreApplication::processEvents(QEventLoop::AllEvents, kLongestPlay);
+}
+
+bool KeysOfBusyWindow::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel:
+      return watched->isWidgetType() && static_cast<QWidget*>(watched)->window() == &window_;
+    default:
+      return false;
+  }
 }
 
 }  // namespace korvane

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QObject>
+
 class QWidget;
 
 namespace korvane {
@@ -21,6 +23,20 @@ class BusyWindow {
   QWidget& window_;
   QWidget& tree_;
   bool hadFocus_;
+};
+
+// What the user did while the window was busy comes in when it no longer is: the keys count, the clicks do
+// not.
+class KeysOfBusyWindow : public QObject {
+ public:
+  // Lets the waiting events in.
+  explicit KeysOfBusyWindow(const QWidget& window);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  const QWidget& window_;
 };
 
 }  // namespace korvane

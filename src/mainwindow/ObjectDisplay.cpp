@@ -9,6 +9,8 @@
 #include <QTabWidget>
 #include <QTreeView>
 
+#include <utility>
+
 #include "controls/MaskedField.h"
 #include "controls/ShownText.h"
 #include "files/NativePath.h"
@@ -154,30 +156,47 @@ std::string ObjectDisplay::objectPath(const ObjectNode& node) const {
 }
 
 void ObjectDisplay::select(const QModelIndex& index) {
+  wanted_ = index;
+  if (takingKeys_) return;
+  while (wanted_.isValid()) {
+    if (!selectNow(std::exchange(wanted_, {}))) return;
+    takingKeys_ = true;
+    const KeysOfBusyWindow keys(window_);
+    takingKeys_ = false;
+  }
+}
+
+bool ObjectDisplay::selectNow(const QModelIndex& index) {
   const ParserTurn turn(parser_);
   const ObjectNode* node = model_.node(index);
   if (!turn || node == nullptr) {
     tree_.setCurrentIndex(shownNode_);
-    return;
+    return false;
   }
   shownNode_ = index;
+  const EventYield::HeldInput held(services_.yield);
+  showNode(*node);
+  return true;
+}
+
+void ObjectDisplay::showNode(const ObjectNode& node) {
   BusyWindow busy(window_, tree_);
   fields_.F_Tab->setEnabled(false);
   DisplayReady_ = false;
   armour_.clear();
-  reportNode(*node);
-  const bool isObject = IsObjectNode(*node);
-  const bool fileIsThere = !isObject || FileExists(objectPath(*node));
+  reportNode(node);
+  const bool isObject = IsObjectNode(node);
+  const bool fileIsThere = !isObject || FileExists(objectPath(node));
   if (!fileIsThere) {
-    panels_.show(StatusPanels::file, QString::fromStdString(node->tag) + "  (Error: File does not exist)");
+    panels_.show(StatusPanels::file, QString::fromStdString(node.tag) + "  (Error: File does not exist)");
     services_.yield.fullTurn();
   } else if (isObject) {
-    showObject(*node, busy);
+    showObject(node, busy);
   }
   ShowText(*fields_.CboArmour, armour_);
   if (fileIsThere) information_.UpdateLV();
   if (isObject && fileIsThere) {
-    notices_.tellAbout(*node);
+    notices_.tellAbout(node);
   } else {
     notices_.clear();
   }

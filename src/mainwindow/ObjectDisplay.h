@@ -32,7 +32,8 @@ class ObjectDisplay : public QObject {
   ObjectDisplay(QWidget& window, QTreeView& tree, const ObjectTreeModel& model, UnitFields& fields,
                 StatusPanels& panels, ObjectNotices& notices, SParse& parser, const Services& services);
 
-  // Shows the node; ignored while something else reads.
+  // Shows the node; ignored while something else reads. Keys that come in meanwhile move the tree afterwards,
+  // and where they stop is shown too.
   void select(const QModelIndex& index);
 
   // Brings the tab of the settings to the front, if they name one.
@@ -48,6 +49,9 @@ class ObjectDisplay : public QObject {
  private:
   void connectFields();
   void connectLists();
+  // False when something else reads.
+  bool selectNow(const QModelIndex& index);
+  void showNode(const ObjectNode& node);
   void reportNode(const ObjectNode& node);
   std::string objectPath(const ObjectNode& node) const;
 
@@ -75,6 +79,8 @@ class ObjectDisplay : public QObject {
   InformationList information_;
   ChoiceLists choices_;
   bool DisplayReady_ = false;
+  bool takingKeys_ = false;       // those that came in during a read
+  QPersistentModelIndex wanted_;  // where they stopped
   QPersistentModelIndex shownNode_;
   int shownTab_ = -1;
   QString armour_;

@@ -21,7 +21,7 @@ void EventYield::fullTurn() {
 }
 
 void EventYield::runEvents() {
-  QCoreApplication::processEvents();
+  QCoreApplication::processEvents(holdsInput() ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents);
 }
 
 void EventYield::lookAtClock() {

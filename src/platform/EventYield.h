@@ -22,6 +22,19 @@ class EventYield {
   // Enters the event loop now, for steps that must be seen at once.
   void fullTurn();
 
+  // While one lives, the user's keys and clicks wait; everything else goes on.
+  class HeldInput {
+   public:
+    explicit HeldInput(EventYield& yield) : yield_(yield) { ++yield_.held_; }
+    ~HeldInput() { --yield_.held_; }
+    HeldInput(const HeldInput&) = delete;
+    HeldInput& operator=(const HeldInput&) = delete;
+
+   private:
+    EventYield& yield_;
+  };
+  bool holdsInput() const { return held_ > 0; }
+
  protected:
   // Runs the pending events; tests put an event of their own in here.
   virtual void runEvents();
@@ -31,6 +44,7 @@ class EventYield {
 
   std::chrono::milliseconds slice_;
   int linesUntilLook_ = 0;
+  int held_ = 0;
   std::chrono::steady_clock::time_point lastTurn_;
 };
 

@@ -201,6 +201,46 @@ TEST_F(ObjectDisplayTest, AClickInTheMiddleOfAReadIsIgnored) {
   EXPECT_EQ(get<QTreeView>("TVMenu").currentIndex(), node("Jeep"));
 }
 
+// Runs the step with the first events that come in when the user's input no longer waits.
+void WhenInputComesIn(QObject& context, const EventYield& yield, const std::function<void()>& step) {
+  QTimer::singleShot(0, &context, [&context, &yield, step] {
+    if (yield.holdsInput()) {
+      WhenInputComesIn(context, yield, step);
+    } else {
+      step();
+    }
+  });
+}
+
+TEST_F(ObjectDisplayTest, InputWaitsDuringAReadAndOnlyTheLastStopOfItsKeysIsRead) {
+  game.objects("FactionUnit.ini", std::string(kUnits) + "Object Wall\n  MaxHealth = 7\nEnd\n");
+  open();
+  for (const char* name : {"Wagon", "Wall", "Wheel"}) addObject(name, "FUOther", "FactionUnit.ini");
+  window->activateWindow();
+  QTreeView& tree = get<QTreeView>("TVMenu");
+  tree.setFocus();
+  QStringList read;
+  QObject::connect(&get<QLineEdit>("MHealth"), &QLineEdit::textChanged,
+                   [&](const QString& value) { read += value; });
+  bool waited = false;
+  const auto use = [&] {
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualRect(node("Ghost")).center());
+    QTest::keyClick(&tree, Qt::Key_Down);
+    QTest::keyClicks(&tree, "wal");
+  };
+  yield.onTurn = [&] {
+    waited = yield.holdsInput();
+    WhenInputComesIn(*window, yield, use);
+  };
+  click("Jeep");
+  EXPECT_TRUE(waited);
+  EXPECT_EQ(tree.currentIndex(), node("Wall"));
+  EXPECT_EQ(text("MHealth"), "7");
+  EXPECT_EQ(read, QStringList({"240.05", "7"}));
+  EXPECT_EQ(panel(1), "Player Units\\Other\\Wall");
+  EXPECT_EQ(window->focusWidget(), &tree);
+}
+
 TEST_F(ObjectDisplayTest, ADamagedFilesNamesOfMegabytesAreShownInPart) {
   open();
   const std::string name(500'000, 'A');
