@@ -5,6 +5,9 @@
 #include <QTimer>
 #include <QTreeView>
 
+#include <utility>
+#include <vector>
+
 #include "app/Commands.h"
 #include "app/Services.h"
 #include "app/UnitChoices.h"
@@ -39,6 +42,8 @@ class FrmEdit : public QMainWindow, public UnitChoices {
   // The last steps of start-up: the information list's columns and the weapon lists.
   void prepareInformationList();
   void readWeapons();
+  // What a part of the notice bar says from now on.
+  void tell(MainNotices part, std::vector<Notice> notices) { notices_->tell(part, std::move(notices)); }
   // A remark in the status bar's first panel, until a node is chosen.
   void showRemark(const QString& text);
 

@@ -28,6 +28,7 @@
 #include "platform/Version.h"
 #include "settings/SettingsStore.h"
 #include "startup/LineEnds.h"
+#include "startup/MissingGameFiles.h"
 #include "startup/StartupWindows.h"
 
 namespace korvane {
@@ -194,6 +195,7 @@ void frmSplash::openEditor() {
   services_.yield.fullTurn();
   editor.prepareInformationList();
   editor.readWeapons();
+  editor.tell(missingFileNotices, MissingGameFiles(services_.folders.game.toStdString()));
   editor.showRemark(RemarkOnUnixLineEnds(services_.folders.game.toStdString()));
   close();
 }

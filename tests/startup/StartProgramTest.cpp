@@ -9,6 +9,7 @@
 #include <QTest>
 #include <QTreeView>
 
+#include "controls/NoticeBar.h"
 #include "ini/DataFiles.h"
 #include "mainwindow/FrmEdit.h"
 #include "startup/Program.h"
@@ -177,6 +178,22 @@ TEST_F(StartProgramTest, UnixLineEndsAreToldInTheStatusBar) {
             "convert it");
 }
 
+TEST_F(StartProgramTest, DataFilesThatAreMissingAreNamed) {
+  for (const DataFile& file : kDataFiles) {
+    if (file.name != kArmorFile) game.write(std::string("Data/INI/Object/").append(file.name), "");
+    if (file.name != kArmorFile) game.write(std::string("Data/INI/").append(file.name), "");
+  }
+  chooseGame();
+  start();
+  const auto* bar = program->mainWindow().findChild<NoticeBar*>();
+  EXPECT_EQ(bar->sentences(), QStringList{"1 file is missing in the game folder: Armor.ini."});
+  program.reset();
+  std::filesystem::remove(game.native("Data/INI/Weapon.ini"));
+  start();
+  EXPECT_EQ(program->mainWindow().findChild<NoticeBar*>()->sentences(),
+            QStringList{"2 files are missing in the game folder: Weapon.ini, Armor.ini."});
+}
+
 TEST_F(StartProgramTest, AClickThatComesAfterTheCloseStartsNothing) {
   game.ini("Armor.ini", "Armor Plate\nEnd\n");
   chooseGame();
@@ -227,7 +244,7 @@ TEST_F(StartProgramTest, AGameThatHasOnlyItsArchivesStartsWithItsOwnObjects) {
         .match(objects.index(0, 0), Qt::DisplayRole, name, -1, Qt::MatchExactly | Qt::MatchRecursive)
         .size();
   };
-  EXPECT_EQ(count("GLABike"), static_cast<qsizetype>(kDataFiles.size()));
+  EXPECT_EQ(count("GLABike"), static_cast<qsizetype>(kObjectFiles.size()));
   EXPECT_EQ(count("Sample"), 0);
 }
 
