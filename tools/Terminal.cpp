@@ -11,12 +11,24 @@
 
 namespace korvane {
 
-bool ErrorsGoToTerminal() {
+namespace {
+
+bool GoesToTerminal(std::FILE* stream) {
 #ifdef _WIN32
-  return _isatty(_fileno(stderr)) != 0;
+  return _isatty(_fileno(stream)) != 0;
 #else
-  return isatty(fileno(stderr)) != 0;
+  return isatty(fileno(stream)) != 0;
 #endif
+}
+
+}  // namespace
+
+bool OutputGoesToTerminal() {
+  return GoesToTerminal(stdout);
+}
+
+bool ErrorsGoToTerminal() {
+  return GoesToTerminal(stderr);
 }
 
 }  // namespace korvane

@@ -3,7 +3,8 @@
 
 namespace korvane {
 
-// True when what is written to the standard error stream is seen on a terminal.
+// True when what is written to the stream is seen on a terminal.
+bool OutputGoesToTerminal();
 bool ErrorsGoToTerminal();
 
 }  // namespace korvane

@@ -114,6 +114,7 @@ class GameStructure {
   // What is known of the key in such a block, or nullptr.
   const KeyFacts* key(BlockTypeId type, std::string_view key) const { return meaning(type, key).key; }
   const KeyFacts& key(KeyId id) const { return keys_[id]; }
+  std::size_t keyCount() const { return keys_.size(); }
   // What is known of the block's own header ("<header>") or the module in it ("<module>"), or nullptr.
   const KeyFacts* header(BlockTypeId type) const { return headers_[type]; }
 

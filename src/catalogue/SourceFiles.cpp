@@ -72,19 +72,11 @@ class Lister {
  public:
   explicit Lister(const std::stop_token& stop) : stop_(stop) {}
 
-  void addFolder(const std::string& folder, bool own) {
-    own_ = own;
-    container_ = folder;
-    const fs::path native = NativePath(folder);
-    for (const fs::path& ini : iniFolders(native)) walk(ini, pathBelow(native, ini), 0);
-    addArchives(native);
-  }
-
-  void addSource(const std::string& source) {
+  void addSource(const std::string& source, bool own) {
     if (EndsWithFolded(source, kArchiveEnding) && !FolderExists(source)) {
-      addArchive(source, false);
+      addArchive(source, own);
     } else if (FolderExists(source)) {
-      addFolder(source, false);
+      addFolder(source, own);
     } else {
       skip(source, "it is no folder and no archive");
     }
@@ -97,6 +89,14 @@ class Lister {
   }
 
  private:
+  void addFolder(const std::string& folder, bool own) {
+    own_ = own;
+    container_ = folder;
+    const fs::path native = NativePath(folder);
+    for (const fs::path& ini : iniFolders(native)) walk(ini, pathBelow(native, ini), 0);
+    addArchives(native);
+  }
+
   void skip(const std::string& path, std::string reason) {
     list_.skipped.push_back({path, std::move(reason)});
   }
@@ -210,8 +210,8 @@ std::string ComparedPath(std::string_view path) {
 
 std::optional<SourceList> ListSourceFiles(const CatalogueSources& sources, const std::stop_token& stop) {
   Lister lister(stop);
-  lister.addFolder(sources.gameFolder, true);
-  for (const std::string& source : sources.also) lister.addSource(source);
+  lister.addSource(sources.gameFolder, true);
+  for (const std::string& source : sources.also) lister.addSource(source, false);
   if (stop.stop_requested()) return std::nullopt;
   return lister.take();
 }

@@ -18,7 +18,7 @@ namespace korvane {
 // Where INI files come from. Paths are the program's (see NativePath.h).
 
 struct CatalogueSources {
-  std::string gameFolder;
+  std::string gameFolder;  // or an archive in its place
   // Further folders and archives, behind the game folder: the original game's data of a modification.
   std::vector<std::string> also{};
 

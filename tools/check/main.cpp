@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <stdexcept>
+
+#include "Progress.h"
+#include "Terminal.h"
+#include "check/Arguments.h"
+#include "check/Baseline.h"
+#include "check/Checker.h"
+#include "check/ExitCodes.h"
+#include "check/LinesOfFiles.h"
+#include "files/FileBytes.h"
+#include "files/NativePath.h"
+#include "files/WholeFile.h"
+#include "ini/IniText.h"
+
+namespace {
+
+using namespace korvane;
+namespace fs = std::filesystem;
+
+// A path as the user wrote it, as the program's.
+std::string PathOf(const std::string& written) {
+  return ProgramPath(fs::path(written));
+}
+
+bool IsArchive(const std::string& path) {
+  return ToLowerAscii(path).ends_with(".big") && FileExists(path);
+}
+
+CatalogueSources SourcesOf(const Arguments& arguments) {
+  CatalogueSources sources{.gameFolder = PathOf(arguments.game)};
+  const bool hasData = IsArchive(sources.gameFolder) || FolderExists(sources.gameFolder + "\\Data\\INI");
+  if (!hasData) throw std::runtime_error(arguments.game + ": has no Data/INI and is no archive");
+  for (const std::string& also : arguments.also) {
+    sources.also.push_back(PathOf(also));
+    if (!IsArchive(sources.also.back()) && !FolderExists(sources.also.back()))
+      throw std::runtime_error(also + ": is no folder and no archive");
+  }
+  return sources;
+}
+
+std::string ReadBaseline(const std::string& written) {
+  FileBytes file;
+  if (!file.read(PathOf(written), {})) throw std::runtime_error(written + ": cannot be read");
+  return std::string(file.bytes());
+}
+
+void WriteBaseline(const Arguments& arguments, const Findings& findings) {
+  WholeFile file(fs::path(arguments.baseline));
+  file.write(BaselineText(findings));
+  if (const std::string reason = file.replace(); !reason.empty())
+    throw std::runtime_error(arguments.baseline + ": " + reason);
+  std::cout << findings.size() << (findings.size() == 1 ? " finding" : " findings") << " written to "
+            << arguments.baseline << '\n';
+}
+
+// What stands before a file's path where paths are read from the folder that we are in.
+std::string PrefixOf(const std::string& game) {
+  const fs::path path = fs::path(game).lexically_normal();
+  if (path.is_absolute() || path.has_root_name() || path == "." || *path.begin() == "..") return "";
+  const std::u8string text = path.generic_u8string();
+  const std::string prefix(text.begin(), text.end());
+  return prefix.ends_with('/') ? prefix : prefix + "/";
+}
+
+bool SaySkipped(const Catalogue& catalogue) {
+  for (const SkippedFile& skipped : catalogue.skipped())
+    std::cerr << "korvane-check: " << NativePath(skipped.path).string() << ": not read, for "
+              << skipped.reason << '\n';
+  return !catalogue.skipped().empty();
+}
+
+Findings FindingsOf(const Checker& checker, const Arguments& arguments) {
+  Progress progress("Checking", static_cast<std::int64_t>(checker.files().size()));
+  Findings findings =
+      checker
+          .check({.jobs = arguments.jobs, .progress = [&](std::size_t, std::size_t) { progress.stepDone(); }})
+          .value_or(Findings());
+  std::erase_if(findings, [&](const Finding& finding) { return finding.level < arguments.level; });
+  return findings;
+}
+
+void Show(const Findings& findings, const Checker& checker, const Arguments& arguments) {
+  const char* noColour = std::getenv("NO_COLOR");
+  const bool terminal = OutputGoesToTerminal();
+  LinesOfFiles lines(checker.catalogue());
+  arguments.report(std::cout, findings,
+                   {.files = checker.files().size(),
+                    .prefix = PrefixOf(arguments.game),
+                    .terminal = terminal,
+                    .colours = terminal && (noColour == nullptr || *noColour == '\0'),
+                    .lineOf = [&lines](const Finding& finding) { return lines.line(finding); }});
+}
+
+int Check(const Arguments& arguments) {
+  const CataloguePtr catalogue = ReadCatalogue(SourcesOf(arguments));
+  const bool incomplete = SaySkipped(*catalogue);
+  const Checker checker(catalogue, arguments.rules);
+  Findings findings = FindingsOf(checker, arguments);
+  if (arguments.writeBaseline) {
+    WriteBaseline(arguments, findings);
+    return incomplete ? kCouldNotCheck : kNothingFound;
+  }
+  if (!arguments.baseline.empty()) Baseline::FromText(ReadBaseline(arguments.baseline)).remove(findings);
+  Show(findings, checker, arguments);
+  if (!std::cout.flush()) throw std::runtime_error("the findings cannot be written");
+  return !findings.empty() ? kFound : incomplete ? kCouldNotCheck : kNothingFound;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    const ReadArguments read = ReadCommandLine(argc, argv);
+    return read.done ? read.exitCode : Check(read.arguments);
+  } catch (const std::exception& error) {
+    std::cerr << "korvane-check: " << error.what() << '\n';
+    return kCouldNotCheck;
+  }
+}
