@@ -13,9 +13,11 @@
 #include "app/ManualEditRequest.h"
 #include "controls/Icons.h"
 #include "controls/MenuButton.h"
+#include "controls/NoticeBar.h"
 #include "controls/Placement.h"
 #include "controls/ShownText.h"
 #include "editors/ListAndTable.h"
+#include "editors/NearestNames.h"
 #include "ini/IniText.h"
 #include "platform/MessageBoxes.h"
 #include "platform/TextEncoding.h"
@@ -27,6 +29,9 @@ namespace {
 // Of a window that was never closed, in pixels.
 constexpr int kWidth = 860;  // at least, or the list would be narrow
 constexpr int kHeight = 480;
+
+// The parts of the notice bar.
+enum Notices { soughtNotices };
 
 bool BeginsWithWord(const QString& text, const QString& word) {
   if (word.isEmpty() || !text.startsWith(word, Qt::CaseInsensitive)) return false;
@@ -47,14 +52,14 @@ void SortIgnoringCase(QStringList& names) {
 }  // namespace
 
 TableEditor::TableEditor(const TableEditorEntry& entry, const TableEditorContext& context)
-    : entry_(entry), context_(context), pane_(new ListAndTable) {
+    : entry_(entry), context_(context), pane_(new ListAndTable), notices_(new NoticeBar) {
   setObjectName(entry.window);
   setWindowTitle(entry.title);
   setWindowIcon(ApplicationIcon());
   makeMenus();
   pane_->list().setModel(&names_);
   connect(&pane_->list(), &QListView::clicked, this, &TableEditor::showEntry);
-  setCentralWidget(pane_);
+  setCentralWidget(NoticeBar::below(pane_, notices_));
   makeColumns();
   pane_->list().setFocus();
 }
@@ -134,7 +139,36 @@ void TableEditor::selectEntry(const QString& name) {
   const QStringList names = names_.stringList();
   const auto found = std::find_if(names.begin(), names.end(),
                                   [&](const QString& entry) { return BeginsWithWord(entry, name); });
-  select(found == names.end() ? QModelIndex() : names_.index(static_cast<int>(found - names.begin())));
+  const QModelIndex entry =
+      found == names.end() ? QModelIndex() : names_.index(static_cast<int>(found - names.begin()));
+  select(entry);
+  if (entry_.soughtNoun != nullptr) tellSought(name, entry);
+}
+
+// Selecting does not fill the table, and the user may take what stands there for the selected entry.
+void TableEditor::tellSought(const QString& name, const QModelIndex& found) {
+  const auto showing = [this](const QString& entry) { return [this, entry] { showNamed(entry); }; };
+  if (name.isEmpty()) return notices_->clear(soughtNotices);
+  if (found.isValid()) {
+    const QString entry = found.data().toString();
+    return notices_->tell(soughtNotices, {Notice().link("Show '" + ShownText(entry) + "'", showing(entry))});
+  }
+  const QString file = QString::fromUtf8(entry_.file);
+  Notice notice(QString("%1 has no %2 '%3'.").arg(file, entry_.soughtNoun, ShownText(name)));
+  const QStringList nearest = NearestNames(name, names_.stringList());
+  for (const QString& entry : nearest) {
+    notice.say(entry == nearest.first() ? " Is it " : " or ").link(ShownText(entry), showing(entry));
+  }
+  if (!nearest.isEmpty()) notice.say("?");
+  notices_->tell(soughtNotices, {notice});
+}
+
+// As a click on the entry.
+void TableEditor::showNamed(const QString& name) {
+  const auto row = names_.stringList().indexOf(name);
+  if (row < 0) return;
+  pane_->list().setCurrentIndex(names_.index(static_cast<int>(row)));
+  showEntry(names_.index(static_cast<int>(row)));
 }
 
 std::optional<QString> TableEditor::selectedName() const {
@@ -151,6 +185,7 @@ void TableEditor::showEntry(const QModelIndex& entry) {
     return;
   }
   settled_ = entry;
+  notices_->clear(soughtNotices);
   const QString name = entry.data().toString();
   // "[*]" means something to Qt unless it is written twice.
   const QString shown = ShownText(name).replace(QLatin1String("[*]"), QLatin1String("[*][*]"));

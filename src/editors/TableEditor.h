@@ -20,6 +20,7 @@ namespace korvane {
 
 class EditorLauncher;
 class ListAndTable;
+class NoticeBar;
 class UnitChoices;
 
 // What every table editor uses.
@@ -47,7 +48,7 @@ class TableEditor : public QMainWindow {
   void load();
 
   // Selects the first entry from the top that begins with the name as a whole word, letter case ignored, or
-  // none. The table stays as it is.
+  // none. The table stays as it is; the notice bar of some editors offers what to do next.
   void selectEntry(const QString& name);
 
  Q_SIGNALS:
@@ -71,7 +72,9 @@ class TableEditor : public QMainWindow {
   void makeColumns();
   void fillList(QStringList names);
   void select(const QModelIndex& entry);
+  void tellSought(const QString& name, const QModelIndex& found);
   std::optional<QString> selectedName() const;
+  void showNamed(const QString& name);
   void showEntry(const QModelIndex& entry);
   void editInManualEditor();
   std::optional<std::string> readBlock(const QString& name);
@@ -80,6 +83,7 @@ class TableEditor : public QMainWindow {
   TableEditorContext context_;
   QStringListModel names_;
   ListAndTable* pane_;
+  NoticeBar* notices_;
   QMenu* MnuFile_ = nullptr;
   QPersistentModelIndex settled_;  // the entry to go back to when a choice is refused
   bool loaded_ = false;

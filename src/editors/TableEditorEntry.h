@@ -27,6 +27,7 @@ struct TableEditorEntry {
   bool yieldsPerLine;  // while the file is scanned for its entries
   bool trimsBlock;     // of spaces at both ends, on its way to the manual editor
   bool needsName;  // for the manual editor; else an entry without a name stands for the file's first block
+  const char* soughtNoun;  // of an entry in what is said about one that was asked for; null: nothing is said
   std::string (SParse::*fill)(std::string_view selected, TableSink& table);
 };
 
@@ -41,6 +42,7 @@ inline constexpr TableEditorEntry kWeaponEditor{
     .yieldsPerLine = false,
     .trimsBlock = false,
     .needsName = true,
+    .soughtNoun = "weapon",
     .fill = &SParse::GetWeaponData,
 };
 
@@ -55,6 +57,7 @@ inline constexpr TableEditorEntry kArmourEditor{
     .yieldsPerLine = true,
     .trimsBlock = false,
     .needsName = false,
+    .soughtNoun = nullptr,
     .fill = &SParse::GetArmourData,
 };
 
@@ -69,6 +72,7 @@ inline constexpr TableEditorEntry kCommandSetEditor{
     .yieldsPerLine = false,
     .trimsBlock = true,
     .needsName = false,
+    .soughtNoun = nullptr,
     .fill = &SParse::GetCmdSetData,
 };
 
@@ -83,6 +87,7 @@ inline constexpr TableEditorEntry kCommandButtonEditor{
     .yieldsPerLine = true,
     .trimsBlock = false,
     .needsName = false,
+    .soughtNoun = nullptr,
     .fill = &SParse::GetCmdBtnData,
 };
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QLabel>
 #include <QMenu>
 #include <QSignalSpy>
 
+#include "controls/NoticeBar.h"
 #include "editors/EditorDesk.h"
 #include "editors/FrmCmdBtn.h"
 #include "editors/FrmWE.h"
@@ -79,6 +81,36 @@ TEST_F(TableEditorTest, AWeaponWithoutANameHasNothingToEdit) {
   EXPECT_TRUE(launcher.requests.empty());
   ASSERT_EQ(messages.shown.size(), 1U);
   EXPECT_EQ(messages.shown[0].text, "This entry has no name.");
+}
+
+TEST_F(TableEditorTest, TheWeaponEditorSaysWhatBecameOfTheWeaponThatWasAskedFor) {
+  const auto editor = open<FrmWE>();
+  auto& bar = *editor->findChild<NoticeBar*>();
+  const auto followLink = [&bar] {
+    auto* label = bar.findChild<QLabel*>();
+    Q_EMIT label->linkActivated(label->text().section("href=\"", 1).section('"', 0, 0));
+    QCoreApplication::processEvents();
+  };
+  EXPECT_EQ(bar.sentences(), QStringList());
+  editor->selectEntry("rocket");
+  EXPECT_EQ(bar.sentences(), QStringList{"Show 'Rocket'"});
+  EXPECT_TRUE(rows(*editor).isEmpty());
+  followLink();
+  EXPECT_EQ(editor->windowTitle(), "Rocket - Weapon Editor");
+  EXPECT_EQ(rows(*editor).value(0), "Weapon Damage|40.0");
+  EXPECT_EQ(bar.sentences(), QStringList());
+
+  editor->selectEntry("Canon");
+  EXPECT_EQ(selected(*editor), "none");
+  EXPECT_EQ(bar.sentences(), QStringList{"Weapon.ini has no weapon 'Canon'. Is it cannon?"});
+  followLink();
+  EXPECT_EQ(selected(*editor), "cannon");
+  EXPECT_EQ(rows(*editor).value(0), "Weapon Damage|7");
+
+  editor->selectEntry("Laser");
+  EXPECT_EQ(bar.sentences(), QStringList{"Weapon.ini has no weapon 'Laser'."});
+  editor->selectEntry("");
+  EXPECT_EQ(bar.sentences(), QStringList());
 }
 
 TEST_F(TableEditorTest, AnEntryIsFoundByItsFirstWholeWord) {
