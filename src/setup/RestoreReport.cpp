@@ -33,7 +33,7 @@ QString Others(const std::vector<std::string>& archives) {
 
 QString OriginOf(const RestoredFile& file) {
   if (!file.reason.empty()) return "not written: " + ShownText(QString::fromLocal8Bit(file.reason.c_str()));
-  if (file.source == RestoredFile::Source::database) return "from the texts that come with the program";
+  if (file.source == RestoredFile::Source::database) return "sample text of the program";
   const QString first = "from " + Shown(file.archives.front());
   return file.archives.size() == 1 ? first : first + "; also in " + Others(file.archives);
 }

@@ -254,7 +254,7 @@ TEST_F(WizardTest, RestoringMakesFoldersAndLeavesAloneWhatIsThere) {
   fs::create_directory_symlink(program.native(""), game.native("away"));
   pack({{"Data\\INI\\New\\Deep\\Unit.ini", bytes},
         {"Data\\INI\\Armor.ini", "stock"},
-        {"blocked\\x.ini", "stock"},
+        {"blocked\\in\\x.ini", "stock"},
         {"Data\\INI", "a folder has this name"},
         {"..\\outside.ini", "hostile"},
         {"\\outside.ini", "hostile"},
@@ -273,11 +273,11 @@ TEST_F(WizardTest, RestoringMakesFoldersAndLeavesAloneWhatIsThere) {
   EXPECT_FALSE(fs::exists(game.native("../outside.ini")));
   EXPECT_FALSE(fs::exists("/outside.ini"));
   EXPECT_FALSE(fs::exists(program.native("outside.ini")));
-  const std::string sample = ": from the texts that come with the program";
+  const std::string sample = ": sample text of the program";
   const std::string unsafe = ": not written: its path is none of a file in the game folder";
   EXPECT_EQ(report(),
             (Lines{"6 files were not written. 2 files were written.",
-                   "blocked\\x.ini: not written: Not a directory", "Data\\INI: not written: File exists",
+                   "blocked\\in\\x.ini: not written: Not a directory", "Data\\INI: not written: File exists",
                    "..\\outside.ini" + unsafe, "\\outside.ini" + unsafe, "C:\\outside.ini" + unsafe,
                    "away\\outside.ini: not written: a link on its way leads out of the game folder",
                    "Data\\INI\\New\\Deep\\Unit.ini" + sample, "last.ini" + sample}));
@@ -326,7 +326,7 @@ TEST_F(WizardTest, AFullDiskIsToldFileByFileAndCanBeTriedAgain) {
   ASSERT_EQ(told.size(), 3U);
   EXPECT_EQ(told[0], "1 file was not written. 1 file was written.");
   EXPECT_TRUE(told[1].starts_with("large.ini: not written: ")) << told[1];
-  EXPECT_EQ(told[2], "small.ini: from the texts that come with the program");
+  EXPECT_EQ(told[2], "small.ini: sample text of the program");
   EXPECT_FALSE(fs::exists(game.native("large.ini")));
   click(back);
   waitForNext(true);
