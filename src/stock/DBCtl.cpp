@@ -125,8 +125,7 @@ void DBCtl::SetData(std::string_view Field, std::string_view Data) {
 
 void DBCtl::store(const DbfField& wanted, std::string_view data) {
   currentRecord();
-  // Opening the table anew makes new fields. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
-  const DbfField field = wanted;
+  const DbfField field = wanted;  // opening the table anew makes new fields
   std::string value(data);
   if (field.isMemo() && !data.empty()) {
     const MemoFile::Grown memo = table().memoWithText(data);
