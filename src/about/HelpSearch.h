@@ -16,7 +16,6 @@ struct HelpHit {
   qsizetype count;  // how often the words stand in the page
 };
 
-// The words of a search text.
 QStringList SearchWords(const QString& text);
 
 // Finds words in the pages of a help file, without regard to letter case.

@@ -18,10 +18,8 @@ struct FontSettings {
   const char* absent;
 };
 
-// The font of the object tree.
 inline constexpr FontSettings kTreeFont{"MenuiFont",      "MenuiFontSize",  "MenuiBold", "MenuiItalic",
                                         "MenuiUnderline", "MenuiStrikeout", "1"};
-// The font of the manual editor's text.
 inline constexpr FontSettings kTextFont{"ManEditName",
                                         "ManEditSize",
                                         "ManEditBold",
