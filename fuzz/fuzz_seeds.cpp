@@ -34,6 +34,22 @@ constexpr std::string_view kTreeSeeds[] = {
     "2Object Flag",
 };
 
+// The first line is what is looked for.
+constexpr std::string_view kCatalogueSeeds[] = {
+    "tg\nWeapon TankGun\r\n FireFX = FX_A ; x\r\n FireSound NoSound //y\r\nEnd\r\nWeapon B\rWeapon "
+    "C\nEnd\nEnd\n",
+    "a\nObject A\n Draw = W3DModelDraw T\n  ConditionState = X\n   ParticleSysBone = \"a b\" P\n  End\n "
+    "End\n "
+    "Behavior = SlowDeathBehavior T\n  FX = INITIAL FX_A\n  OCL = FINAL O\n End\nEnd\nObjectReskin B A\n "
+    "CommandSet = C\nEnd\n",
+    "x\nObjectCreationList O\n DeliverPayload\n  FireWeapon = Yes\n  Payload = T 2\n End\n FireWeapon\n  "
+    "Weapon = W\n "
+    "End\nEnd\nloose\nEnd\n",
+    "1\nCommandSet C\n 1 = B\n 19 = B\nEnd\nObject A\n Behavior = TransitionDamageFX T\n  RubbleFXList9 = "
+    "fxlist: F\n "
+    "WeaponSet\n  Weapon PRIMARY W\n Body = B T\nEnd",
+};
+
 void Write(const fs::path& file, std::string_view bytes) {
   std::ofstream(file, std::ios::binary) << bytes;
 }
@@ -86,5 +102,6 @@ int main(int argc, char** argv) {
   Write(seeds / "big" / "none", ArchiveBytes({}));
   WriteEach(Folder(seeds / "parser"), kParserSeeds);
   WriteEach(Folder(seeds / "tree"), kTreeSeeds);
+  WriteEach(Folder(seeds / "catalogue"), kCatalogueSeeds);
   return 0;
 }

@@ -225,7 +225,8 @@ class SlowReading {
     std::string path = open_.back().path + '/' + std::string(row.keyword);
     if (IsModule(row)) {
       path.pop_back();
-      path += line.words.size() > 1 ? line.words[1].text : "";
+      const std::string module = line.words.size() > 1 ? line.words[1].text : "";
+      path += module.find('/') == std::string::npos ? module : "*";  // no module of the rows has one
     }
     const std::string shown = General(path);
     open_.push_back(
