@@ -91,13 +91,25 @@ Job StockJob(const char* name, Words arguments, const BenchFolders& folders, con
           .told = [told] { return *told; }};
 }
 
+// The catalogue in a process of its own, which shows its memory.
+Job NamesJob(const BenchFolders& folders) {
+  const auto told = std::make_shared<Told>();
+  const Words words{Self().parent_path() / "korvane-names", folders.game(), "uses", "Weapon00001"};
+  return {.name = "korvane-names, uses of a weapon",
+          .promise = {.memory = 40, .growth = true},
+          .run = [=] { *told = RunProcess(words); },
+          .bare = BareRead(folders.dataFiles()),
+          .told = [told] { return *told; }};
+}
+
 }  // namespace
 
 Jobs ProcessJobs(const BenchFolders& folders) {
   const fs::path packed = folders.home / "packed";
   const fs::path extracted = folders.home / "extracted";
   return {StartJob(folders), StockJob("pack", {"pack", "--output", packed, folders.game()}, folders, packed),
-          StockJob("extract", {"extract", folders.program() / "Data.DBF", extracted}, folders, extracted)};
+          StockJob("extract", {"extract", folders.program() / "Data.DBF", extracted}, folders, extracted),
+          NamesJob(folders)};
 }
 
 void KeepTold(const BenchFolders& folders, const Told& told) {

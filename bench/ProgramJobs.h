@@ -20,6 +20,7 @@ Jobs ReadingJobs(const RunningProgram& running);
 Jobs EditorJobs(const RunningProgram& running);
 Jobs ManualEditorJobs(const RunningProgram& running);
 Jobs DatabaseJobs(const RunningProgram& running);
+Jobs CatalogueJobs(const RunningProgram& running);
 
 // Those that are programs of their own; they need no window here.
 Jobs ProcessJobs(const BenchFolders& folders);

@@ -56,7 +56,7 @@ void MeasureProgram(const Options& options) {
   Program program(desk.services, {});
   program.StartProgram();
   const RunningProgram running{folders, desk, program};
-  for (const auto jobs : {ReadingJobs, EditorJobs, ManualEditorJobs, DatabaseJobs})
+  for (const auto jobs : {ReadingJobs, EditorJobs, ManualEditorJobs, DatabaseJobs, CatalogueJobs})
     MeasureAll(jobs(running), options);
 }
 

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <memory>
+#include <stdexcept>
+
+#include "BarePass.h"
+#include "ProgramJobs.h"
+#include "catalogue/NameSearch.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr std::string_view kTyped = "amvehi1";  // finds names by their words' beginnings at last
+
+CatalogueSources SourcesOf(const BenchFolders& folders) {
+  return {ProgramText(folders.game()).toStdString()};
+}
+
+// The catalogue that the jobs ask, read when the first one runs.
+using SharedCatalogue = std::shared_ptr<CataloguePtr>;
+
+std::function<void()> Reading(const SharedCatalogue& catalogue, const CatalogueSources& sources) {
+  return [=] {
+    if (*catalogue == nullptr) *catalogue = ReadCatalogue(sources);
+  };
+}
+
+Job WholeJob(const BenchFolders& folders) {
+  return {.name = "catalogue from nothing",
+          .promise = {.ratio = 12, .growth = true},
+          .run =
+              [sources = SourcesOf(folders)] {
+                if (ReadCatalogue(sources)->files().size() != 13)
+                  throw std::runtime_error("files are missing");
+              },
+          .bare = BareRead(folders.dataFiles())};
+}
+
+Job ChangedJob(const BenchFolders& folders, const SharedCatalogue& catalogue) {
+  const std::string path = "Data\\INI\\Object\\" + std::string(kLargestFile);
+  return {.name = "catalogue, the largest file changed",
+          .promise = {.time = 20, .growth = true},
+          .run = [=] { *catalogue = WithFileRead(**catalogue, path); },
+          .bare = BareRead({folders.objects(kLargestFile)}),
+          .prepare = Reading(catalogue, SourcesOf(folders))};
+}
+
+void TypeAndSearch(const Catalogue& catalogue) {
+  for (std::size_t letters = 1; letters <= kTyped.size(); ++letters)
+    if (SearchNames(catalogue, {.pattern = kTyped.substr(0, letters), .kinds = {}, .most = 100}).hits.empty())
+      throw std::runtime_error("nothing was found");
+}
+
+Job SearchJob(const BenchFolders& folders, const SharedCatalogue& catalogue) {
+  return {.name = "search of all names, a key",
+          .promise = {.time = 8, .growth = true},
+          .run = [=] { TypeAndSearch(**catalogue); },
+          .bare = {},
+          .prepare = Reading(catalogue, SourcesOf(folders)),
+          .steps = static_cast<int>(kTyped.size())};
+}
+
+struct UsedName {
+  SpaceId space = kNoSpace;
+  std::string name;
+  std::size_t uses = 0;
+};
+
+UsedName MostUsed(const Catalogue& catalogue) {
+  UsedName most;
+  for (const auto& file : catalogue.files())
+    for (CatalogueFile::NameId id = 0; id < file->nameCount(); ++id)
+      if (file->usesOf(id).size() > most.uses)
+        most = {file->space(id), std::string(file->name(id)), file->usesOf(id).size()};
+  return most;
+}
+
+Job UsesJob(const BenchFolders& folders, const SharedCatalogue& catalogue) {
+  const auto name = std::make_shared<UsedName>();
+  const auto read = Reading(catalogue, SourcesOf(folders));
+  return {.name = "uses of the most used name",
+          .promise = {.time = 8, .growth = true},
+          .run =
+              [=] {
+                if ((*catalogue)->uses(name->space, name->name).size() < name->uses)
+                  throw std::runtime_error("uses are missing");
+              },
+          .bare = {},
+          .prepare =
+              [=] {
+                read();
+                if (name->uses == 0) *name = MostUsed(**catalogue);
+              }};
+}
+
+}  // namespace
+
+Jobs CatalogueJobs(const RunningProgram& running) {
+  const auto catalogue = std::make_shared<CataloguePtr>();
+  return {WholeJob(running.folders), ChangedJob(running.folders, catalogue),
+          SearchJob(running.folders, catalogue), UsesJob(running.folders, catalogue)};
+}
+
+}  // namespace korvane
