@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include "files/NativePath.h"
 #include "support/GameFolder.h"
 
@@ -9,13 +11,17 @@ namespace {
 
 #ifndef _WIN32
 
+void SetVariable(const char* name, const std::string& value) {
+  setenv(name, value.c_str(), 1);
+}
+
 TEST(NativePath, FindsWhatTheGameSpellsInItsOwnWay) {
   const GameFolder disk;
   for (const char* file : {"Data/INI/Weapon.ini", "Data/b.ini", "Data/B.INI",
                            "prefix/dosdevices/c:/Game/a.txt", "home/.wine/dosdevices/d:/a.txt"}) {
     disk.write(file, "");
   }
-  qputenv("HOME", disk.native("home").c_str());
+  SetVariable("HOME", disk.native("home").string());
   struct Case {
     const char* name;
     std::string path;
@@ -35,7 +41,7 @@ TEST(NativePath, FindsWhatTheGameSpellsInItsOwnWay) {
       {"drive of the home folder", "D:\\A.txt", "home/.wine/dosdevices/d:/a.txt", ""},
   };
   for (const Case& test : cases) {
-    qputenv("WINEPREFIX", *test.prefix == '\0' ? "" : disk.native(test.prefix).c_str());
+    SetVariable("WINEPREFIX", *test.prefix == '\0' ? "" : disk.native(test.prefix).string());
     EXPECT_EQ(NativePath(test.path), disk.native(test.native)) << test.name;
   }
 }

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QTemporaryDir>
-
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
 #include <string_view>
+
+#include "support/TemporaryFolder.h"
+
+class QString;
 
 namespace korvane {
 
@@ -18,15 +20,17 @@ class GameFolder {
 
   // The folder in the program's own path text.
   std::string path() const {
-    std::string text = folder_.path().toStdString();
+    std::string text = folder_.path().string();
     for (char& c : text) c = c == '/' ? '\\' : c;
     return text;
   }
-  QString qpath() const { return QString::fromStdString(path()); }
-
-  std::filesystem::path native(std::string_view relative) const {
-    return std::filesystem::path(folder_.path().toStdString()) / relative;
+  // The same for Qt; a template, so that tests without Qt can have a folder too.
+  template <typename Text = QString>
+  Text qpath() const {
+    return Text::fromStdString(path());
   }
+
+  std::filesystem::path native(std::string_view relative) const { return folder_.path() / relative; }
 
   // Writes the bytes as they are; `relative` with slashes, below the game folder.
   void write(std::string_view relative, std::string_view bytes) const {
@@ -54,7 +58,7 @@ class GameFolder {
   }
 
  private:
-  QTemporaryDir folder_;
+  TemporaryFolder folder_;
 };
 
 }  // namespace korvane
