@@ -53,7 +53,7 @@ void MeasureAll(const Jobs& jobs, const Options& options) {
 void MeasureProgram(const Options& options) {
   const BenchFolders folders{options.home};
   BenchDesk desk(folders);
-  Program program(desk.services, {});
+  Program program(desk.services, desk.folders, {});
   program.StartProgram();
   const RunningProgram running{folders, desk, program};
   for (const auto jobs : {ReadingJobs, EditorJobs, ManualEditorJobs, DatabaseJobs, CatalogueJobs})
@@ -65,7 +65,7 @@ void StartOnly(const Options& options) {
   const BenchFolders folders{options.home};
   BenchDesk desk(folders);
   GapMeter meter;
-  Program program(desk.services, {});
+  Program program(desk.services, desk.folders, {});
   program.StartProgram();
   KeepTold(folders, {meter.longest(), PeakMemory()});
   RealProcessEnd().end();

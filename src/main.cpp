@@ -11,7 +11,7 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName("korvane");
   QApplication::setWindowIcon(korvane::ApplicationIcon());
   korvane::Desktop desktop;
-  korvane::Program program(desktop.services(), QApplication::arguments().mid(1).join(' '));
+  korvane::Program program(desktop.services(), desktop.folders(), QApplication::arguments().mid(1).join(' '));
   program.StartProgram();
   return QApplication::exec();
 }

@@ -12,7 +12,8 @@ class MessageBoxes;
 class ProcessEnd;
 class SettingsStore;
 
-// Where things lie, for the whole run; paths in the program's own text, without a trailing separator.
+// Where things lie; paths in the program's own text, without a trailing separator. The wizard stores the game
+// folder in the settings, start-up takes it from there; everybody else reads.
 struct Folders {
   QString game;     // the game's installation folder
   QString program;  // the program's own folder
@@ -28,7 +29,7 @@ struct Services {
   HelpViewer& help;
   ProcessEnd& process;
   EventYield& yield;
-  Folders& folders;
+  const Folders& folders;
 };
 
 }  // namespace korvane

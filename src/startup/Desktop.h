@@ -17,6 +17,7 @@ class Desktop {
   Desktop();
 
   const Services& services() const { return services_; }
+  Folders& folders() { return folders_; }
 
  private:
   Folders folders_;

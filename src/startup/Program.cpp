@@ -35,8 +35,9 @@ Editor& Loaded(Lazy<Editor>& lazy) {
 
 }  // namespace
 
-Program::Program(const Services& services, QString arguments)
+Program::Program(const Services& services, Folders& folders, QString arguments)
     : services_(services),
+      folders_(folders),
       arguments_(std::move(arguments)),
       versions_(std::make_unique<KeptVersions>(files_)),
       fonts_([this] { return &options_.get(); }),
@@ -63,7 +64,7 @@ void Program::StartProgram() {
 }
 
 void Program::runSplash() {
-  frmSplash splash(services_, *this, arguments_);
+  frmSplash splash(services_, folders_, *this, arguments_);
   splash.load();
 }
 

@@ -34,8 +34,9 @@ struct TableEditorContext;
 // The composition root: owns every window, makes each at its first use, and wires them to each other.
 class Program : public EditorLauncher, public StartupWindows {
  public:
-  // `arguments`: the command line behind the program's name, as one text.
-  Program(const Services& services, QString arguments);
+  // `folders`: those of the services, into which start-up writes the game folder. `arguments`: the command
+  // line behind the program's name, as one text.
+  Program(const Services& services, Folders& folders, QString arguments);
   ~Program() override;
 
   // The start procedure; afterwards the event loop carries the program.
@@ -72,6 +73,7 @@ class Program : public EditorLauncher, public StartupWindows {
   TableEditorContext editorContext();
 
   const Services& services_;
+  Folders& folders_;
   QString arguments_;
   FileWriter files_;
   std::unique_ptr<KeptVersions> versions_;

@@ -58,9 +58,10 @@ QLabel* TitleLabel() {
 
 }  // namespace
 
-frmSplash::frmSplash(const Services& services, StartupWindows& windows, QString arguments)
+frmSplash::frmSplash(const Services& services, Folders& folders, StartupWindows& windows, QString arguments)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),
       services_(services),
+      folders_(folders),
       windows_(windows),
       arguments_(std::move(arguments)),
       Label1_(Named("Label1", new QLabel("Loading..."))),
@@ -106,7 +107,7 @@ void frmSplash::animate() {
 }
 
 void frmSplash::load() {
-  services_.folders.game = services_.settings.gameFolder();
+  folders_.game = services_.settings.gameFolder();
   windows_.mainWindow();
   adjustSize();
   move(screen()->availableGeometry().center() - rect().center());
@@ -201,7 +202,7 @@ void frmSplash::openEditor() {
 }
 
 void frmSplash::BuildObjectTree() {
-  services_.folders.game = services_.settings.gameFolder();
+  folders_.game = services_.settings.gameFolder();
   ObjectTreeModel& objects = windows_.mainWindow().objects();
   ObjectTreeBuilder builder([&objects](const TreeEntry& entry) { return objects.addNode(entry); },
                             [this] { services_.yield.perLine(); });

@@ -20,8 +20,9 @@ class frmSplash : public QWidget {
   Q_OBJECT
 
  public:
-  // `arguments`: the command line behind the program's name, as one text.
-  frmSplash(const Services& services, StartupWindows& windows, QString arguments);
+  // `folders`: those of the services, into which the game folder is written. `arguments`: the command line
+  // behind the program's name, as one text.
+  frmSplash(const Services& services, Folders& folders, StartupWindows& windows, QString arguments);
 
   // Shows the window and runs the whole start-up; the window is closed when it returns.
   void load();
@@ -49,6 +50,7 @@ class frmSplash : public QWidget {
   void endProgram();
 
   const Services& services_;
+  Folders& folders_;
   StartupWindows& windows_;
   QString arguments_;
   QLabel* Label1_;

@@ -165,7 +165,7 @@ void Monkey::round() {
   ++report_.rounds;
   begin();
   {
-    Program program(*services_, chance_.oneIn(4) ? "-Reinstall" : "");
+    Program program(*services_, folders_, chance_.oneIn(4) ? "-Reinstall" : "");
     program.StartProgram();
     if (!over_) loop_.exec();
     ticker_.reset();

@@ -37,7 +37,7 @@ class AccessibleNamesTest : public testing::Test, protected TestDesk {};
 
 TEST_F(AccessibleNamesTest, EveryControlOfTheKeyboardHasOne) {
   game.ini("Weapon.ini", "Weapon Gun\nEnd\n");
-  Program program(services, {});
+  Program program(services, folders, {});
   program.mainWindow().show();
   program.showWeaponEditor();
   program.showArmourEditor();

@@ -41,7 +41,7 @@ class EditorWindowsTest : public testing::Test, protected TestDesk {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
-  Program program{services, {}};
+  Program program{services, folders, {}};
 };
 
 TEST_F(EditorWindowsTest, TheArmourEditorFollowsTheArmourListWhetherItIsOpenOrNot) {

@@ -28,7 +28,7 @@ class RealFolder : public testing::Test, protected TestDesk {
     settings.saveGameFolder(game.qpath());
   }
   void start() {
-    program = std::make_unique<Program>(services, QString());
+    program = std::make_unique<Program>(services, folders, QString());
     program->StartProgram();
   }
 

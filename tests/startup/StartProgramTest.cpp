@@ -40,7 +40,7 @@ class StartProgramTest : public testing::Test, protected TestDesk {
   }
   void chooseGame() { settings.saveGameFolder(game.qpath()); }
   void start(const QString& arguments = {}) {
-    program = std::make_unique<Program>(services, arguments);
+    program = std::make_unique<Program>(services, folders, arguments);
     program->StartProgram();
   }
 

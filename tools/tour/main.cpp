@@ -19,6 +19,6 @@ int main(int argc, char** argv) {
     return 2;
   }
   korvane::Desktop desktop;
-  korvane::Program program(desktop.services(), {});
+  korvane::Program program(desktop.services(), desktop.folders(), {});
   return korvane::Tour(program, desktop.services().settings.gameFolder(), arguments[1]).run() ? 0 : 1;
 }
