@@ -142,7 +142,7 @@ void IniTextEdit::setBytes(std::string_view bytes) {
 }
 
 void IniTextEdit::setBytesAgain(std::string_view bytes) {
-  const long topLine = send(Sci::SCI_GETFIRSTVISIBLELINE);
+  const qsizetype topLine = send(Sci::SCI_GETFIRSTVISIBLELINE);
   const Place cursor = placeOf(send(Sci::SCI_GETCURRENTPOS));
   setBytes(bytes);
   goTo(cursor.line, cursor.column, 0);
@@ -363,7 +363,7 @@ qsizetype IniTextEdit::colourLines(qsizetype from, qsizetype to) {
   const auto size = static_cast<std::size_t>(end - from);
   std::string text(size + 1, '\0');
   std::string kinds(size, '\0');
-  text_->SendScintilla(Sci::SCI_GETTEXTRANGE, from, end, text.data());
+  text_->SendScintilla(Sci::SCI_GETTEXTRANGE, static_cast<long>(from), static_cast<long>(end), text.data());
   KindsOf(std::string_view(text).substr(0, size), kinds.data());
   sendText(Sci::SCI_SETSTYLINGEX, end - from, kinds.data());
   return end;
