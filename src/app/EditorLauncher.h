@@ -34,6 +34,11 @@ class EditorLauncher {
   // cannot be kept and the user does not want to lose it.
   virtual bool keepUnsavedTexts() = 0;
 
+  // The program's path of the file whose text in the manual editor is not saved; empty when there is none.
+  virtual QString fileWithUnsavedText() const = 0;
+  // See ConvertLineEnds.
+  virtual QString convertLineEnds(const QString& path) = 0;
+
   // Destroys the embedded folder chooser, if there is one.
   virtual void CloseBrowse() = 0;
 };

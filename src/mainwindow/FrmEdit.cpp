@@ -51,6 +51,7 @@ FrmEdit::FrmEdit(const Services& services, EditorLauncher& launcher)
       panels_(*statusBar()),
       notices_(new NoticeBar),
       objectNotices_(*notices_, launcher, services),
+      lineEnds_(*this, *notices_, launcher, services, [this] { startAgain(); }),
       launch_(*this, SParse1_, services, launcher, [this] { return display_->selectedObject(); }) {
   setObjectName("FrmEdit");
   setWindowTitle(ApplicationTitle());
@@ -150,10 +151,6 @@ void FrmEdit::readWeapons() {
   display_->choices().readWeapons();
 }
 
-void FrmEdit::showRemark(const QString& text) {
-  panels_.showRemark(text);
-}
-
 void FrmEdit::nameFileButton() {
   const ObjectNode* node = display_->selectedNode();
   if (node != nullptr && Grandparent(*node) != nullptr)
@@ -181,6 +178,13 @@ bool FrmEdit::exitConfirmed() {
                                  this);
 }
 
+// Whatever program the user comes back from may have mended a file.
+bool FrmEdit::event(QEvent* event) {
+  const bool handled = QMainWindow::event(event);
+  if (event->type() == QEvent::WindowActivate) lineEnds_.lookAgain();
+  return handled;
+}
+
 void FrmEdit::closeEvent(QCloseEvent* event) {
   if (ConfirmExit_) {
     if (!exitConfirmed() || !launcher_.keepUnsavedTexts()) {
@@ -200,8 +204,18 @@ void FrmEdit::CloseSoft() {
 
 void FrmEdit::exitCommand() {
   if (!launcher_.keepUnsavedTexts()) return;
-  ConfirmExit_ = false;
   SavePlacement(services_.settings, *this);
+  leave();
+}
+
+void FrmEdit::startAgain() {
+  if (!launcher_.keepUnsavedTexts()) return;
+  SavePlacement(services_.settings, *this);
+  if (services_.process.startAnew()) leave();
+}
+
+void FrmEdit::leave() {
+  ConfirmExit_ = false;
   launcher_.CloseBrowse();
   close();
   services_.process.end();

@@ -15,6 +15,7 @@
 #include "controls/NoticeBar.h"
 #include "ini/SParse.h"
 #include "mainwindow/LaunchCommands.h"
+#include "mainwindow/LineEndNotices.h"
 #include "mainwindow/ObjectDisplay.h"
 #include "mainwindow/ObjectNotices.h"
 #include "mainwindow/ObjectTreeModel.h"
@@ -44,8 +45,7 @@ class FrmEdit : public QMainWindow, public UnitChoices {
   void readWeapons();
   // What a part of the notice bar says from now on.
   void tell(MainNotices part, std::vector<Notice> notices) { notices_->tell(part, std::move(notices)); }
-  // A remark in the status bar's first panel, until a node is chosen.
-  void showRemark(const QString& text);
+  void tellLineEnds(std::vector<UnixFile> files) { lineEnds_.tell(std::move(files)); }
 
   // Takes the tree's font and the selected tab from the settings.
   void applyOptions();
@@ -58,6 +58,7 @@ class FrmEdit : public QMainWindow, public UnitChoices {
   QString armourText() const;
 
  protected:
+  bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
@@ -71,6 +72,8 @@ class FrmEdit : public QMainWindow, public UnitChoices {
   void showSettingsTrouble();
   bool exitConfirmed();
   void exitCommand();
+  void leave();
+  void startAgain();
 
   const Services& services_;
   EditorLauncher& launcher_;
@@ -82,6 +85,7 @@ class FrmEdit : public QMainWindow, public UnitChoices {
   StatusPanels panels_;
   NoticeBar* notices_;
   ObjectNotices objectNotices_;
+  LineEndNotices lineEnds_;
   ObjectDisplay* display_ = nullptr;
   LaunchCommands launch_;
   Commands commands_{*this};

@@ -30,12 +30,6 @@ void StatusPanels::show(Panel panel, const QString& text) {
   shown.show();
 }
 
-void StatusPanels::showRemark(const QString& text) {
-  show(path, text);
-  if (text.isEmpty()) return;
-  for (QLabel* panel : {panels_[file], panels_[count]}) panel->hide();
-}
-
 void StatusPanels::showTrouble(const QString& text, const QString& detail) {
   trouble_->setText(text);
   trouble_->setToolTip(detail);

@@ -19,8 +19,6 @@ class StatusPanels {
   explicit StatusPanels(QStatusBar& bar);
 
   void show(Panel panel, const QString& text);
-  // Shows a remark in the first panel, hiding the others until they are next shown.
-  void showRemark(const QString& text);
   // Stays until it is replaced; an empty text takes it away. `detail`: for who points at it.
   void showTrouble(const QString& text, const QString& detail);
 

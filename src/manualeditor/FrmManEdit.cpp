@@ -213,6 +213,10 @@ void FrmManEdit::forgetFinds() {
   find_->forget();
 }
 
+QString FrmManEdit::unsavedFile() const {
+  return openText_->isUnsaved() ? openText_->file() : QString();
+}
+
 bool FrmManEdit::keepUnsavedText() {
   const WindowCalls::Running call(calls_);
   return openText_->letGo();

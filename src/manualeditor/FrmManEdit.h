@@ -42,6 +42,8 @@ class FrmManEdit : public QMainWindow {
   // Empties the list of what was sought; the text in the find box stays.
   void forgetFinds();
 
+  // The program's path of the file whose text is not saved; empty when there is none.
+  QString unsavedFile() const;
   // Keeps an unsaved text among the former versions of its file, for the moment before the program ends.
   // False when it cannot be kept and the user does not want to lose it.
   bool keepUnsavedText();

@@ -37,6 +37,8 @@ class OpenText : public QObject {
   // handed over.
   const QString& file() const { return file_; }
   bool isPart() const { return part_; }
+  // Closing it would lose something.
+  bool isUnsaved() const;
 
   // Writes the file. False, after a message or the user's answer, when it is not saved.
   bool save();
@@ -61,7 +63,6 @@ class OpenText : public QObject {
  private:
   void loadNewText();
   void showAnew(std::string_view bytes, const FileLook& look);
-  bool isUnsaved() const;
   UnsavedText unsaved() const;
   bool mayLose(const QString& reason);
   bool goesOn(FileToSave& file, const FileSaved& saved);

@@ -10,11 +10,14 @@ class ProcessEnd {
  public:
   virtual ~ProcessEnd() = default;
   virtual void end() = 0;
+  // Starts the program anew, without arguments, beside this process. False when it cannot be started.
+  virtual bool startAnew() = 0;
 };
 
 class RealProcessEnd : public ProcessEnd {
  public:
   [[noreturn]] void end() override;
+  bool startAnew() override;
 };
 
 }  // namespace korvane

@@ -15,6 +15,7 @@
 #include "options/FrmOpt.h"
 #include "platform/EventYield.h"
 #include "platform/KeptVersions.h"
+#include "platform/LineEndConversion.h"
 #include "platform/Registry.h"
 #include "setup/frmWizard.h"
 #include "startup/frmSplash.h"
@@ -186,6 +187,15 @@ void Program::showManualEditor(const ManualEditRequest& request) {
 bool Program::keepUnsavedTexts() {
   FrmManEdit* editor = manualEditor_.existing();
   return editor == nullptr || editor->keepUnsavedText();
+}
+
+QString Program::fileWithUnsavedText() const {
+  const FrmManEdit* editor = manualEditor_.existing();
+  return editor == nullptr ? QString() : editor->unsavedFile();
+}
+
+QString Program::convertLineEnds(const QString& path) {
+  return ConvertLineEnds(path, files_, *versions_);
 }
 
 }  // namespace korvane

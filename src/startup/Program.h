@@ -53,6 +53,8 @@ class Program : public EditorLauncher, public StartupWindows {
   void showAbout() override;
   void CloseBrowse() override;
   bool keepUnsavedTexts() override;
+  QString fileWithUnsavedText() const override;
+  QString convertLineEnds(const QString& path) override;
 
   FrmEdit& mainWindow() override;
   bool wizardVisible() override;

@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 
@@ -27,7 +28,6 @@
 #include "platform/SupportAddress.h"
 #include "platform/Version.h"
 #include "settings/SettingsStore.h"
-#include "startup/LineEnds.h"
 #include "startup/MissingGameFiles.h"
 #include "startup/StartupWindows.h"
 
@@ -197,7 +197,7 @@ void frmSplash::openEditor() {
   editor.prepareInformationList();
   editor.readWeapons();
   editor.tell(missingFileNotices, MissingGameFiles(services_.folders.game.toStdString()));
-  editor.showRemark(RemarkOnUnixLineEnds(services_.folders.game.toStdString()));
+  editor.tellLineEnds(filesWithUnixLineEnds());
   close();
 }
 
@@ -210,6 +210,15 @@ void frmSplash::BuildObjectTree() {
       services_.folders.game.toStdString(),
       [this](double percent) { ProgressBar1_->setValue(static_cast<int>(percent * kBarPerPercent)); },
       [this] { services_.yield.fullTurn(); });
+  otherUnixFiles_ = builder.otherUnixFiles();
+}
+
+std::vector<UnixFile> frmSplash::filesWithUnixLineEnds() const {
+  std::vector<UnixFile> files = DataFilesWithUnixLineEnds(services_.folders.game.toStdString());
+  for (const UnixFile& other : otherUnixFiles_) {
+    if (std::ranges::find(files, other.path, &UnixFile::path) == files.end()) files.push_back(other);
+  }
+  return files;
 }
 
 void frmSplash::showWizardAndClose() {

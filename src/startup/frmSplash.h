@@ -5,7 +5,10 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <vector>
+
 #include "app/Services.h"
+#include "catalogue/LineEnds.h"
 
 class QLabel;
 class QProgressBar;
@@ -46,6 +49,7 @@ class frmSplash : public QWidget {
 
   void openEditor();
   void BuildObjectTree();
+  std::vector<UnixFile> filesWithUnixLineEnds() const;
   void showWizardAndClose();
   void endProgram();
 
@@ -57,6 +61,7 @@ class frmSplash : public QWidget {
   QLabel* lblVersion_;
   QProgressBar* ProgressBar1_;
   QTimer Timer1_{this};
+  std::vector<UnixFile> otherUnixFiles_;
   int animationState_ = 0;  // 1 to 4 once the checks begin
   bool ended_ = false;      // the process is about to end: no further step
 };

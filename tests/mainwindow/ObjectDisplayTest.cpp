@@ -45,18 +45,6 @@ TEST_F(ObjectDisplayTest, WhatIsShownIsWhatIsSelectedWhicheverWayItIsClicked) {
   EXPECT_EQ(text("MHealth"), "900");
 }
 
-TEST_F(ObjectDisplayTest, ARemarkHasTheStatusBarUntilANodeIsClicked) {
-  open();
-  const QLabel& remark = get<QLabel>("Panel1");
-  const int width = remark.width();
-  window->showRemark("Weapon.ini has Unix line ends");
-  QApplication::processEvents();
-  EXPECT_GT(remark.width(), width * 3 / 2);
-  click("Other");
-  EXPECT_LT(remark.width(), width * 3 / 2);
-  EXPECT_EQ(remark.toolTip(), "Player Units\\Other");
-}
-
 TEST_F(ObjectDisplayTest, AnObjectFillsEveryField) {
   settings.SaveSet("InfoTab", "2");
   open();

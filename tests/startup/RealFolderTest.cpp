@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <QAbstractScrollArea>
+#include <QDirIterator>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeView>
 
+#include "controls/NoticeBar.h"
 #include "mainwindow/FrmEdit.h"
 #include "startup/Program.h"
 #include "stock/StockTable.h"
@@ -38,7 +41,27 @@ class RealFolder : public testing::Test, protected TestDesk {
     if (found == nullptr) throw std::runtime_error(name);
     return *found;
   }
+  bool isKept(const std::string& bytes) const {
+    QDirIterator at(QString::fromStdString(own.native("home").string()), QDir::Files,
+                    QDirIterator::Subdirectories);
+    while (at.hasNext()) {
+      QFile file(at.next());
+      if (file.open(QIODevice::ReadOnly) && file.readAll().toStdString() == bytes) return true;
+    }
+    return false;
+  }
   QString panel(int number) const { return get<QLabel>(qPrintable(QString("Panel%1").arg(number))).text(); }
+
+  // What the bar says about line ends; it says nothing else of these folders.
+  QStringList notices() const {
+    return program->mainWindow().findChild<NoticeBar*>()->sentences().filter("line end");
+  }
+  void pressNotice(const QString& caption) const {
+    for (auto* button : program->mainWindow().findChildren<QPushButton*>("NoticeButton")) {
+      if (button->text() == caption) button->click();
+    }
+    QApplication::processEvents();
+  }
 
   QModelIndex node(const QString& text) const {
     const QAbstractItemModel& model = program->mainWindow().objects();
@@ -83,6 +106,75 @@ TEST_F(RealFolder, AnObjectOfAnotherFileIsShownAndEditedLikeAnyOther) {
   EXPECT_EQ(panel(2), "Object\\Units\\Tanks.ini  (Error: File does not exist)");
   click("Units\\Tanks.ini");
   EXPECT_EQ(panel(3), "There are 2 items in this catagory.");
+}
+
+TEST_F(RealFolder, UnixLineEndsAreToldConvertedAndGoneAfterANewStart) {
+  const std::string lf = "Object Crusader\n  MaxHealth = 480\nEnd\n";
+  game.write("Data/INI/Object/FactionUnit.ini", "; units\n" + lf);
+  game.write("Data/INI/Object/Units/Tanks.ini", "; tanks\n" + lf);
+  game.write("Data/INI/Armor.ini", "Armor A\r\nEnd\r\nArmor B\nEnd\r\n");
+  game.write("Data/INI/Particles.ini", "ParticleSystem Smoke\nEnd\n");  // read by nothing here
+  start();
+  EXPECT_EQ(notices(),
+            QStringList("2 files have Unix line ends and are read as one line each; 1 file has them "
+                        "in 1 place, where lines are read as one."));
+  EXPECT_FALSE(node("Crusader").isValid());
+
+  messages.answer = false;
+  pressNotice("Convert");
+  EXPECT_EQ(game.read("Data/INI/Object/FactionUnit.ini"), "; units\n" + lf);
+  EXPECT_TRUE(messages.shown.back().text.endsWith(
+      "\r\nObject\\FactionUnit.ini\r\nArmor.ini\r\nObject\\Units\\Tanks.ini"));
+
+  messages.answer = true;
+  pressNotice("Convert");
+  EXPECT_EQ(game.read("Data/INI/Object/FactionUnit.ini"), GameFolder::CrLf("; units\n" + lf));
+  EXPECT_EQ(game.read("Data/INI/Object/Units/Tanks.ini"), GameFolder::CrLf("; tanks\n" + lf));
+  EXPECT_EQ(game.read("Data/INI/Armor.ini"), "Armor A\r\nEnd\r\nArmor B\r\nEnd\r\n");
+  EXPECT_EQ(game.read("Data/INI/Particles.ini"), "ParticleSystem Smoke\nEnd\n");
+  EXPECT_TRUE(isKept("; tanks\n" + lf));
+  EXPECT_EQ(notices(),
+            QStringList("The line ends are mended. The tree shows all objects after a new start."));
+
+  process.canStart = false;
+  pressNotice("Start again");
+  EXPECT_EQ(process.ends, 0);
+  process.canStart = true;
+  pressNotice("Start again");
+  EXPECT_EQ(process.starts, 2);
+  EXPECT_EQ(process.ends, 1);
+  program.reset();
+  start();
+  EXPECT_TRUE(node("Crusader").isValid());
+  EXPECT_TRUE(notices().isEmpty());
+}
+
+TEST_F(RealFolder, AFileWithUnsavedTextIsLeftOutOfTheConversion) {
+  game.write("Data/INI/Weapon.ini", "Weapon Gun\nEnd\n");
+  game.write("Data/INI/Armor.ini", "Armor A\nEnd\n");
+  start();
+  program->showManualEditor({.ManualEditFile = game.qpath() + "\\Data\\INI\\Weapon.ini"});
+  QWidget* editor = VisibleWindow("FrmManEdit");
+  auto* text = editor->findChild<QWidget*>("TxtManEdit")->findChild<QAbstractScrollArea*>();
+  QTest::qWait(50);
+  QTest::keyClick(text, Qt::Key_X);
+  pressNotice("Convert");
+  EXPECT_EQ(game.read("Data/INI/Weapon.ini"), "Weapon Gun\nEnd\n");
+  EXPECT_EQ(game.read("Data/INI/Armor.ini"), "Armor A\r\nEnd\r\n");
+  const QStringList said = program->mainWindow().findChild<NoticeBar*>()->sentences();
+  EXPECT_TRUE(said.contains("1 file has Unix line ends and is read as one line."));
+  EXPECT_TRUE(said.contains("Weapon.ini has unsaved text in the manual editor and is left out."));
+}
+
+TEST_F(RealFolder, WhatAnotherProgramMendsIsNoLongerTold) {
+  game.write("Data/INI/Weapon.ini", "Weapon Gun\nEnd\n");
+  start();
+  EXPECT_EQ(notices(), QStringList("1 file has Unix line ends and is read as one line."));
+  game.ini("Weapon.ini", "Weapon Gun\nEnd\n");
+  QEvent back(QEvent::WindowActivate);
+  QApplication::sendEvent(&program->mainWindow(), &back);
+  EXPECT_EQ(notices(),
+            QStringList("The line ends are mended. The tree shows all objects after a new start."));
 }
 
 }  // namespace

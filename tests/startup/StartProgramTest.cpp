@@ -168,16 +168,6 @@ TEST_F(StartProgramTest, EscapeDuringLoadingEndsWithoutTheMainWindow) {
   expectWindows(false, false);
 }
 
-TEST_F(StartProgramTest, UnixLineEndsAreToldInTheStatusBar) {
-  chooseGame();
-  game.write("Data/INI/Weapon.ini", "Weapon Gun\nEnd\n");
-  game.write("Data/INI/Armor.ini", "");
-  start();
-  EXPECT_EQ(program->mainWindow().findChild<QLabel*>("Panel1")->text(),
-            "Weapon.ini has Unix line ends and reads as one line; open and save it in the manual editor to "
-            "convert it");
-}
-
 TEST_F(StartProgramTest, DataFilesThatAreMissingAreNamed) {
   for (const DataFile& file : kDataFiles) {
     if (file.name != kArmorFile) game.write(std::string("Data/INI/Object/").append(file.name), "");

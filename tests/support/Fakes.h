@@ -40,7 +40,13 @@ class FakeShell : public DesktopShell {
 class FakeProcessEnd : public ProcessEnd {
  public:
   void end() override { ++ends; }
+  bool startAnew() override {
+    ++starts;
+    return canStart;
+  }
   int ends = 0;
+  int starts = 0;
+  bool canStart = true;
 };
 
 class FakeHelpViewer : public HelpViewer {

@@ -37,10 +37,17 @@ class FakeLauncher : public EditorLauncher {
     return textsKept;
   }
 
+  QString fileWithUnsavedText() const override { return unsavedFile; }
+  QString convertLineEnds(const QString& path) override {
+    calls += "convert " + path;
+    return {};
+  }
+
   QStringList takeCalls() { return std::exchange(calls, {}); }
 
   QStringList calls;
   bool textsKept = true;
+  QString unsavedFile;
   std::vector<ManualEditRequest> requests;
 };
 
