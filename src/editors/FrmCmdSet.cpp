@@ -4,8 +4,12 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include <charconv>
+
 #include "ini/IniText.h"
+#include "ini/ParameterRows.h"
 #include "platform/DesktopShell.h"
+#include "platform/TextEncoding.h"
 
 namespace korvane {
 
@@ -18,6 +22,22 @@ std::string_view ButtonName(std::string_view line) {
   return TrimSpaces(line.substr(line.rfind(kButton) + kButton.size()));
 }
 
+// A slot behind the last one that the table shows.
+struct HiddenSlot {
+  QString caption;
+  std::size_t line;
+};
+
+// The number of such a slot in its line, else 0.
+int HiddenSlotNumber(std::string_view line) {
+  line = TrimSpaces(line);
+  int number = 0;
+  const auto [behind, error] = std::from_chars(line.data(), line.data() + line.size(), number);
+  const bool isKey = error == std::errc() && behind != line.data() + line.size() &&
+                     std::string_view(" \t=").find(*behind) != std::string_view::npos;
+  return isKey && number > kCommandSetSlots ? number : 0;
+}
+
 }  // namespace
 
 FrmCmdSet::FrmCmdSet(const TableEditorContext& context) : TableEditor(kCommandSetEditor, context) {
@@ -25,6 +45,25 @@ FrmCmdSet::FrmCmdSet(const TableEditorContext& context) : TableEditor(kCommandSe
   help->setObjectName("MnuHelpi");
   help->addAction("&Help", this, &FrmCmdSet::showHelp)->setObjectName("MnuHelp");
   help->addAction("&Show Command Set Format", this, &FrmCmdSet::formatAsked)->setObjectName("MnuCmdFormat");
+}
+
+std::vector<Notice> FrmCmdSet::noticesOf(const std::string& text, const ShownBlock& block,
+                                         const QString& file) const {
+  std::vector<HiddenSlot> hidden;
+  std::size_t line = block.line;
+  ForEachLine(text, [&](std::string_view each) {
+    if (const int number = HiddenSlotNumber(each); number != 0)
+      hidden.push_back({QStringLiteral("%1 ").arg(number) + FromBytes(ExtractValue(each)), line});
+    ++line;
+  });
+  if (hidden.empty()) return {};
+  Notice notice(hidden.size() == 1 ? "Slot " : "Slots ");
+  for (std::size_t i = 0; i < hidden.size(); ++i) {
+    if (i > 0) notice.say(i + 1 == hidden.size() ? " and " : ", ");
+    AddLine(notice, hidden[i].caption, file, hidden[i].line, context().launcher);
+  }
+  notice.say(hidden.size() == 1 ? " is not shown in this table." : " are not shown in this table.");
+  return {notice};
 }
 
 void FrmCmdSet::showHelp() {

@@ -18,6 +18,9 @@ class FrmCmdSet : public TableEditor {
 
  protected:
   QStringList readNames() override;
+  // The slots for which the table has no row.
+  std::vector<Notice> noticesOf(const std::string& text, const ShownBlock& block,
+                                const QString& file) const override;
 
  private:
   void showHelp();

@@ -31,7 +31,7 @@ constexpr int kWidth = 860;  // at least, or the list would be narrow
 constexpr int kHeight = 480;
 
 // The parts of the notice bar.
-enum Notices { soughtNotices };
+enum Notices { soughtNotices, entryNotices };
 
 bool BeginsWithWord(const QString& text, const QString& word) {
   if (word.isEmpty() || !text.startsWith(word, Qt::CaseInsensitive)) return false;
@@ -190,9 +190,24 @@ void TableEditor::showEntry(const QModelIndex& entry) {
   // "[*]" means something to Qt unless it is written twice.
   const QString shown = ShownText(name).replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
   setWindowTitle(shown + QStringLiteral(" - ") + entry_.title);
-  (context_.parser.*entry_.fill)(ToBytes(name), table());
+  const std::string text = (context_.parser.*entry_.fill)(ToBytes(name), table());
   table().setAllCaptionsRedAndBold();
   table().finish();
+  tellAboutEntry(name, text);
+}
+
+void TableEditor::tellAboutEntry(const QString& name, const std::string& text) {
+  if (name.isEmpty()) return notices_->tell(entryNotices, {Notice("This entry has no name.")});
+  const QString file = QString::fromStdString(IniPath(context_.parser.gameFolder(), entry_.file));
+  ShownBlock block;
+  std::vector<Notice> notices = ReadNotices({file, entry_.kind, name}, context_.launcher, block);
+  for (Notice& notice : noticesOf(text, block, file)) notices.push_back(std::move(notice));
+  notices_->tell(entryNotices, std::move(notices));
+}
+
+std::vector<Notice> TableEditor::noticesOf(const std::string& /*text*/, const ShownBlock& /*block*/,
+                                           const QString& /*file*/) const {
+  return {};
 }
 
 std::optional<std::string> TableEditor::readBlock(const QString& name) {

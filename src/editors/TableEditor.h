@@ -8,7 +8,9 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "app/BlockNotices.h"
 #include "app/Services.h"
 #include "controls/InPlaceTable.h"
 #include "editors/TableEditorEntry.h"
@@ -61,6 +63,11 @@ class TableEditor : public QMainWindow {
   // True when the entry that was added first is selected after loading.
   virtual bool selectsFirst() const { return true; }
 
+  // What there is to say of the chosen entry beside what holds for every kind. `text`: its block as it was
+  // read; `block`: where that stands in the file at the program's path.
+  virtual std::vector<Notice> noticesOf(const std::string& text, const ShownBlock& block,
+                                        const QString& file) const;
+
   QMenu& fileMenu() { return *MnuFile_; }
   InPlaceTable& table();
   const TableEditorContext& context() const { return context_; }
@@ -76,6 +83,7 @@ class TableEditor : public QMainWindow {
   std::optional<QString> selectedName() const;
   void showNamed(const QString& name);
   void showEntry(const QModelIndex& entry);
+  void tellAboutEntry(const QString& name, const std::string& text);
   void editInManualEditor();
   std::optional<std::string> readBlock(const QString& name);
 

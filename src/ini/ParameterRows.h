@@ -8,6 +8,8 @@
 
 namespace korvane {
 
+inline constexpr int kCommandSetSlots = 12;  // rows of the command sets' table
+
 // What the parameter tables of weapons and command buttons show: one line here is one row there.
 
 struct ParameterRow {

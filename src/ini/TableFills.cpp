@@ -11,7 +11,6 @@ namespace korvane {
 
 namespace {
 
-constexpr int kSlots = 12;
 
 // One row of the table for each parameter; `lookUp` gives the value of a key, or nothing.
 template <typename LookUp>
@@ -61,7 +60,7 @@ std::string SParse::GetCmdSetData(std::string_view selected, TableSink& table) {
   std::string text = GetObjectText("CommandSet", kCommandSetFile).append(kLineEnd);
   table.clearRows();
   table.prepare();
-  for (int slot = 1; slot <= kSlots; ++slot) {
+  for (int slot = 1; slot <= kCommandSetSlots; ++slot) {
     table.addCell(std::to_string(slot), 0);
     if (const auto values = GetCommandSetValue(slot, text))
       table.addCell(std::string_view(*values).substr(0, values->find(kLineEnd)), 1, EditKind::choice);

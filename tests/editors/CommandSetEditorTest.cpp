@@ -66,5 +66,29 @@ TEST_F(CommandSetEditorTest, ThePictureIsAGridOfTwelveSlots) {
   EXPECT_TRUE(settings.find("EditWH", "CmdSetFormat_Left"));
 }
 
+TEST_F(CommandSetEditorTest, WhatTheTableDoesNotShowIsToldWithItsPlace) {
+  game.ini("CommandSet.ini",
+           "CommandSet TankUpgrade\n  1 = Command_A\nEnd\n"
+           "CommandSet Tank\n  12 = Command_L\n  13 = Command_Guard ; x\n 14= Command_Stop\nEnd\n"
+           "CommandSet Truck\n  13 = Command_Guard\nEnd\n");
+  const auto editor = open<FrmCmdSet>();
+  const NoticeBar& bar = *editor->findChild<NoticeBar*>();
+  click(*editor, 0);
+  EXPECT_EQ(bar.sentences(), QStringList());
+  click(*editor, 1);
+  EXPECT_EQ(bar.sentences(),
+            QStringList("These are the values of TankUpgrade in line 1; Tank stands in line 4."));
+  click(*editor, 2);
+  EXPECT_EQ(bar.sentences(), QStringList("Slot 13 Command_Guard is not shown in this table."));
+  game.ini("CommandSet.ini", "CommandSet Tank\n  13 = Command_Guard ; x\n 14 = Command_Stop\nEnd\n");
+  click(*editor, 1);
+  EXPECT_EQ(bar.sentences(),
+            QStringList("Slots 13 Command_Guard and 14 Command_Stop are not shown in this table."));
+  Q_EMIT bar.findChild<QLabel*>("Notice")->linkActivated("3");
+  QApplication::processEvents();
+  ASSERT_EQ(launcher.requests.size(), 1U);
+  EXPECT_EQ(launcher.requests[0].place.line, 3);
+}
+
 }  // namespace
 }  // namespace korvane
