@@ -21,12 +21,14 @@ void CheckOpenBlock(FileCheck& check, const StructureFault& fault) {
   const BlockHeader& open = fault.open.front();
   std::string text = HeaderText(open) + " is not closed before ";
   text += fault.text.empty() ? "the end of the file" : Shown(fault.text) + InLine(fault.place.line);
-  const SlantedBlock& suspect = check.lacksEnd();
-  if (suspect.line > open.place.line)
-    text += "; most likely " + suspect.header + InLine(suspect.line) + " lacks its End";
+  const EndedBlock& suspect = check.lacksEnd();
+  const bool isSuspect = suspect.end > 0 && suspect.header.place.line > open.place.line;
+  if (isSuspect)
+    text +=
+        "; most likely " + HeaderText(suspect.header) + InLine(suspect.header.place.line) + " lacks its End";
   Finding& finding =
       check.report(RuleId::openBlock, fault.place.line, {fault.text, fault.place.column}, std::move(text));
-  finding.other = {finding.file, static_cast<int>(std::max(open.place.line, suspect.line))};
+  finding.other = {finding.file, static_cast<int>((isSuspect ? suspect.header : open).place.line)};
 }
 
 // What looks like another word for a kind of block, as in "Wepon TankGun".
@@ -50,18 +52,18 @@ void CheckOutside(FileCheck& check, const StructureFault& fault) {
   const bool isEnd = fault.kind == StructureFault::Kind::strayEnd;
   const bool isBetweenBlocks = !isEnd && fault.parent == nullptr;
   const std::string_view kind = isBetweenBlocks ? KindMeant(fault.text) : std::string_view();
-  const SlantedBlock& suspect = check.endsTooSoon();
+  const EndedBlock& suspect = check.endsTooSoon();
   std::string text = WhatIsOutside(fault);
   if (!kind.empty())
     text.append("; is '").append(kind).append("' meant?");
-  else if (suspect.line > 0)
+  else if (suspect.end > 0)
     text += "; most likely the End" + InLine(suspect.end) + " is one too many";
   else if (!isEnd)
     text += "; was the block before it closed too early?";
   Finding& finding = check.report(isEnd ? RuleId::strayEnd : RuleId::looseText, fault.place.line,
                                   {fault.text, fault.place.column}, std::move(text));
   finding.suggestion = kind;
-  if (kind.empty() && suspect.line > 0) finding.other = {finding.file, static_cast<int>(suspect.end)};
+  if (kind.empty() && suspect.end > 0) finding.other = {finding.file, static_cast<int>(suspect.end)};
 }
 
 // Keys that may have several values although they have one name, and words that choose among values.
@@ -122,6 +124,11 @@ constexpr ButtonNeed kButtonNeeds[] = {
     {"SWITCH_WEAPON", "WeaponSlot"},
 };
 
+KindId ButtonKind() {
+  static const KindId kind = GameStructure::get().kind("CommandButton");
+  return kind;
+}
+
 const GivenKey* FindGiven(const FileCheck& check, std::string_view key) {
   const auto all = check.given();
   const auto found =
@@ -142,7 +149,7 @@ void CheckFault(FileCheck& check, const StructureFault& fault) {
 
 void CheckKeyGivenOnce(FileCheck& check, const KeyLine& key) {
   if (key.block == nullptr || key.facts == nullptr || key.facts->repeat != Repeat::once) return;
-  const GivenKey* before = check.givenBefore(key);
+  const GivenKey* before = check.givenBefore();
   if (before == nullptr || std::ranges::find(kListKeys, key.facts->key) != kListKeys.end()) return;
   const Words first = WordsOf(before->value.text);
   const Words second = WordsOf(key.value);
@@ -171,7 +178,7 @@ void CheckModuleTag(FileCheck& check, const BlockHeader& block) {
 }
 
 void CheckButtonIsComplete(FileCheck& check, const BlockHeader& block, const BlockEnd& /*end*/) {
-  if (block.depth > 0 || GameStructure::get().kinds()[check.outer().kind].name != "CommandButton") return;
+  if (block.depth > 0 || check.outer().kind != ButtonKind()) return;
   const GivenKey* command = FindGiven(check, "Command");
   if (command == nullptr) return;
   const std::string_view word = WordReader(command->value.text, 1).next().text;

@@ -83,20 +83,29 @@ std::vector<const OuterBlock*> ShownInstead(const std::vector<const OuterBlock*>
   return instead;
 }
 
-struct BareLineFeeds {
-  std::size_t count = 0;
-  std::uint32_t firstLine = 0;
-};
-
-// Line feeds without a carriage return before them. The line is counted as the game counts them.
-BareLineFeeds FindBareLineFeeds(std::string_view text) {
-  BareLineFeeds found;
-  std::uint32_t line = 1;
-  for (std::size_t at = text.find('\n'); at != std::string_view::npos; at = text.find('\n', at + 1), ++line) {
-    if (at > 0 && text[at - 1] == '\r') continue;
-    if (found.count++ == 0) found.firstLine = line;
+// How many line feeds there are without a carriage return before them. In most files there is none, and this
+// is all that is asked: it is counted without a branch, in counters that the compiler can put side by side.
+std::size_t CountBareLineFeeds(std::string_view text) {
+  constexpr std::size_t kAtOnce = 128;
+  std::size_t count = text.starts_with('\n') ? 1 : 0;
+  for (std::size_t begin = 1; begin < text.size(); begin += kAtOnce) {
+    const std::size_t end = std::min(begin + kAtOnce, text.size());
+    unsigned char some = 0;
+    for (std::size_t i = begin; i < end; ++i) {
+      const int isBare = static_cast<int>(text[i] == '\n') & static_cast<int>(text[i - 1] != '\r');
+      some = static_cast<unsigned char>(some + isBare);
+    }
+    count += some;
   }
-  return found;
+  return count;
+}
+
+// The line of the first of them, counted as the game counts lines.
+std::uint32_t FirstBareLineFeed(std::string_view text) {
+  std::uint32_t line = 1;
+  for (std::size_t at = text.find('\n'); at != std::string_view::npos; at = text.find('\n', at + 1), ++line)
+    if (at == 0 || text[at - 1] != '\r') break;
+  return line;
 }
 
 }  // namespace
@@ -129,12 +138,11 @@ void CheckShortenedBlocks(FileCheck& check) {
 
 void CheckLineEnds(FileCheck& check) {
   if (ShownBlocks(check).empty()) return;
-  const BareLineFeeds found = FindBareLineFeeds(check.file().text);
-  if (found.count == 0) return;
-  check.report(
-      RuleId::unixLines, found.firstLine, {{}, 1},
-      (found.count == 1 ? "1 line ends" : std::to_string(found.count) + " lines end") +
-          std::string(" with a line feed alone; Korvane reads each together with the line behind it"));
+  const std::size_t count = CountBareLineFeeds(check.file().text);
+  if (count == 0) return;
+  const std::string lines = count == 1 ? "1 line ends" : std::to_string(count) + " lines end";
+  check.report(RuleId::unixLines, FirstBareLineFeed(check.file().text), {{}, 1},
+               lines + " with a line feed alone; Korvane reads each together with the line behind it");
 }
 
 }  // namespace korvane

@@ -55,7 +55,7 @@ Finding& FileCheck::report(RuleId rule, std::uint32_t line, const TextWord& wher
 void FileCheck::blockBegins(const BlockHeader& block) {
   if (block.depth == 0) beginOuter(block);
   outer_.lastContent = block.place.line;
-  lastInner_ = {};
+  lastInner_.end = 0;
   givenBefore_.push_back(given_.size());
   if (const KeyFacts* facts = GameStructure::get().header(block.type)) {
     takeWords(block.words, block.wordsColumn);
@@ -75,37 +75,34 @@ void FileCheck::beginOuter(const BlockHeader& block) {
             .line = block.place.line,
             .shown = StandsInFirstColumn(block, file_.text)};
   tags_.clear();
-  lacksEnd_ = {};
-  endsTooSoon_ = {};
+  lacksEnd_.end = 0;
+  endsTooSoon_.end = 0;
   astray_ = false;
 }
 
 void FileCheck::keyFound(const KeyLine& key) {
   if (key.block != nullptr) {
     outer_.lastContent = key.place.line;
-    if (lastInner_.line > 0) checkPlace(key);
+    if (lastInner_.end > 0) checkPlace(key);
   }
   words_.clear();
   if (key.facts != nullptr && HasWordsToCheck(*key.facts)) {
     takeWords(key.value, key.valueColumn);
     checkWords(*key.facts, key.place.line);
   }
+  const bool belongsHere = key.block != nullptr && key.facts != nullptr;
+  before_ = belongsHere ? findGiven(key) : nullptr;
   for (const KeyFunction check : context_.functions.of<KeyFunction>()) check(*this, key);
-  if (key.facts != nullptr && key.block != nullptr) noteGiven(key);
+  if (belongsHere && before_ == nullptr && !key.facts->key.ends_with('#'))
+    given_.push_back({key.facts, key.key, {key.value, key.valueColumn}, key.place.line});
 }
 
-const GivenKey* FileCheck::givenBefore(const KeyLine& key) const {
+const GivenKey* FileCheck::findGiven(const KeyLine& key) const {
   const std::span<const GivenKey> all = given();
   const auto found = std::ranges::find_if(all, [&](const GivenKey& each) {
     return each.facts == key.facts && EqualFolded(each.key.text, key.key.text);
   });
   return found == all.end() ? nullptr : &*found;
-}
-
-void FileCheck::noteGiven(const KeyLine& key) {
-  const bool isSeries = key.facts->key.ends_with('#');
-  if (isSeries || givenBefore(key) != nullptr) return;
-  given_.push_back({key.facts, key.key, {key.value, key.valueColumn}, key.place.line});
 }
 
 std::uint32_t FileCheck::noteTag(std::string_view tag, std::uint32_t line) {
@@ -126,8 +123,8 @@ const std::vector<std::string_view>& FileCheck::commonWords(BlockTypeId type) {
 
 void FileCheck::noteSlant(const BlockHeader& block, const BlockEnd& end) {
   if (!end.closed || end.place.column == block.place.column) return;
-  SlantedBlock& first = end.place.column < block.place.column ? lacksEnd_ : endsTooSoon_;
-  if (first.line == 0) first = {HeaderText(block), block.place.line, end.place.line};
+  EndedBlock& first = end.place.column < block.place.column ? lacksEnd_ : endsTooSoon_;
+  if (first.end == 0) first = {block, end.place.line};
 }
 
 void FileCheck::takeWords(std::string_view words, std::uint32_t column) {
@@ -167,10 +164,7 @@ void FileCheck::blockEnds(const BlockHeader& block, const BlockEnd& end) {
   if (block.depth > 0 && end.closed && end.place.column == 1 && outer_.innerEnd == 0)
     outer_.innerEnd = end.place.line;
   noteSlant(block, end);
-  if (block.depth > 0 && end.closed) {
-    lastInner_ = {HeaderText(block), block.place.line, end.place.line};
-    lastInnerType_ = block.type;
-  }
+  if (block.depth > 0 && end.closed) lastInner_ = {block, end.place.line};
   for (const BlockFunction check : context_.functions.of<BlockFunction>()) check(*this, block, end);
   given_.resize(givenBefore_.back());
   givenBefore_.pop_back();
@@ -181,14 +175,14 @@ void FileCheck::blockEnds(const BlockHeader& block, const BlockEnd& end) {
 void FileCheck::checkPlace(const KeyLine& key) {
   const GameStructure& structure = GameStructure::get();
   const bool meansNothing = key.facts == nullptr || !key.facts->known;
-  const WordMeaning inside = structure.meaning(lastInnerType_, key.key.text);
+  const WordMeaning inside = structure.meaning(lastInner_.header.type, key.key.text);
   const bool belongsInside = inside.child != kNoBlockType || (inside.key != nullptr && inside.key->known);
   if (meansNothing && belongsInside && !astray_) {
     endsTooSoon_ = lastInner_;
     faultFound({StructureFault::Kind::looseText, key.place, key.key.text, {}, key.block, false});
     astray_ = true;
   }
-  lastInner_ = {};
+  lastInner_.end = 0;
 }
 
 void FileCheck::faultFound(const StructureFault& fault) {

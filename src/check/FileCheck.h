@@ -32,11 +32,10 @@ struct GivenKey {
   std::uint32_t line = 0;
 };
 
-// A block whose End is not below its header, which hints at a lost or an added End.
-struct SlantedBlock {
-  std::string header;
-  std::uint32_t line = 0;  // of its header; 0: there is none
-  std::uint32_t end = 0;   // line of its End
+// An inner block that has ended, as a hint at a lost or an added End.
+struct EndedBlock {
+  BlockHeader header;
+  std::uint32_t end = 0;  // line of its End; 0: there is none
 };
 
 // A block that stands for itself.
@@ -75,13 +74,13 @@ class FileCheck : public StructureSink {
   std::span<const OuterBlock> outerBlocks() const { return outerBlocks_; }
   // What the block in hand has been given so far.
   std::span<const GivenKey> given() const;
-  // Where the block in hand has been given this key before, or nullptr.
-  const GivenKey* givenBefore(const KeyLine& key) const;
+  // Where the block in hand has been given the key in hand before, or nullptr.
+  const GivenKey* givenBefore() const { return before_; }
   // Notes the tag of a module of the object in hand; the line in which it was noted before, or 0.
   std::uint32_t noteTag(std::string_view tag, std::uint32_t line);
   // The first block inside the last outer one whose End stands before (or behind) the column of its header.
-  const SlantedBlock& lacksEnd() const { return lacksEnd_; }
-  const SlantedBlock& endsTooSoon() const { return endsTooSoon_; }
+  const EndedBlock& lacksEnd() const { return lacksEnd_; }
+  const EndedBlock& endsTooSoon() const { return endsTooSoon_; }
 
   // The keys and blocks that are common in blocks of this type, in the order of the tables.
   const std::vector<std::string_view>& commonWords(BlockTypeId type);
@@ -101,7 +100,7 @@ class FileCheck : public StructureSink {
   void checkWords(const KeyFacts& facts, std::uint32_t line);
   void checkNames();
   void checkUse(const CatalogueFile::Use& use, const std::optional<std::string_view>& spelling);
-  void noteGiven(const KeyLine& key);
+  const GivenKey* findGiven(const KeyLine& key) const;
   void noteSlant(const BlockHeader& block, const BlockEnd& end);
   void checkPlace(const KeyLine& key);
 
@@ -112,15 +111,15 @@ class FileCheck : public StructureSink {
   std::vector<TextWord> words_;
   OuterBlock outer_;
   std::vector<OuterBlock> outerBlocks_;
-  std::vector<GivenKey> given_;                          // of all open blocks, one after the other
-  std::vector<std::size_t> givenBefore_;                 // how many there were when each open block began
+  std::vector<GivenKey> given_;           // of all open blocks, one after the other
+  std::vector<std::size_t> givenBefore_;  // how many there were when each open block began
+  const GivenKey* before_ = nullptr;
   std::unordered_map<std::string, std::uint32_t> tags_;  // in small letters, with their lines
   std::unordered_map<BlockTypeId, std::vector<std::string_view>> commonWords_;
-  SlantedBlock lacksEnd_;
-  SlantedBlock endsTooSoon_;
-  SlantedBlock lastInner_;  // the inner block that ended last, nothing else having begun since
-  BlockTypeId lastInnerType_ = kNoBlockType;
-  bool astray_ = false;  // an inner block of the last outer one was closed too soon, and this was told
+  EndedBlock lacksEnd_;
+  EndedBlock endsTooSoon_;
+  EndedBlock lastInner_;  // the inner block that ended last, nothing else having begun since
+  bool astray_ = false;   // an inner block of the last outer one was closed too soon, and this was told
 };
 
 // Where a file's findings are: its path below the game folder with "/".

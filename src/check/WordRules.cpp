@@ -93,9 +93,9 @@ void CheckWord(FileCheck& check, const KeyFacts& facts, std::uint32_t line, Text
 }  // namespace
 
 void CheckKeyIsKnown(FileCheck& check, const KeyLine& key) {
-  if (key.block == nullptr || IsInUnlistedModule(key.block->type)) return;
   const bool known = key.facts != nullptr && key.facts->known;
   if (known && (key.key.text == key.facts->key || key.facts->key.ends_with('#'))) return;
+  if (key.block == nullptr || IsInUnlistedModule(key.block->type)) return;
   const std::string_view meant = known ? key.facts->key
                                        : Nearest(key.key.text, check.commonWords(key.block->type),
                                                  [](std::string_view text) { return text; });
