@@ -21,6 +21,7 @@ Jobs EditorJobs(const RunningProgram& running);
 Jobs ManualEditorJobs(const RunningProgram& running);
 Jobs DatabaseJobs(const RunningProgram& running);
 Jobs CatalogueJobs(const RunningProgram& running);
+Jobs CheckJobs(const RunningProgram& running);
 
 // Those that are programs of their own; they need no window here.
 Jobs ProcessJobs(const BenchFolders& folders);

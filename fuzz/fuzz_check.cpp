@@ -13,7 +13,8 @@ namespace {
 using namespace korvane;
 
 constexpr std::string_view kNames =
-    "FXList FX_Bang\r\nEnd\r\nWeapon Gun\r\nEnd\r\nCommandButton Button\r\nEnd\r\nPlayerTemplate P\r\n  Side = "
+    "FXList FX_Bang\r\nEnd\r\nWeapon Gun\r\nEnd\r\nCommandButton Button\r\nEnd\r\nPlayerTemplate P\r\n  Side "
+    "= "
     "America\r\nEnd\r\nUpgrade Up\r\nEnd\r\n";
 
 const Checker& TheChecker() {

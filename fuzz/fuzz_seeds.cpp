@@ -50,6 +50,17 @@ constexpr std::string_view kCatalogueSeeds[] = {
     "WeaponSet\n  Weapon PRIMARY W\n Body = B T\nEnd",
 };
 
+constexpr std::string_view kCheckSeeds[] = {
+    "Weapon Gun ; korvane: ignore duplicate\r\n  FireFX = FX_Bnag\r\n  PrimryDamage = 1,5\r\n  ClipSize = 2 "
+    "; "
+    "korvane: ignore key-twice\r\n  ClipSize = 3\r\nEnd\r\nEnd\r\nFIXED\r\n",
+    "Object Tank\n  Side = Amercia\n  Draw = W3DModelDraw M_1\n    ConditionState = DAMAGD\n    End\n  End\n "
+    "   Model "
+    "= X\n  Behavior = SlowDeathBehavior M_1\n    OCL = FINAL X\nEnd\nObject TankX\nObject Tank\n",
+    "CommandButton B\r  Command = UNIT_BUILD\rEnd\rCommandSet S\r  1 = B\r  1 = Button\r  \"a b\r",
+    "# file\tcode\ttext\nData/INI/Weapon.ini\tstray-end\tEnd closes nothing here: no block is open\n",
+};
+
 void Write(const fs::path& file, std::string_view bytes) {
   std::ofstream(file, std::ios::binary) << bytes;
 }
@@ -103,5 +114,6 @@ int main(int argc, char** argv) {
   WriteEach(Folder(seeds / "parser"), kParserSeeds);
   WriteEach(Folder(seeds / "tree"), kTreeSeeds);
   WriteEach(Folder(seeds / "catalogue"), kCatalogueSeeds);
+  WriteEach(Folder(seeds / "check"), kCheckSeeds);
   return 0;
 }
