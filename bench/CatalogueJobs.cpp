@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <stdexcept>
 
@@ -12,8 +14,31 @@ namespace {
 
 constexpr std::string_view kTyped = "amvehi1";  // finds names by their words' beginnings at last
 
-CatalogueSources SourcesOf(const BenchFolders& folders) {
-  return {ProgramText(folders.game()).toStdString()};
+constexpr std::size_t kPublishedFile = 32'000;  // bytes: published modifications are 24 MB in 760 files
+
+CatalogueSources SourcesOf(const std::filesystem::path& game) {
+  return {ProgramText(game).toStdString()};
+}
+
+// The bytes in files of that size, cut behind a block.
+void Spread(std::string_view bytes, const std::filesystem::path& folder, Paths& files) {
+  constexpr std::string_view kEnd = "\r\nEnd\r\n";
+  std::filesystem::create_directories(folder);
+  while (!bytes.empty()) {
+    const std::size_t end = bytes.find(kEnd, kPublishedFile);
+    const std::string_view part = bytes.substr(0, end == bytes.npos ? end : end + kEnd.size());
+    files.push_back(folder / (std::to_string(files.size()) + ".ini"));
+    std::ofstream(files.back(), std::ios::binary) << part;
+    bytes.remove_prefix(part.size());
+  }
+}
+
+// The data of the game in as many files as a published modification of its size has.
+Paths SpreadGame(const BenchFolders& folders, const std::filesystem::path& game) {
+  Paths files;
+  for (const std::filesystem::path& file : folders.dataFiles())
+    Spread(ReadWhole(file), game / "Data" / "INI" / file.stem(), files);
+  return files;
 }
 
 // The catalogue that the jobs ask, read when the first one runs.
@@ -26,14 +51,16 @@ std::function<void()> Reading(const SharedCatalogue& catalogue, const CatalogueS
 }
 
 Job WholeJob(const BenchFolders& folders) {
+  const std::filesystem::path game = folders.home / "spread";
+  const Paths files = SpreadGame(folders, game);
   return {.name = "catalogue from nothing",
           .promise = {.ratio = 12, .growth = true},
           .run =
-              [sources = SourcesOf(folders)] {
-                if (ReadCatalogue(sources)->files().size() != 13)
+              [sources = SourcesOf(game), count = files.size()] {
+                if (ReadCatalogue(sources)->files().size() != count)
                   throw std::runtime_error("files are missing");
               },
-          .bare = BareRead(folders.dataFiles())};
+          .bare = BareRead(files)};
 }
 
 Job ChangedJob(const BenchFolders& folders, const SharedCatalogue& catalogue) {
@@ -42,7 +69,7 @@ Job ChangedJob(const BenchFolders& folders, const SharedCatalogue& catalogue) {
           .promise = {.time = 20, .growth = true},
           .run = [=] { *catalogue = WithFileRead(**catalogue, path); },
           .bare = BareRead({folders.objects(kLargestFile)}),
-          .prepare = Reading(catalogue, SourcesOf(folders))};
+          .prepare = Reading(catalogue, SourcesOf(folders.game()))};
 }
 
 void TypeAndSearch(const Catalogue& catalogue) {
@@ -56,7 +83,7 @@ Job SearchJob(const BenchFolders& folders, const SharedCatalogue& catalogue) {
           .promise = {.time = 8, .growth = true},
           .run = [=] { TypeAndSearch(**catalogue); },
           .bare = {},
-          .prepare = Reading(catalogue, SourcesOf(folders)),
+          .prepare = Reading(catalogue, SourcesOf(folders.game())),
           .steps = static_cast<int>(kTyped.size())};
 }
 
@@ -77,7 +104,7 @@ UsedName MostUsed(const Catalogue& catalogue) {
 
 Job UsesJob(const BenchFolders& folders, const SharedCatalogue& catalogue) {
   const auto name = std::make_shared<UsedName>();
-  const auto read = Reading(catalogue, SourcesOf(folders));
+  const auto read = Reading(catalogue, SourcesOf(folders.game()));
   return {.name = "uses of the most used name",
           .promise = {.time = 8, .growth = true},
           .run =

@@ -50,8 +50,10 @@ class CatalogueFileMaker : public StructureSink {
       takeNames(*facts, {block.words, block.wordsColumn}, block.place.line);
   }
 
+  bool wantsKey(const KeyFacts* facts) override { return facts != nullptr && !facts->references.empty(); }
+
   void keyFound(const KeyLine& key) override {
-    if (key.facts != nullptr && key.block != nullptr) takeNames(*key.facts, key.words(), key.place.line);
+    if (key.block != nullptr) takeNames(*key.facts, key.words(), key.place.line);
   }
 
   void blockEnds(const BlockHeader& /*block*/, const BlockEnd& end) override {

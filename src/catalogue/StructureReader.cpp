@@ -19,8 +19,15 @@ constexpr std::uint32_t kLinesBetweenQuestions = 4096;
 bool IsBlank(char byte) {
   return static_cast<unsigned char>(byte) <= ' ';
 }
+constexpr auto kWordEnds = [] {
+  std::array<bool, 256> ends{};
+  for (std::size_t byte = 0; byte <= ' '; ++byte) ends[byte] = true;
+  ends['='] = true;
+  return ends;
+}();
+
 bool EndsWord(char byte) {
-  return IsBlank(byte) || byte == '=';
+  return kWordEnds[static_cast<unsigned char>(byte)];
 }
 
 std::size_t SkipBlanks(std::string_view text, std::size_t at) {
@@ -115,7 +122,7 @@ class Reading {
     if (type != kNoBlockType && !statement.sign && (isNamed(statement) || isNameless(type))) {
       begin(type, statement);
     } else if (const KeyFacts* facts = structure_.key(kOutsideBlocks, statement.first.text)) {
-      sink_.keyFound(keyLine(statement, facts));
+      takeKey(statement, facts);
     } else {
       fault(StructureFault::Kind::looseText, statement);
     }
@@ -131,7 +138,7 @@ class Reading {
     if (meaning.child != kNoBlockType && mayBegin(meaning.child, statement)) {
       begin(meaning.child, statement);
     } else if (meaning.key != nullptr || !takeAsBlockOfParent(statement)) {
-      sink_.keyFound(keyLine(statement, meaning.key));
+      takeKey(statement, meaning.key);
     }
   }
 
@@ -205,6 +212,10 @@ class Reading {
     if (open_.empty()) astray_ = false;
     open_.push_back(block);
     sink_.blockBegins(open_.back());
+  }
+
+  void takeKey(const Statement& statement, const KeyFacts* facts) {
+    if (sink_.wantsKey(facts)) sink_.keyFound(keyLine(statement, facts));
   }
 
   KeyLine keyLine(const Statement& statement, const KeyFacts* facts) const {

@@ -94,6 +94,8 @@ class StructureSink {
   virtual ~StructureSink() = default;
   virtual void blockBegins(const BlockHeader& /*block*/) {}
   virtual void keyFound(const KeyLine& /*key*/) {}
+  // Whether to be told of a line with such a key; who needs only a few is served faster.
+  virtual bool wantsKey(const KeyFacts* /*facts*/) { return true; }
   virtual void blockEnds(const BlockHeader& /*block*/, const BlockEnd& /*end*/) {}
   virtual void faultFound(const StructureFault& /*fault*/) {}
   // Asked from time to time; false stops reading.
