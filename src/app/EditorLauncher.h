@@ -3,9 +3,18 @@
 
 #include <QString>
 
+class QWidget;
+
 namespace korvane {
 
+struct ManualEditPlace;
 struct ManualEditRequest;
+
+// Each has a window of its own, with the list of the file's entries.
+enum class TableEditorId { weapons, armours, commandSets, commandButtons };
+
+// What all windows offer for the names of a game folder.
+enum class SearchCommand { anything, definition, uses, files, back, forward };
 
 // What the windows ask of each other. Every window is made at its first use and shown modeless.
 class EditorLauncher {
@@ -15,6 +24,9 @@ class EditorLauncher {
   // The manual editor at a place of a file or of a part of one. An opening that fails says why and changes
   // nothing.
   virtual void showManualEditor(const ManualEditRequest& request) = 0;
+
+  // Goes to the place when the manual editor shows the whole file already, unsaved text included.
+  virtual bool goToInManualEditor(const QString& file, const ManualEditPlace& place) = 0;
 
   virtual void showWeaponEditor() = 0;
   virtual void showArmourEditor() = 0;
@@ -26,6 +38,13 @@ class EditorLauncher {
   // the same choice when it is, which then shows the file as it is by then.
   virtual void selectWeapon(const QString& name) = 0;
   virtual void selectArmour(const QString& name) = 0;
+
+  // The editor with the entry of this name, letter case ignored, as if it had been clicked. False, and
+  // nothing happens, when its list has none.
+  virtual bool showEntry(TableEditorId editor, const QString& name) = 0;
+
+  // Carries out a command that a window was asked for.
+  virtual void search(SearchCommand command, QWidget& window) = 0;
 
   virtual void showOptions() = 0;
   virtual void showAbout() = 0;

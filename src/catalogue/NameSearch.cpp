@@ -21,6 +21,14 @@ KindSet WantedKinds(const std::vector<KindId>& kinds) {
   return wanted;
 }
 
+// Nothing behind the last matching letters begins another word.
+bool FitsInLastWord(const NameMatcher& matcher, std::string_view name) {
+  const std::vector<NamePart> parts = matcher.parts(name);
+  if (parts.empty()) return false;
+  const std::string_view rest = name.substr(parts.back().begin + parts.back().size);
+  return std::all_of(rest.begin(), rest.end(), [](char c) { return c >= 'a' && c <= 'z'; });
+}
+
 class BetterHit {
  public:
   bool operator()(const NameHit& a, const NameHit& b) const {
@@ -33,9 +41,9 @@ class BetterHit {
   }
 
  private:
-  std::tuple<bool, bool, MatchRank, bool, std::size_t> order(const NameHit& hit) const {
+  std::tuple<bool, bool, bool, MatchRank, bool, std::size_t> order(const NameHit& hit) const {
     const Kind& kind = kinds_[hit.definition.kind];
-    return {hit.rank != MatchRank::exact, !kind.editor, hit.rank, kind.space != objects_,
+    return {hit.rank != MatchRank::exact, !kind.editor, kind.space != objects_, hit.rank, !hit.inLastWord,
             hit.definition.name.size()};
   }
 
@@ -53,7 +61,8 @@ NameHits SearchNames(const Catalogue& catalogue, const NameSearch& search) {
     for (const CatalogueFile::Definition& definition : file->definitions())
       if (wanted[definition.kind])
         if (const auto rank = matcher.rank(file->name(definition.name)))
-          found.hits.push_back({FoundIn(*file, definition), *rank});
+          found.hits.push_back(
+              {FoundIn(*file, definition), *rank, FitsInLastWord(matcher, file->name(definition.name))});
   found.all = found.hits.size();
   const std::size_t most = std::min(search.most, found.all);
   std::partial_sort(found.hits.begin(), found.hits.begin() + static_cast<std::ptrdiff_t>(most),

@@ -20,6 +20,7 @@ struct NameSearch {
 struct NameHit {
   FoundDefinition definition;
   MatchRank rank = MatchRank::exact;
+  bool inLastWord = false;  // the word that says what a thing is: "Crusader" in AmericaTankCrusader
 };
 
 struct NameHits {
@@ -27,8 +28,9 @@ struct NameHits {
   std::size_t all = 0;        // how many there are
 };
 
-// The definitions whose names fit. First those with exactly this name; of the others first the kinds with a
-// window of their own, then the better ranks, objects, shorter names, and at last the alphabet and the files.
+// The definitions whose names fit. First those with exactly this name; of the others objects, then the other
+// kinds with a window of their own; within these the better ranks, those that fit in their last word, shorter
+// names, and at last the alphabet and the files.
 NameHits SearchNames(const Catalogue& catalogue, const NameSearch& search);
 
 }  // namespace korvane

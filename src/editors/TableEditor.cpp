@@ -171,6 +171,28 @@ void TableEditor::showNamed(const QString& name) {
   showEntry(names_.index(static_cast<int>(row)));
 }
 
+bool TableEditor::clickEntry(const QString& name) {
+  const QStringList names = names_.stringList();
+  const auto found = std::find_if(names.begin(), names.end(), [&](const QString& entry) {
+    return entry.compare(name, Qt::CaseInsensitive) == 0;
+  });
+  if (found == names.end()) return false;
+  const QModelIndex entry = names_.index(static_cast<int>(found - names.begin()));
+  pane_->list().setCurrentIndex(entry);
+  showEntry(entry);
+  return true;
+}
+
+std::optional<NameHere> TableEditor::nameHere() const {
+  if (pane_->list().hasFocus()) {
+    const auto name = selectedName();
+    return name ? std::optional(NameHere{*name, GameStructure::get().space(entry_.kind)}) : std::nullopt;
+  }
+  const QModelIndex cell = pane_->table().currentIndex();
+  const QString text = cell.isValid() ? cell.data().toString().trimmed() : QString();
+  return text.isEmpty() ? std::nullopt : std::optional(NameHere{text});
+}
+
 std::optional<QString> TableEditor::selectedName() const {
   const QModelIndexList selected = pane_->list().selectionModel()->selectedIndexes();
   if (selected.isEmpty()) return std::nullopt;

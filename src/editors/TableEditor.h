@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "app/BlockNotices.h"
+#include "app/NameSource.h"
 #include "app/Services.h"
 #include "controls/InPlaceTable.h"
 #include "editors/TableEditorEntry.h"
@@ -38,7 +39,7 @@ struct TableEditorContext {
 //
 // Its reads let events run, and one guard holds for all windows: what the user asks for while the parser is
 // taken is ignored.
-class TableEditor : public QMainWindow {
+class TableEditor : public QMainWindow, public NameSource {
   Q_OBJECT
 
  public:
@@ -52,6 +53,10 @@ class TableEditor : public QMainWindow {
   // Selects the first entry from the top that begins with the name as a whole word, letter case ignored, or
   // none. The table stays as it is; the notice bar of some editors offers what to do next.
   void selectEntry(const QString& name);
+  // The entry of this name, letter case ignored, as if it had been clicked. False when there is none.
+  bool clickEntry(const QString& name);
+
+  std::optional<NameHere> nameHere() const override;
 
  Q_SIGNALS:
   // The window can go, see WindowCalls.

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
@@ -18,6 +19,7 @@
 
 #include "app/EditorLauncher.h"
 #include "controls/Placement.h"
+#include "controls/Present.h"
 #include "controls/StoredFont.h"
 #include "mainwindow/MainCommands.h"
 #include "mainwindow/MainToolBar.h"
@@ -155,6 +157,35 @@ void FrmEdit::nameFileButton() {
   const ObjectNode* node = display_->selectedNode();
   if (node != nullptr && Grandparent(*node) != nullptr)
     fields_.CmdME_FINI->setText("Manual Edit " + QString::fromStdString(node->tag));
+}
+
+bool FrmEdit::showObject(const QString& path, const QString& name) {
+  const QModelIndex index = objects_.find(path, name);
+  if (!index.isValid()) return false;
+  TVMenu_->setCurrentIndex(index);
+  TVMenu_->scrollTo(index);
+  Present(*this);
+  if (!IsObjectNode(*objects_.node(index))) return false;
+  display_->select(index);
+  return true;
+}
+
+std::optional<NameHere> FrmEdit::nameHere() const {
+  const GameStructure& structure = GameStructure::get();
+  if (TVMenu_->hasFocus()) {
+    const ObjectNode* node = display_->selectedNode();
+    if (node == nullptr || node->kind != NodeKind::object) return std::nullopt;
+    return NameHere{ObjectTreeModel::shownText(*node), structure.space("Object")};
+  }
+  const std::pair<const QComboBox*, const char*> kLists[] = {
+      {fields_.CboArmour, "Armor"}, {fields_.PWeapon, "Weapon"},         {fields_.SWeapon, "Weapon"},
+      {fields_.TWeapon, "Weapon"},  {fields_.CboLocomotor, "Locomotor"},
+  };
+  for (const auto& [list, kind] : kLists) {
+    const bool here = list->hasFocus() || list->lineEdit()->hasFocus();
+    if (here && !list->currentText().isEmpty()) return NameHere{list->currentText(), structure.space(kind)};
+  }
+  return std::nullopt;
 }
 
 QStringList FrmEdit::weaponNames() const {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "app/Commands.h"
+#include "app/NameSource.h"
 #include "app/Services.h"
 #include "app/UnitChoices.h"
 #include "controls/ClickView.h"
@@ -30,7 +31,7 @@ class EditorLauncher;
 
 // The main window: the object tree, the tab box with the fields of the chosen object, menus, toolbar and
 // status bar.
-class FrmEdit : public QMainWindow, public UnitChoices {
+class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   Q_OBJECT
 
  public:
@@ -46,6 +47,11 @@ class FrmEdit : public QMainWindow, public UnitChoices {
   // What a part of the notice bar says from now on.
   void tell(MainNotices part, std::vector<Notice> notices) { notices_->tell(part, std::move(notices)); }
   void tellLineEnds(std::vector<UnixFile> files) { lineEnds_.tell(std::move(files)); }
+
+  // Selects the object's node and, when it can be shown, loads it as a click does. False when the tree has no
+  // such object that can be loaded. `path`: of its file, below the game folder.
+  bool showObject(const QString& path, const QString& name);
+  std::optional<NameHere> nameHere() const override;
 
   // Takes the tree's font and the selected tab from the settings.
   void applyOptions();

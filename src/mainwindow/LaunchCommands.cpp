@@ -53,6 +53,25 @@ void LaunchCommands::showAbout() {
   launcher_.showAbout();
 }
 
+void LaunchCommands::findAnything() {
+  launcher_.search(SearchCommand::anything, window_);
+}
+void LaunchCommands::goToDefinition() {
+  launcher_.search(SearchCommand::definition, window_);
+}
+void LaunchCommands::findUses() {
+  launcher_.search(SearchCommand::uses, window_);
+}
+void LaunchCommands::findInFiles() {
+  launcher_.search(SearchCommand::files, window_);
+}
+void LaunchCommands::goBack() {
+  launcher_.search(SearchCommand::back, window_);
+}
+void LaunchCommands::goForward() {
+  launcher_.search(SearchCommand::forward, window_);
+}
+
 void LaunchCommands::showHelp() {
   services_.shell.RunFile(services_.folders.helpFile(), services_.folders.program);
 }

@@ -29,6 +29,12 @@ class LaunchCommands {
   void showArmourEditor();
   void showCommandSetEditor();
   void showCommandButtonEditor();
+  void findAnything();
+  void goToDefinition();
+  void findUses();
+  void findInFiles();
+  void goBack();
+  void goForward();
   void showHelp();
   void showHelpContents();
   void openGameFolder();

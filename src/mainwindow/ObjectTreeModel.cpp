@@ -41,6 +41,21 @@ const ObjectNode* ObjectTreeModel::node(const QModelIndex& index) const {
   return index.isValid() ? static_cast<const ObjectNode*>(index.constInternalPointer()) : nullptr;
 }
 
+QModelIndex ObjectTreeModel::find(const QString& path, const QString& name) const {
+  const std::function<const ObjectNode*(const ObjectNode&)> findBelow = [&](const ObjectNode& above) {
+    for (const auto& child : above.children) {
+      const bool isObject = child->kind == NodeKind::object || child->kind == NodeKind::listed;
+      const bool fits = isObject && name.compare(FromBytes(child->text), Qt::CaseInsensitive) == 0 &&
+                        path.endsWith(QString::fromStdString(child->file), Qt::CaseInsensitive);
+      if (fits) return static_cast<const ObjectNode*>(child.get());
+      if (const ObjectNode* found = findBelow(*child)) return found;
+    }
+    return static_cast<const ObjectNode*>(nullptr);
+  };
+  const ObjectNode* found = findBelow(root_);
+  return found == nullptr ? QModelIndex() : indexOf(*found);
+}
+
 QString ObjectTreeModel::shownText(const ObjectNode& node) {
   return node.kind == NodeKind::file ? ShownText(QString::fromStdString(node.text)) : ShownName(node.text);
 }

@@ -41,6 +41,9 @@ class ObjectTreeModel : public QAbstractItemModel {
   // The node of an index; nothing for the invalid index.
   const ObjectNode* node(const QModelIndex& index) const;
 
+  // The first object of this name in the file; `path` is below the game folder, letter case does not matter.
+  QModelIndex find(const QString& path, const QString& name) const;
+
   static QString shownText(const ObjectNode& node);
   // The texts from the root to the node, joined by backslashes.
   static QString fullPath(const ObjectNode& node);

@@ -87,6 +87,14 @@ constexpr FrmManEdit::MenuEntry FrmManEdit::kMenuEntries[] = {
     {"MnuFormat", "F&ormat"},
     {"MnuFont", "&Fonts", &FrmManEdit::chooseFont},
     {"menuSearch", "&Search"},
+    {"findAnything", "Find &Anything", &FrmManEdit::findAnything, "Ctrl+P"},
+    {"goToDefinition", "Go to &Definition", &FrmManEdit::goToDefinition, "F4"},
+    {"findUses", "Find &Uses", &FrmManEdit::findUses, "Shift+F4"},
+    {"findInFiles", "Find &in Files...", &FrmManEdit::findInFiles, "Ctrl+Shift+F"},
+    {"", ""},
+    {"goBack", "Bac&k", &FrmManEdit::goBack, "Alt+Left"},
+    {"goForward", "F&orward", &FrmManEdit::goForward, "Alt+Right"},
+    {"", ""},
     {"findPrevious", "Find &Previous", &FrmManEdit::findPrevious, "Shift+F3"},
 };
 
@@ -386,6 +394,52 @@ void FrmManEdit::findNext() {
 
 void FrmManEdit::findPrevious() {
   find_->findPrevious();
+}
+
+void FrmManEdit::findAnything() {
+  Q_EMIT searchAsked(SearchCommand::anything);
+}
+
+void FrmManEdit::goToDefinition() {
+  Q_EMIT searchAsked(SearchCommand::definition);
+}
+
+void FrmManEdit::findUses() {
+  Q_EMIT searchAsked(SearchCommand::uses);
+}
+
+void FrmManEdit::findInFiles() {
+  Q_EMIT searchAsked(SearchCommand::files);
+}
+
+void FrmManEdit::goBack() {
+  Q_EMIT searchAsked(SearchCommand::back);
+}
+
+void FrmManEdit::goForward() {
+  Q_EMIT searchAsked(SearchCommand::forward);
+}
+
+bool FrmManEdit::goToIn(const QString& file, const ManualEditPlace& place) {
+  const bool shown = isVisible() && !openText_->isPart();
+  if (!shown || openText_->file().compare(file, Qt::CaseInsensitive) != 0) return false;
+  if (ManEditInitDone_) {
+    TxtManEdit_->goTo(place.line - 1, place.column - 1, place.length);
+    TxtManEdit_->setFocus();
+  } else {
+    place_ = place;
+  }
+  return true;
+}
+
+void FrmManEdit::goToLine(int line) {
+  TxtManEdit_->goTo(line - 1, 0, 0);
+  TxtManEdit_->setFocus();
+}
+
+std::optional<NameHere> FrmManEdit::nameHere() const {
+  const QString word = TxtManEdit_->wordAtCursor();
+  return word.isEmpty() ? std::nullopt : std::optional(NameHere{word});
 }
 
 void FrmManEdit::showReplace() {

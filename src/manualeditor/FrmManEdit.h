@@ -5,7 +5,9 @@
 
 #include <array>
 
+#include "app/EditorLauncher.h"
 #include "app/ManualEditRequest.h"
+#include "app/NameSource.h"
 #include "platform/WindowCalls.h"
 
 class QLabel;
@@ -27,7 +29,7 @@ struct Services;
 
 // The manual editor: one of the game's files, or a part of one, as plain text. An opening command hands
 // over what to open and shows the window, which then sets itself up, once.
-class FrmManEdit : public QMainWindow {
+class FrmManEdit : public QMainWindow, public NameSource {
   Q_OBJECT
 
  public:
@@ -44,6 +46,12 @@ class FrmManEdit : public QMainWindow {
 
   // The program's path of the file whose text is not saved; empty when there is none.
   QString unsavedFile() const;
+
+  // Goes to the place when the whole of this file is shown, with whatever is typed; false when another is.
+  bool goToIn(const QString& file, const ManualEditPlace& place);
+  void goToLine(int line);  // from 1
+  std::optional<NameHere> nameHere() const override;
+
   // Keeps an unsaved text among the former versions of its file, for the moment before the program ends.
   // False when it cannot be kept and the user does not want to lose it.
   bool keepUnsavedText();
@@ -51,6 +59,7 @@ class FrmManEdit : public QMainWindow {
   void keepAtEnd();
 
  Q_SIGNALS:
+  void searchAsked(SearchCommand command);
   // The window can go, see WindowCalls.
   void closedForGood();
 
@@ -93,6 +102,12 @@ class FrmManEdit : public QMainWindow {
   void focusFind();
   void findNext();
   void findPrevious();
+  void findAnything();
+  void goToDefinition();
+  void findUses();
+  void findInFiles();
+  void goBack();
+  void goForward();
   void showReplace();
   void selectAll();
   void chooseFont();

@@ -212,6 +212,18 @@ void IniTextEdit::select(TextSpan span) {
   Q_EMIT cursorMayHaveMoved();
 }
 
+QString IniTextEdit::wordAtCursor() const {
+  const QString selected = selectedText().trimmed();
+  if (!selected.isEmpty()) return selected.contains('\n') ? QString() : selected;
+  constexpr std::string_view kBounds = " \t\r\n=;,";
+  const std::string_view text = utf8();
+  const auto cursor = static_cast<std::size_t>(send(Sci::SCI_GETCURRENTPOS));
+  const std::size_t before = cursor == 0 ? std::string_view::npos : text.find_last_of(kBounds, cursor - 1);
+  const std::size_t from = before == std::string_view::npos ? 0 : before + 1;
+  const std::size_t to = std::min(text.find_first_of(kBounds, cursor), text.size());
+  return CharactersOfUtf8(text.substr(from, to - from));
+}
+
 QString IniTextEdit::selectedText() const {
   if (send(Sci::SCI_SELECTIONISRECTANGLE) != 0) return text_->selectedText();
   const auto start = static_cast<std::size_t>(send(Sci::SCI_GETSELECTIONSTART));

@@ -58,6 +58,8 @@ class IniTextEdit : public QWidget {
   void selectCharacterAt(qsizetype position);
   void selectAll();
 
+  // The name at the cursor, or the selected text of a single line.
+  QString wordAtCursor() const;
   QString selectedText() const;
   // Puts the text, its line ends as CR LF, in the place of the selection, and the cursor behind it.
   void replaceSelection(const QString& text);

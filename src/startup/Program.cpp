@@ -43,6 +43,10 @@ Program::Program(const Services& services, Folders& folders, QString arguments)
       versions_(std::make_unique<KeptVersions>(files_)),
       fonts_([this] { return &options_.get(); }),
       registry_(SystemRegistry()),
+      names_(services.folders),
+      searchRows_(names_),
+      places_(services, *this, names_, [this]() -> FrmEdit& { return mainWindow(); }),
+      searchDesk_(searchRows_, places_),
       wizard_([this] { return makeWizard(); }),
       manualEditor_([this] { return makeManualEditor(); }),
       options_([this] { return makeOptions(); }),
@@ -70,7 +74,10 @@ void Program::runSplash() {
 }
 
 FrmEdit& Program::mainWindow() {
-  if (!mainWindow_) mainWindow_ = std::make_unique<FrmEdit>(services_, *this);
+  if (!mainWindow_) {
+    mainWindow_ = std::make_unique<FrmEdit>(services_, *this);
+    searchDesk_.addField(*mainWindow_, [this] { return mainWindow_->commands().all(); });
+  }
   return *mainWindow_;
 }
 
@@ -177,11 +184,44 @@ void Program::showCommandButtonEditor() {
 }
 
 FrmManEdit* Program::makeManualEditor() {
-  return new FrmManEdit(services_, files_, *versions_, fonts_);
+  auto* window = new FrmManEdit(services_, files_, *versions_, fonts_);
+  QObject::connect(window, &FrmManEdit::searchAsked, window,
+                   [this, window](SearchCommand command) { search(command, *window); });
+  searchDesk_.addPopup(*window, [window](int line) { window->goToLine(line); });
+  return window;
 }
 
 void Program::showManualEditor(const ManualEditRequest& request) {
   if (manualEditor_.get().open(request)) Present(manualEditor_.get());
+}
+
+bool Program::goToInManualEditor(const QString& file, const ManualEditPlace& place) {
+  FrmManEdit* editor = manualEditor_.existing();
+  if (editor == nullptr || !editor->goToIn(file, place)) return false;
+  Present(*editor);
+  return true;
+}
+
+bool Program::showEntry(TableEditorId editor, const QString& name) {
+  const auto show = [&name](auto& window) {
+    const bool found = Loaded(window).clickEntry(name);
+    if (found) Present(window.get());
+    return found;
+  };
+  switch (editor) {
+    case TableEditorId::weapons:
+      return show(weaponEditor_);
+    case TableEditorId::armours:
+      return show(armourEditor_);
+    case TableEditorId::commandSets:
+      return show(commandSetEditor_);
+    default:
+      return show(commandButtonEditor_);
+  }
+}
+
+void Program::search(SearchCommand command, QWidget& window) {
+  searchDesk_.carryOut(command, window);
 }
 
 bool Program::keepUnsavedTexts() {

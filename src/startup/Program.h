@@ -5,13 +5,17 @@
 
 #include <memory>
 
+#include "app/CatalogueService.h"
 #include "app/EditorLauncher.h"
 #include "app/Services.h"
 #include "controls/FontDialog.h"
 #include "platform/FileWriter.h"
 #include "platform/Programs.h"
+#include "search/SearchRows.h"
 #include "setup/FolderChooser.h"
 #include "startup/Lazy.h"
+#include "startup/PlaceOpener.h"
+#include "startup/SearchDesk.h"
 #include "startup/StartupWindows.h"
 
 namespace korvane {
@@ -43,6 +47,9 @@ class Program : public EditorLauncher, public StartupWindows {
   void StartProgram();
 
   void showManualEditor(const ManualEditRequest& request) override;
+  bool goToInManualEditor(const QString& file, const ManualEditPlace& place) override;
+  bool showEntry(TableEditorId editor, const QString& name) override;
+  void search(SearchCommand command, QWidget& window) override;
   void showWeaponEditor() override;
   void showArmourEditor() override;
   void showCommandSetEditor() override;
@@ -83,6 +90,11 @@ class Program : public EditorLauncher, public StartupWindows {
   FolderChooser chooser_;
   SystemPrograms programs_;
   std::unique_ptr<Registry> registry_;
+
+  CatalogueService names_;
+  SearchRows searchRows_;
+  PlaceOpener places_;
+  SearchDesk searchDesk_;
 
   std::unique_ptr<FrmEdit> mainWindow_;
   Lazy<frmWizard> wizard_;

@@ -102,10 +102,18 @@ constexpr std::string_view kNames =
 TEST(NameSearch, OrdersAsPeopleExpect) {
   const Catalogue catalogue = CatalogueOf(kNames);
   EXPECT_EQ(Found(catalogue, {"tank"}),
-            "tank TAnk_ TankHunter TankGun GLATank OldTank SmallTank Bantanker TopAnkle TankFX");
+            "tank TAnk_ TankHunter GLATank OldTank Bantanker TopAnkle TankGun SmallTank TankFX");
   const NameHits some = SearchNames(catalogue, {.pattern = "tank", .kinds = {}, .most = 2});
   EXPECT_EQ(some.hits.size(), 2U);
   EXPECT_EQ(some.all, 10U);
+}
+
+TEST(NameSearch, PutsThingsBeforeWhatIsNamedAfterThem) {
+  const Catalogue catalogue = CatalogueOf(
+      "Object DeadCrusaderHulk\nEnd\nWeapon CrusaderGun\nEnd\nObject AmericaTankCrusader\nEnd\n"
+      "Object CINE_AmericaTankCrusader\nEnd\n");
+  EXPECT_EQ(Found(catalogue, {"crusad"}),
+            "AmericaTankCrusader CINE_AmericaTankCrusader DeadCrusaderHulk CrusaderGun");
 }
 
 TEST(NameSearch, KeepsToTheKinds) {

@@ -23,6 +23,12 @@ class FakeLauncher : public EditorLauncher {
     calls += request.text ? "manual text" : "manual file";
     requests.push_back(request);
   }
+  bool goToInManualEditor(const QString&, const ManualEditPlace&) override { return false; }
+  bool showEntry(TableEditorId, const QString& name) override {
+    calls += "entry " + name;
+    return true;
+  }
+  void search(SearchCommand, QWidget&) override { calls += "search"; }
   void showWeaponEditor() override { calls += "weapons"; }
   void showArmourEditor() override { calls += "armours"; }
   void showCommandSetEditor() override { calls += "command sets"; }

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/CatalogueService.h"
+
+#include "app/Services.h"
+
+namespace korvane {
+
+CatalogueService::CatalogueService(const Folders& folders) : folders_(folders) {}
+
+CatalogueService::~CatalogueService() = default;
+
+void CatalogueService::ensure() {
+  const bool stale = catalogue_ == nullptr || catalogue_->sources() != sources();
+  if (stale) refresh();
+}
+
+void CatalogueService::refresh() {
+  if (isReading()) {
+    wanted_ = true;
+  } else if (!folders_.game.isEmpty()) {
+    start();
+  }
+}
+
+void CatalogueService::setFurtherData(std::vector<std::string> paths) {
+  if (paths == further_) return;
+  further_ = std::move(paths);
+  if (catalogue_ != nullptr || isReading()) refresh();
+}
+
+CatalogueSources CatalogueService::sources() const {
+  return {folders_.game.toStdString(), further_};
+}
+
+// The worker has its own copy of the sources, and what it hands over never changes.
+void CatalogueService::start() {
+  wanted_ = false;
+  worker_ = std::jthread([this, sources = sources(), previous = catalogue_](const std::stop_token& stop) {
+    const auto tell = [this](std::size_t done, std::size_t all) {
+      QMetaObject::invokeMethod(
+          this, [this, done, all] { Q_EMIT progress(static_cast<int>(done), static_cast<int>(all)); },
+          Qt::QueuedConnection);
+    };
+    const bool same = previous != nullptr && previous->sources() == sources;
+    CataloguePtr read = ReadCatalogue(sources, same ? previous.get() : nullptr, stop, tell);
+    QMetaObject::invokeMethod(
+        this, [this, read] { take(read); }, Qt::QueuedConnection);
+  });
+}
+
+void CatalogueService::take(const CataloguePtr& read) {
+  worker_.join();
+  worker_ = {};
+  const bool again = wanted_ || (read != nullptr && read->sources() != sources());
+  if (read != nullptr) {
+    catalogue_ = read;
+    Q_EMIT changed();
+  }
+  if (again) refresh();
+}
+
+}  // namespace korvane

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <thread>
+
+#include "catalogue/Catalogue.h"
+
+namespace korvane {
+
+struct Folders;
+
+// The catalogue of names for the windows: read in a worker at the first need and kept fresh. Windows never
+// wait for it; they ask again when it says that it has changed.
+class CatalogueService : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit CatalogueService(const Folders& folders);
+  // Stops the worker and waits for it: at most the time of one file.
+  ~CatalogueService() override;
+
+  // The newest finished one; nullptr before the first. It never changes, so whoever holds it may go on
+  // asking.
+  const CataloguePtr& catalogue() const { return catalogue_; }
+  bool isReading() const { return worker_.joinable(); }
+
+  // Looks which files have changed, and reads those. While that goes on, another wish waits for its end.
+  void refresh();
+  // The same at the first need only.
+  void ensure();
+  // Folders and archives behind the game folder, such as the original game's data.
+  void setFurtherData(std::vector<std::string> paths);
+
+ Q_SIGNALS:
+  void changed();
+  void progress(int done, int all);
+
+ private:
+  void start();
+  void take(const CataloguePtr& read);
+  CatalogueSources sources() const;
+
+  const Folders& folders_;
+  std::vector<std::string> further_;
+  CataloguePtr catalogue_;
+  bool wanted_ = false;  // again, once the worker is done
+  std::jthread worker_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "search/SearchList.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace korvane {
+
+namespace {
+
+constexpr int kRowPadding = 3;  // pixels above and below a text
+constexpr int kGap = 8;
+constexpr int kBadgeWidth = 3;  // in widths of an "M"
+constexpr qreal kDimmed = 0.7;  // of the text's opacity
+
+// "CS" for CommandSet, "O" for Object.
+QString BadgeOf(const SearchRow& row) {
+  QString letters;
+  for (const QChar c : row.kind) {
+    if (c.isUpper()) letters += c;
+  }
+  return letters.left(2);
+}
+
+bool IsMarked(const std::vector<NamePart>& marks, int position) {
+  return std::any_of(marks.begin(), marks.end(), [position](const NamePart& part) {
+    const auto at = static_cast<std::uint32_t>(position);
+    return at >= part.begin && at < part.begin + part.size;
+  });
+}
+
+// Draws the name in stretches of bold and ordinary letters; gives the place behind it.
+int DrawName(QPainter& painter, const QRect& room, const SearchRow& row) {
+  QFont bold = painter.font();
+  const QFont plain = painter.font();
+  bold.setBold(true);
+  int x = room.left();
+  for (int from = 0; from < row.name.size();) {
+    const bool marked = IsMarked(row.marks, from);
+    int to = from + 1;
+    while (to < row.name.size() && IsMarked(row.marks, to) == marked) ++to;
+    painter.setFont(marked ? bold : plain);
+    const QString part = row.name.mid(from, to - from);
+    painter.drawText(QRect(x, room.top(), room.right() - x, room.height()), Qt::AlignVCenter, part);
+    x += painter.fontMetrics().horizontalAdvance(part);
+    from = to;
+  }
+  painter.setFont(plain);
+  return std::min(x, room.right());
+}
+
+void DrawBadge(QPainter& painter, const QRect& room, const QString& letters) {
+  if (letters.isEmpty()) return;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.drawRoundedRect(room.adjusted(0, 1, -1, -2), 3, 3);
+  painter.drawText(room, Qt::AlignCenter, letters);
+  painter.restore();
+}
+
+void DrawRow(QPainter& painter, const QRect& rect, const SearchRow& row) {
+  const QFontMetrics metrics = painter.fontMetrics();
+  const int badge = metrics.horizontalAdvance('M') * kBadgeWidth;
+  QRect room = rect.adjusted(kGap, 0, -kGap, 0);
+  DrawBadge(painter, QRect(room.left(), room.top() + 1, badge, room.height() - 2), BadgeOf(row));
+  room.setLeft(room.left() + badge + kGap);
+  const int nameEnd = DrawName(painter, room, row);
+  painter.setOpacity(kDimmed);
+  const QString where = metrics.elidedText(row.where, Qt::ElideLeft, room.width() / 2);
+  const int whereStart = room.right() - metrics.horizontalAdvance(where);
+  if (whereStart > nameEnd + kGap) painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, where);
+  const QRect kindRoom(nameEnd + kGap, room.top(), whereStart - nameEnd - 2 * kGap, room.height());
+  painter.drawText(kindRoom, Qt::AlignVCenter,
+                   metrics.elidedText(row.kind, Qt::ElideRight, kindRoom.width()));
+  painter.setOpacity(1);
+}
+
+}  // namespace
+
+void SearchModel::setRows(std::vector<SearchRow> rows) {
+  beginResetModel();
+  rows_ = std::move(rows);
+  endResetModel();
+}
+
+const SearchRow& SearchModel::row(const QModelIndex& index) const {
+  return rows_[static_cast<std::size_t>(index.row())];
+}
+
+int SearchModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+// The text is what a screen reader says.
+QVariant SearchModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  const SearchRow& found = row(index);
+  if (role == Qt::DisplayRole) return QStringList{found.name, found.kind, found.where}.join(' ').trimmed();
+  if (role == Qt::ToolTipRole) return found.where;
+  return {};
+}
+
+Qt::ItemFlags SearchModel::flags(const QModelIndex& index) const {
+  const bool hint = index.isValid() && row(index).what == SearchRow::What::hint;
+  return hint ? Qt::ItemIsEnabled : QAbstractListModel::flags(index);
+}
+
+void SearchDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                           const QModelIndex& index) const {
+  QStyleOptionViewItem panel = option;
+  initStyleOption(&panel, index);
+  panel.text.clear();
+  const QWidget* view = option.widget;
+  view->style()->drawControl(QStyle::CE_ItemViewItem, &panel, painter, view);
+  painter->save();
+  const bool selected = (option.state & QStyle::State_Selected) != 0;
+  painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+  painter->setFont(option.font);
+  DrawRow(*painter, option.rect, static_cast<const SearchModel*>(index.model())->row(index));
+  painter->restore();
+}
+
+QSize SearchDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
+  return {0, option.fontMetrics.height() + 2 * kRowPadding};
+}
+
+}  // namespace korvane
