@@ -29,7 +29,7 @@ class DiskFile {
   // All of the bytes, behind those of the last write or at the place of a seek.
   std::error_code write(std::string_view bytes);
   std::error_code seek(std::uint64_t offset);
-  // Finds room on the disk for so many bytes before any is written, where the file system can.
+  // Finds space on the disk for so many bytes before any is written, where the file system can.
   std::error_code reserve(std::uint64_t size);
   std::error_code truncate(std::uint64_t size);
   // Waits until the bytes are on the disk.

@@ -29,7 +29,7 @@ std::error_code Overwrite(DiskFile& file, std::string_view bytes) {
   return error ? error : file.sync();
 }
 
-// Nothing is written over before there is room for all of the new bytes.
+// Nothing is written over before there is space for all of the new bytes.
 std::string WriteInPlace(const fs::path& target, std::string_view bytes, const KeepFormer& keep) {
   if (std::string why = keep(ReplaceWay::inPlace); !why.empty()) return why;
   FileBytes old;

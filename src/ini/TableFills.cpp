@@ -11,7 +11,6 @@ namespace korvane {
 
 namespace {
 
-
 // One row of the table for each parameter; `lookUp` gives the value of a key, or nothing.
 template <typename LookUp>
 void FillRows(std::span<const ParameterRow> rows, TableSink& table, LookUp&& lookUp) {

@@ -37,7 +37,7 @@ QString BlockPath::linkTo(const TextBlock& block, int width) const {
            ReadableLink(palette(), palette().color(QPalette::Window)).name(), shown.toHtmlEscaped());
 }
 
-// Every step may take its share of the room and what the steps behind it have left.
+// Every step may take its share of the width and what the steps behind it have left.
 void BlockPath::show() {
   const std::vector<const TextBlock*> path = outline_.pathAt(text_.cursorLine());
   QStringList captions;

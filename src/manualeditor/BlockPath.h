@@ -19,7 +19,7 @@ class BlockPath : public QLabel {
   // The steps as plain text, all of them.
   QString steps() const { return steps_; }
 
-  // As much room as the toolbar has left.
+  // As wide as the toolbar lets it be.
   QSize sizeHint() const override { return {0, QLabel::sizeHint().height()}; }
   QSize minimumSizeHint() const override { return sizeHint(); }
 

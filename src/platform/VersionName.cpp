@@ -11,7 +11,7 @@ namespace korvane {
 namespace {
 
 constexpr int kDigits = 8;               // so that names sort in the order of their numbers
-constexpr qsizetype kLongestName = 200;  // bytes in UTF-8, which leaves room for what is added
+constexpr qsizetype kLongestName = 200;  // bytes in UTF-8, which leaves space for what is added
 const QString kTimeFormat = QStringLiteral("yyyy-MM-dd HH.mm.ss");
 const QString kFormerTimeFormat = QStringLiteral("yyyy-MM-dd HH.mm.ss.zzz");
 

@@ -31,48 +31,48 @@ bool IsMarked(const std::vector<NamePart>& marks, int position) {
 }
 
 // Draws the name in stretches of bold and ordinary letters; gives the place behind it.
-int DrawName(QPainter& painter, const QRect& room, const SearchRow& row) {
+int DrawName(QPainter& painter, const QRect& area, const SearchRow& row) {
   QFont bold = painter.font();
   const QFont plain = painter.font();
   bold.setBold(true);
-  int x = room.left();
+  int x = area.left();
   for (int from = 0; from < row.name.size();) {
     const bool marked = IsMarked(row.marks, from);
     int to = from + 1;
     while (to < row.name.size() && IsMarked(row.marks, to) == marked) ++to;
     painter.setFont(marked ? bold : plain);
     const QString part = row.name.mid(from, to - from);
-    painter.drawText(QRect(x, room.top(), room.right() - x, room.height()), Qt::AlignVCenter, part);
+    painter.drawText(QRect(x, area.top(), area.right() - x, area.height()), Qt::AlignVCenter, part);
     x += painter.fontMetrics().horizontalAdvance(part);
     from = to;
   }
   painter.setFont(plain);
-  return std::min(x, room.right());
+  return std::min(x, area.right());
 }
 
-void DrawBadge(QPainter& painter, const QRect& room, const QString& letters) {
+void DrawBadge(QPainter& painter, const QRect& area, const QString& letters) {
   if (letters.isEmpty()) return;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.drawRoundedRect(room.adjusted(0, 1, -1, -2), 3, 3);
-  painter.drawText(room, Qt::AlignCenter, letters);
+  painter.drawRoundedRect(area.adjusted(0, 1, -1, -2), 3, 3);
+  painter.drawText(area, Qt::AlignCenter, letters);
   painter.restore();
 }
 
 void DrawRow(QPainter& painter, const QRect& rect, const SearchRow& row) {
   const QFontMetrics metrics = painter.fontMetrics();
   const int badge = metrics.horizontalAdvance('M') * kBadgeWidth;
-  QRect room = rect.adjusted(kGap, 0, -kGap, 0);
-  DrawBadge(painter, QRect(room.left(), room.top() + 1, badge, room.height() - 2), BadgeOf(row));
-  room.setLeft(room.left() + badge + kGap);
-  const int nameEnd = DrawName(painter, room, row);
+  QRect area = rect.adjusted(kGap, 0, -kGap, 0);
+  DrawBadge(painter, QRect(area.left(), area.top() + 1, badge, area.height() - 2), BadgeOf(row));
+  area.setLeft(area.left() + badge + kGap);
+  const int nameEnd = DrawName(painter, area, row);
   painter.setOpacity(kDimmed);
-  const QString where = metrics.elidedText(row.where, Qt::ElideLeft, room.width() / 2);
-  const int whereStart = room.right() - metrics.horizontalAdvance(where);
-  if (whereStart > nameEnd + kGap) painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, where);
-  const QRect kindRoom(nameEnd + kGap, room.top(), whereStart - nameEnd - 2 * kGap, room.height());
-  painter.drawText(kindRoom, Qt::AlignVCenter,
-                   metrics.elidedText(row.kind, Qt::ElideRight, kindRoom.width()));
+  const QString where = metrics.elidedText(row.where, Qt::ElideLeft, area.width() / 2);
+  const int whereStart = area.right() - metrics.horizontalAdvance(where);
+  if (whereStart > nameEnd + kGap) painter.drawText(area, Qt::AlignRight | Qt::AlignVCenter, where);
+  const QRect kindArea(nameEnd + kGap, area.top(), whereStart - nameEnd - 2 * kGap, area.height());
+  painter.drawText(kindArea, Qt::AlignVCenter,
+                   metrics.elidedText(row.kind, Qt::ElideRight, kindArea.width()));
   painter.setOpacity(1);
 }
 
