@@ -180,7 +180,10 @@ TEST(Catalogue, ReadsAgainOnlyWhatHasChanged) {
   EXPECT_EQ(after->file("Data\\INI\\Armor.ini"), before->file("Data\\INI\\Armor.ini"));
   EXPECT_EQ(Definitions(after, "B"), "Weapon.ini:1:8 B");
   EXPECT_EQ(Definitions(before, "B"), "");
-  folder.ini("Weapon.ini", "Weapon C\nEnd\n");  // within the tick of the clock
+  const fs::path weapons = folder.native("Data/INI/Weapon.ini");
+  const fs::file_time_type time = fs::last_write_time(weapons);
+  folder.ini("Weapon.ini", "Weapon C\nEnd\n");
+  fs::last_write_time(weapons, time);  // as if within the tick of the clock
   EXPECT_EQ(Definitions(ReadCatalogue({folder.path()}, after.get()), "C"), "Weapon.ini:1:8 C");
   fs::remove(folder.native("Data/INI/Weapon.ini"));
   EXPECT_EQ(ReadCatalogue({folder.path()}, after.get())->files().size(), 1U);
