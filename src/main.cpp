@@ -3,6 +3,7 @@
 
 #include "controls/Icons.h"
 #include "startup/Desktop.h"
+#include "startup/EndSignals.h"
 #include "startup/Program.h"
 
 int main(int argc, char** argv) {
@@ -12,6 +13,11 @@ int main(int argc, char** argv) {
   QApplication::setWindowIcon(korvane::ApplicationIcon());
   korvane::Desktop desktop;
   korvane::Program program(desktop.services(), desktop.folders(), QApplication::arguments().mid(1).join(' '));
+  korvane::EndSignals endSignals;
+  QObject::connect(&endSignals, &korvane::EndSignals::asked, [&program](int signal) {
+    program.keepAtEnd();
+    korvane::EndSignals::endBy(signal);
+  });
   program.StartProgram();
   return QApplication::exec();
 }

@@ -49,8 +49,8 @@ std::string WriteInPlace(const fs::path& target, std::string_view bytes, const K
 std::string SafeReplace(const fs::path& path, std::string_view bytes, const KeepFormer& keep) {
   const fs::path target = BehindLinks(path);
   if (std::string why = WhyNotReplaceable(target); !why.empty()) return why;
-  std::error_code error;
-  const bool there = fs::exists(target, error);
+  std::error_code error;  // one that hides whether the file is there counts as if it were
+  const bool there = fs::symlink_status(target, error).type() != fs::file_type::not_found;
   WholeFile file(target);
   file.write(bytes);
   std::string reason = file.finish();

@@ -97,6 +97,10 @@ fs::path BehindLinks(fs::path path) {
   return path;
 }
 
+bool IsPart(const fs::path& name) {
+  return IsNameBeside(name.string(), {});
+}
+
 void RemoveLeftovers(const fs::path& folder, const fs::path& name) {
   const std::string of = Shortened(name).string();
   std::error_code error;

@@ -72,6 +72,9 @@ class WholeFile {
 // file that is yet to be made.
 std::filesystem::path BehindLinks(std::filesystem::path path);
 
+// Whether a file has a name under which a WholeFile is written: it may be cut off anywhere.
+bool IsPart(const std::filesystem::path& name);
+
 // Removes from a folder what killed writers left beside the file `name`, or beside any file where no name is
 // given. What a running program still writes is not touched.
 void RemoveLeftovers(const std::filesystem::path& folder, const std::filesystem::path& name = {});

@@ -97,7 +97,7 @@ std::vector<KeptVersion> KeptVersions::versionsIn(const QString& folder) {
   for (const QString& name :
        QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Name | QDir::Reversed)) {
     std::optional<KeptVersion> version = VersionOfName(name);
-    if (!version) continue;
+    if (!version || IsPart(name.toStdString())) continue;
     version->file = folder + '/' + name;
     versions.push_back(*version);
   }
@@ -225,8 +225,10 @@ QString FormerVersion::link() {
   QString reason = versions_.prepare(path_, version_);
   if (reason.isEmpty()) reason = versions_.files_.keepAs(path_, version_.file);
   linked_ = reason.isEmpty();
-  if (linked_ && SyncToDisk(Native(versions_.folderOf(path_)))) undo();
-  return linked_ ? QString() : reason;
+  if (!linked_) return reason;
+  const std::error_code error = SyncToDisk(Native(versions_.folderOf(path_)));
+  if (error) undo();
+  return error ? QString::fromLocal8Bit(error.message().c_str()) : QString();
 }
 
 void FormerVersion::undo() {

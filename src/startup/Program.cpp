@@ -16,6 +16,7 @@
 #include "platform/EventYield.h"
 #include "platform/KeptVersions.h"
 #include "platform/LineEndConversion.h"
+#include "platform/MessageBoxes.h"
 #include "platform/Registry.h"
 #include "setup/frmWizard.h"
 #include "startup/frmSplash.h"
@@ -63,9 +64,23 @@ Program::~Program() = default;
 
 void Program::StartProgram() {
   services_.yield.fullTurn();
+  tellTorn();
   runSplash();
   chooser_.BrowseHost = wizard_.get().PicBrouse();
   chooser_.BrowseForFolder({});
+}
+
+void Program::tellTorn() {
+  for (const KeptVersions::Torn& torn : versions_->torn()) {
+    services_.messages.show(
+        {.text = "The program was ended while it wrote a file, which may be damaged: \r\n" + torn.path +
+                 "\r\nIts former version is kept: \r\n" + torn.former},
+        nullptr);
+  }
+}
+
+void Program::keepAtEnd() {
+  if (FrmManEdit* editor = manualEditor_.existing()) editor->keepAtEnd();
 }
 
 void Program::runSplash() {

@@ -46,6 +46,9 @@ class Program : public EditorLauncher, public StartupWindows {
   // The start procedure; afterwards the event loop carries the program.
   void StartProgram();
 
+  // Keeps the unsaved text of the manual editor and asks nothing: the program is ended from outside.
+  void keepAtEnd();
+
   void showManualEditor(const ManualEditRequest& request) override;
   bool goToInManualEditor(const QString& file, const ManualEditPlace& place) override;
   bool showEntry(TableEditorId editor, const QString& name) override;
@@ -70,6 +73,7 @@ class Program : public EditorLauncher, public StartupWindows {
 
  private:
   void runSplash();
+  void tellTorn();
 
   FrmManEdit* makeManualEditor();
   FrmOpt* makeOptions();

@@ -55,7 +55,9 @@ class Attempt {
     if (result.killed) ++counts.kills;
     if (result.exitCode > 0) ++counts.refusals;
     const std::string what = name + " (" + std::to_string(result.exitCode) + "): " + result.text;
-    if (const std::string loss = step_.loss(folder_); !loss.empty()) counts.losses.push_back(what + loss);
+    std::string loss = step_.loss(folder_);
+    if (step_.lossUnlessTold && result.exitCode <= 0) loss += step_.lossUnlessTold(folder_);
+    if (!loss.empty()) counts.losses.push_back(what + loss);
     if (result.exitCode == 0 && !step_.isDone(folder_)) counts.falseSuccesses.push_back(what);
     if (result.exitCode > 0 && result.text.find_first_not_of('\n') == std::string::npos) {
       counts.silentFailures.push_back(what);

@@ -18,6 +18,8 @@ struct SweptStep {
   // What is lost: neither the old nor the new is there whole. Nothing when all is well.
   std::function<std::string(const GameFolder&)> loss;
   std::function<bool(const GameFolder&)> isDone;
+  // What is lost unless the program said so before it ended.
+  std::function<std::string(const GameFolder&)> lossUnlessTold = {};
   bool survivesPowerCut = true;
   Fault always = {};  // holds during the whole sweep, where it has a kind
   // What a kill leaves behind is gone after the step is done once more; empty: that is not looked at.

@@ -312,10 +312,17 @@ FAULTY("chmod", fchmodat, (int folder, const char* path, mode_t mode, int flags)
        IsBelow(folder, path), path, noexcept)
 FAULTY("chown", chown, (const char* path, uid_t user, gid_t group), (path, user, group), IsBelow(path), path,
        noexcept)
+FAULTY("chown", lchown, (const char* path, uid_t user, gid_t group), (path, user, group), IsBelow(path), path,
+       noexcept)
 FAULTY("chown", fchown, (int file, uid_t user, gid_t group), (file, user, group), IsWatched(file), "",
        noexcept)
 FAULTY("xattr", fsetxattr, (int file, const char* name, const void* value, std::size_t size, int flags),
        (file, name, value, size, flags), IsWatched(file), name, noexcept)
+FAULTY("xattr", lsetxattr,
+       (const char* path, const char* name, const void* value, std::size_t size, int flags),
+       (path, name, value, size, flags), IsBelow(path), path, noexcept)
+FAULTY("reserve", fallocate, (int file, int mode, off_t start, off_t size), (file, mode, start, size),
+       IsWatched(file), "", )
 FAULTY("utime", utimensat, (int folder, const char* path, const timespec* times, int flags),
        (folder, path, times, flags), IsBelow(folder, path), path, noexcept)
 FAULTY("utime", futimens, (int file, const timespec* times), (file, times), IsWatched(file), "", noexcept)

@@ -115,11 +115,14 @@ TEST_F(ManEditTest, ALineThatWouldBlockTheWindowIsRefusedAndNothingChanges) {
   openFile(kFile);
   find("Knife");
   const QString armour = game_.qpath() + "\\Data\\INI\\Armor.ini";
-  const std::string endless = "a\r\n" + std::string(300'000, 'x') + "\r\n";
-  game_.write("Data/INI/Armor.ini", endless);
-  EXPECT_FALSE(window_->open({armour}));
-  EXPECT_FALSE(window_->open({armour, 1, endless}));
-  EXPECT_EQ(messages_.shown.size(), 2U);
+  std::string manyLong;
+  for (int i = 0; i < 40; ++i) manyLong += std::string(20'000, 'x') + "\r\n";
+  for (const std::string& endless : {"a\r\n" + std::string(66'000, 'x') + "\r\n", manyLong}) {
+    game_.write("Data/INI/Armor.ini", endless);
+    EXPECT_FALSE(window_->open({armour}));
+    EXPECT_FALSE(window_->open({armour, 1, endless}));
+  }
+  EXPECT_EQ(messages_.shown.size(), 4U);
   QEvent activation(QEvent::WindowActivate);
   QCoreApplication::sendEvent(window_.get(), &activation);
   QTest::qWait(10);  // a set-up would have run by now

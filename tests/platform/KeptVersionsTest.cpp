@@ -93,6 +93,7 @@ TEST_F(KeptVersionsTest, TheNewestVersionStaysWhateverTheClockSaysOfTheOthers) {
     plant(QStringLiteral("2099-01-%1 00.00.00.000 unsaved Weapon.ini").arg(10 + i), "former");
   }
   plant("note of the user.txt", "not a version");
+  plant("00000099 2099-01-01 00.00.00Z replaced Weapon.ini.korvane-0123456789abcdef.part", "ol");
   EXPECT_EQ(save("new").reason, "");
   const std::vector<KeptVersion> versions = KeptVersions::versionsIn(versions_.folderOf(path_));
   EXPECT_EQ(versions.front().number, 20U);
@@ -104,6 +105,7 @@ TEST_F(KeptVersionsTest, TheNewestVersionStaysWhateverTheClockSaysOfTheOthers) {
   EXPECT_EQ(versions.back().number, 0U);
   EXPECT_EQ(versions.back().time, QDateTime(QDate(2099, 1, 10), QTime(0, 0)).toUTC());
   EXPECT_TRUE(QFile::exists(versions_.folderOf(path_) + "/note of the user.txt"));
+  EXPECT_TRUE(QDir(versions_.folderOf(path_)).entryList({"*.part"}, QDir::Files).isEmpty());
 }
 
 TEST_F(KeptVersionsTest, VersionsTellTheirFileAndTheirCharacters) {

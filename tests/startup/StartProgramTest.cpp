@@ -6,17 +6,28 @@
 #include <QListView>
 #include <QPointer>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTreeView>
+
+#include <csignal>
 
 #include "controls/NoticeBar.h"
 #include "ini/DataFiles.h"
 #include "mainwindow/FrmEdit.h"
+#include "platform/KeptVersions.h"
+#include "platform/UnsavedJournal.h"
+#include "startup/EndSignals.h"
 #include "startup/Program.h"
 #include "stock/StockFiles.h"
 #include "stock/StockTable.h"
 #include "support/TestDesk.h"
 #include "support/Windows.h"
+
+#ifndef _WIN32
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
 
 namespace korvane {
 namespace {
@@ -93,6 +104,41 @@ TEST_F(StartProgramTest, AStoredGameFolderOpensTheEditor) {
   EXPECT_EQ(settings.get("TVPos", "Pos", {}), "1");
   EXPECT_EQ(program->mainWindow().findChild<QLabel*>("Panel1")->text(), "");
 }
+
+TEST_F(StartProgramTest, AFileThatWasCutOffInPlaceIsNamedWithItsFormerVersion) {
+  chooseGame();
+  const QString path = game.qpath() + "\\Data\\INI\\Weapon.ini";
+  const FileWriter writer;
+  const KeptVersions versions(writer);
+  FormerVersion former(versions, path, "Weapon Old\r\nEnd\r\n");
+  ASSERT_EQ(former.keep(ReplaceWay::inPlace), "");
+  UnsavedJournal(versions).note({path, false, "Weapon New\r\nEnd\r\n", former.file()});
+  start();
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_TRUE(messages.shown[0].text.contains(path) && messages.shown[0].text.contains(former.file()));
+}
+
+#ifndef _WIN32
+
+TEST(EndSignals, AreTakenAsEventsOnce) {
+  for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
+    EndSignals endSignals;
+    QSignalSpy asked(&endSignals, &EndSignals::asked);
+    std::raise(signal);
+    ASSERT_TRUE(asked.isEmpty() && asked.wait());
+    EXPECT_EQ(asked[0][0].toInt(), signal);
+    const pid_t child = fork();
+    if (child == 0) {
+      std::raise(signal);
+      _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal);
+  }
+}
+
+#endif
 
 TEST_F(StartProgramTest, WithoutAStoredFolderTheWizardRuns) {
   start();
