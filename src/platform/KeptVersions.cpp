@@ -183,6 +183,10 @@ void KeptVersions::recoverLost() {
     FileLock lock;
     if (lock.take(Native(folder.filePath(name) + kLockEnding))) recover(folder.filePath(name));
   }
+  // Of a program that was killed before it noted anything.
+  for (const QString& name : folder.entryList({'*' + kJournalEnding + kLockEnding}, QDir::Files)) {
+    if (!folder.exists(name.chopped(kLockEnding.size()))) FileLock().take(Native(folder.filePath(name)));
+  }
 }
 
 void KeptVersions::recover(const QString& journal) {

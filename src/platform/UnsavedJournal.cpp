@@ -13,6 +13,7 @@ namespace korvane {
 namespace {
 
 constexpr std::size_t kPiece = std::size_t{1} << 20;  // bytes that are written in one turn of the event loop
+constexpr std::chrono::milliseconds kPatience(100);  // with a program that starts and looks what is left over
 constexpr WholeFile::Options kDraft{.access = DiskFile::Access::userOnly, .sync = false};
 
 }  // namespace
@@ -29,7 +30,7 @@ QString UnsavedJournal::begin() {
   const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces) + kJournalEnding;
   if (!QDir().mkpath(folder)) return QStringLiteral("The folder %1 cannot be made").arg(folder);
   file_ = NativePath((folder + '/' + name).toStdString());
-  const bool held = lock_.take(NativePath((folder + '/' + name + kLockEnding).toStdString()));
+  const bool held = lock_.take(NativePath((folder + '/' + name + kLockEnding).toStdString()), kPatience);
   return held ? QString() : QStringLiteral("The folder %1 cannot be written").arg(folder);
 }
 

@@ -34,6 +34,15 @@ bool IsKept(const GameFolder& folder, const KeptVersions& versions, const std::s
   });
 }
 
+// Without a start of the program.
+bool LiesBelowVersions(const GameFolder& folder, const std::string& text) {
+  const auto files = std::filesystem::recursive_directory_iterator(folder.native(kFile + ".versions"));
+  return std::any_of(begin(files), end(files), [&](const std::filesystem::directory_entry& file) {
+    return VersionOfName(QString::fromStdString(file.path().filename().string())) &&
+           folder.read(file.path().lexically_relative(folder.native("")).string()) == text;
+  });
+}
+
 // As the next start of the program finds it.
 bool IsKept(const GameFolder& folder, const std::string& text) {
   const FileWriter writer;
@@ -52,14 +61,18 @@ SweptStep Saving(const std::string& size) {
   step.name = "save " + size + " bytes";
   step.command = {KORVANE_ONE_STEP, "save", "@/" + kFile, size};
   step.prepare = [](const GameFolder& folder) { folder.write(kFile, kOld); };
-  step.loss = [size](const GameFolder& folder) {
-    const std::string now = folder.read(kFile);
-    const bool whole = now == Saved(size) || now == kOld;
-    return whole || IsNamed(folder) ? std::string() : "the file has " + std::to_string(now.size()) + " bytes";
+  const auto isWhole = [size](const GameFolder& folder) {
+    return folder.read(kFile) == Saved(size) || folder.read(kFile) == kOld;
   };
-  step.lossUnlessTold = [](const GameFolder& folder) {
-    const bool there = folder.read(kFile) == kOld || IsKept(folder, kOld);
-    return there ? std::string() : "the former version is gone";
+  const auto isKept = [](const GameFolder& folder) {
+    return folder.read(kFile) == kOld || LiesBelowVersions(folder, kOld);
+  };
+  step.loss = [=](const GameFolder& folder) {
+    return isWhole(folder) || isKept(folder) ? "" : "the file is cut off, and its former version is gone";
+  };
+  step.lossUnlessTold = [=](const GameFolder& folder) {
+    if (!isWhole(folder)) return IsNamed(folder) ? "" : "the file is cut off";
+    return isKept(folder) ? "" : "the former version is gone";
   };
   step.isDone = [size](const GameFolder& folder) { return folder.read(kFile) == Saved(size); };
   step.again = step.command;

@@ -229,6 +229,14 @@ TEST_F(KeptVersionsTest, EveryJournalThatACrashLeftBecomesAVersion) {
   }
 }
 
+TEST_F(KeptVersionsTest, LocksOfKilledProgramsGoAtTheNextStart) {
+  UnsavedJournal running(versions_);
+  EXPECT_EQ(running.note({path_, false, "typed"}), "");
+  std::ofstream(folder_.filePath("open/a.journal.lock").toStdString()) << "";
+  const KeptVersions next(writer_, folder_.path());
+  EXPECT_EQ(QDir(folder_.filePath("open")).entryList({"*.lock"}, QDir::Files).size(), 1);
+}
+
 TEST_F(KeptVersionsTest, AJournalStaysUntilItsTextIsKept) {
   const QString journal = folder_.filePath("open/a.journal");
   ASSERT_TRUE(QDir().mkpath(folder_.filePath("open")));
