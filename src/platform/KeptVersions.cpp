@@ -195,7 +195,8 @@ void KeptVersions::recover(const QString& journal) {
   const std::optional<ReadJournal> lost = TextOfJournal(file.bytes());
   if (!lost) return;
   const bool saved = !lost->former.isEmpty() && Holds(lost->path, lost->text.bytes);
-  KeptVersion version{.time = QFileInfo(journal).lastModified().toUTC(),
+  const QDateTime noted = QFileInfo(journal).lastModified().toUTC();
+  KeptVersion version{.time = noted.isValid() ? noted : QDateTime::currentDateTimeUtc(),
                       .kind = KeptVersion::Kind::lostInCrash,
                       .part = lost->part,
                       .utf8 = lost->text.utf8};
