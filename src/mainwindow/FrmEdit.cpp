@@ -54,6 +54,7 @@ FrmEdit::FrmEdit(const Services& services, EditorLauncher& launcher)
       notices_(new NoticeBar),
       objectNotices_(*notices_, launcher, services),
       lineEnds_(*this, *notices_, launcher, services, [this] { startAgain(); }),
+      typed_(fields_, *notices_),
       launch_(*this, SParse1_, services, launcher, [this] { return display_->selectedObject(); }) {
   setObjectName("FrmEdit");
   setWindowTitle(ApplicationTitle());
@@ -61,8 +62,8 @@ FrmEdit::FrmEdit(const Services& services, EditorLauncher& launcher)
   statusBar()->setObjectName("StatusBar");
   buildTree();
   buildLayout();
-  display_ =
-      new ObjectDisplay(*this, *TVMenu_, objects_, fields_, panels_, objectNotices_, SParse1_, services_);
+  display_ = new ObjectDisplay(*this, *TVMenu_, objects_, fields_, panels_, objectNotices_, typed_, SParse1_,
+                               services_);
   buildCommands();
   connectButtons();
   load();

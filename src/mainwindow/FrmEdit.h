@@ -21,6 +21,7 @@
 #include "mainwindow/ObjectNotices.h"
 #include "mainwindow/ObjectTreeModel.h"
 #include "mainwindow/StatusPanels.h"
+#include "mainwindow/TypedMarks.h"
 #include "mainwindow/UnitFields.h"
 
 class QToolBar;
@@ -59,6 +60,9 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   // Ends the program at once.
   void CloseSoft();
 
+  // The fields that were typed into, and what the notice bar's link to edit them in their file does.
+  TypedMarks& typed() { return typed_; }
+
   QStringList weaponNames() const override;
   bool armourChosen() const override;
   QString armourText() const;
@@ -92,6 +96,7 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   NoticeBar* notices_;
   ObjectNotices objectNotices_;
   LineEndNotices lineEnds_;
+  TypedMarks typed_;
   ObjectDisplay* display_ = nullptr;
   LaunchCommands launch_;
   Commands commands_{*this};

@@ -20,6 +20,7 @@
 #include "mainwindow/ObjectNotices.h"
 #include "mainwindow/ObjectTreeModel.h"
 #include "mainwindow/StatusPanels.h"
+#include "mainwindow/TypedMarks.h"
 #include "mainwindow/UnitFields.h"
 #include "platform/EventYield.h"
 #include "platform/TextEncoding.h"
@@ -84,8 +85,8 @@ class FieldSink : public LocomotorFields {
 }  // namespace
 
 ObjectDisplay::ObjectDisplay(QWidget& window, QTreeView& tree, const ObjectTreeModel& model,
-                             UnitFields& fields, StatusPanels& panels, ObjectNotices& notices, SParse& parser,
-                             const Services& services)
+                             UnitFields& fields, StatusPanels& panels, ObjectNotices& notices,
+                             TypedMarks& typed, SParse& parser, const Services& services)
     : QObject(&window),
       window_(window),
       tree_(tree),
@@ -93,6 +94,7 @@ ObjectDisplay::ObjectDisplay(QWidget& window, QTreeView& tree, const ObjectTreeM
       fields_(fields),
       panels_(panels),
       notices_(notices),
+      typed_(typed),
       parser_(parser),
       services_(services),
       information_(fields,
@@ -190,18 +192,29 @@ void ObjectDisplay::showNode(const ObjectNode& node) {
   if (!fileIsThere) {
     panels_.show(StatusPanels::file, QString::fromStdString(node.tag) + "  (Error: File does not exist)");
     services_.yield.fullTurn();
-  } else if (isObject) {
-    showObject(node, busy);
   }
-  ShowText(*fields_.CboArmour, armour_);
+  const bool shown = isObject && fileIsThere;
+  {
+    const TypedMarks::Reading reading = shown ? typed_.readsAll() : typed_.readsArmour();
+    if (shown) showObject(node, busy);
+    ShowText(*fields_.CboArmour, armour_);
+  }
+  tellWhoseValues(node, shown);
   if (fileIsThere) information_.UpdateLV();
-  if (isObject && fileIsThere) {
+  if (shown) {
     notices_.tellAbout(node);
   } else {
     notices_.clear();
   }
   DisplayReady_ = true;
   services_.yield.fullTurn();
+}
+
+// The fields keep what they show until the next object is shown.
+void ObjectDisplay::tellWhoseValues(const ObjectNode& node, bool shown) {
+  if (shown) valuesOf_ = ObjectTreeModel::shownText(node);
+  fields_.F_Tab->setToolTip(shown || valuesOf_.isEmpty() ? QString()
+                                                         : "These are the values of " + valuesOf_);
 }
 
 void ObjectDisplay::selectInfoTab() {
@@ -293,7 +306,10 @@ void ObjectDisplay::conditionChosen(int index) {
     information_.UpdateLV();
     return;
   }
-  showWeaponsOf(index);
+  {
+    const TypedMarks::Reading reading = typed_.readsWeapons();
+    showWeaponsOf(index);
+  }
   Select(*fields_.CondCombo, index);
   information_.UpdateLV();
 }
@@ -321,6 +337,7 @@ void ObjectDisplay::chooseLocomotorTab(int tab) {
 void ObjectDisplay::readLocomotorTab(int tab) {
   const ParserTurn turn(parser_);
   if (turn) {
+    const TypedMarks::Reading reading = typed_.readsHandling();
     showLocomotorOf(tab);
   } else {
     fields_.LocoTab->setCurrentIndex(shownTab_);

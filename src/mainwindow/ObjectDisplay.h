@@ -20,6 +20,7 @@ class FrmColData;
 class ObjectNotices;
 class ObjectTreeModel;
 class StatusPanels;
+class TypedMarks;
 class UnitFields;
 struct ObjectNode;
 
@@ -30,7 +31,8 @@ class ObjectDisplay : public QObject {
 
  public:
   ObjectDisplay(QWidget& window, QTreeView& tree, const ObjectTreeModel& model, UnitFields& fields,
-                StatusPanels& panels, ObjectNotices& notices, SParse& parser, const Services& services);
+                StatusPanels& panels, ObjectNotices& notices, TypedMarks& typed, SParse& parser,
+                const Services& services);
 
   // Shows the node; ignored while something else reads. Keys that come in meanwhile move the tree afterwards,
   // and where they stop is shown too.
@@ -52,6 +54,7 @@ class ObjectDisplay : public QObject {
   // False when something else reads.
   bool selectNow(const QModelIndex& index);
   void showNode(const ObjectNode& node);
+  void tellWhoseValues(const ObjectNode& node, bool shown);
   void reportNode(const ObjectNode& node);
   std::string objectPath(const ObjectNode& node) const;
 
@@ -74,6 +77,7 @@ class ObjectDisplay : public QObject {
   UnitFields& fields_;
   StatusPanels& panels_;
   ObjectNotices& notices_;
+  TypedMarks& typed_;
   SParse& parser_;
   const Services& services_;
   InformationList information_;
@@ -84,6 +88,7 @@ class ObjectDisplay : public QObject {
   QPersistentModelIndex shownNode_;
   int shownTab_ = -1;
   QString armour_;
+  QString valuesOf_;  // the name of the object that was shown last
 };
 
 // An empty text for the values of a weapon set that name no weapon, else the text.

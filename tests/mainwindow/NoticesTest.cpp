@@ -59,5 +59,54 @@ TEST_F(NoticesTest, WhatIsNotThereOrEndsElsewhereIsTold) {
   EXPECT_EQ(notices(), QStringList());
 }
 
+TEST_F(NoticesTest, WhatIsTypedIsMarkedUntilItIsReadAnew) {
+  open();
+  click("Jeep");
+  auto& cost = get<QLineEdit>("TxtCost");
+  auto& speed = get<QLineEdit>("HS_TextBox1");
+  const auto marked = [](const QLineEdit& field) {
+    EXPECT_EQ(field.font().italic(), field.toolTip() == "Not saved: typed here only");
+    return field.font().italic();
+  };
+  cost.setFocus();
+  QTest::keyClicks(&cost, "0");
+  EXPECT_TRUE(marked(cost));
+  EXPECT_FALSE(marked(speed));
+  EXPECT_EQ(notices(), QStringList("What is typed here is not saved."));
+  QTest::keyClick(&cost, Qt::Key_Backspace);
+  EXPECT_FALSE(marked(cost));
+  EXPECT_TRUE(notices().isEmpty());
+
+  press("HS_ClearBtn1");
+  choose("PWeapon", 1);
+  EXPECT_TRUE(marked(speed));
+  EXPECT_TRUE(marked(*get<QComboBox>("PWeapon").lineEdit()));
+  EXPECT_EQ(window->typed().typed().size(), 2U);
+  choose("Conditions", 1);
+  EXPECT_FALSE(marked(*get<QComboBox>("PWeapon").lineEdit()));
+  choose("CboLoco", 1);
+  EXPECT_TRUE(notices().isEmpty());
+
+  int edits = 0;
+  window->typed().setEditInFile([&] { ++edits; });
+  QTest::keyClicks(&cost, "7");
+  followNotice(0, "Edit in file");
+  EXPECT_EQ(edits, 1);
+  click("Jeep");
+  EXPECT_FALSE(marked(cost));
+  EXPECT_TRUE(notices().isEmpty());
+}
+
+TEST_F(NoticesTest, TheDisabledTabBoxSaysWhoseValuesItShows) {
+  open();
+  click("Other");
+  EXPECT_EQ(get<QTabWidget>("F_Tab").toolTip(), "");
+  click("Jeep");
+  click("Other");
+  EXPECT_EQ(get<QTabWidget>("F_Tab").toolTip(), "These are the values of Jeep");
+  click("Hut");
+  EXPECT_EQ(get<QTabWidget>("F_Tab").toolTip(), "");
+}
+
 }  // namespace
 }  // namespace korvane
