@@ -24,6 +24,7 @@ constexpr QAbstractItemView::EditTriggers kEditing =
 }  // namespace
 
 InPlaceTable::InPlaceTable(QWidget* parent) : QTableView(parent) {
+  connect(&model_, &InPlaceTableModel::typedChanged, this, &InPlaceTable::typedChanged);
   setModel(&model_);
   setItemDelegate(new InPlaceTableDelegate(model_, this));
   setEditTriggers(NoEditTriggers);

@@ -46,8 +46,15 @@ class InPlaceTable : public QTableView, public TableSink {
   const InPlaceTableModel::Row& row(int number) const {
     return model_.rows().at(static_cast<std::size_t>(number));
   }
+  // Some value is not what the last fill put there, or the user inserted a row.
+  bool hasTyped() const { return model_.hasTyped(); }
+
   // The caption of the selected row, or nothing.
   std::optional<QString> selectedCaption() const;
+
+ Q_SIGNALS:
+  // hasTyped may give something else now.
+  void typedChanged();
 
  protected:
   bool edit(const QModelIndex& cell, EditTrigger trigger, QEvent* event) override;

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/InPlaceTableModel.h"
 
+#include <QFont>
+
+#include <algorithm>
 #include <utility>
 
 #include "platform/TextEncoding.h"
@@ -10,6 +13,13 @@ namespace korvane {
 namespace {
 
 const QString kSeparator = FromBytes(kSeparatorCaption);
+const QString kTypedOnly = QStringLiteral("Not saved: typed here only");
+
+QFont Italic() {
+  QFont font;
+  font.setItalic(true);
+  return font;
+}
 
 }  // namespace
 
@@ -34,6 +44,8 @@ void InPlaceTableModel::addRow(const QString& caption) {
   beginInsertRows({}, row, row);
   shown_.push_back({.caption = caption});
   endInsertRows();
+  inserted_ = true;
+  Q_EMIT typedChanged();
 }
 
 void InPlaceTableModel::setValue(const QString& text, EditKind kind) {
@@ -61,7 +73,9 @@ void InPlaceTableModel::show() {
   beginResetModel();
   std::swap(shown_, next_);
   collecting_ = false;
+  inserted_ = false;
   endResetModel();
+  Q_EMIT typedChanged();
 }
 
 void InPlaceTableModel::newestChanged() {
@@ -87,16 +101,27 @@ int InPlaceTableModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant InPlaceTableModel::data(const QModelIndex& cell, int role) const {
-  if (!cell.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole)) return {};
+  if (!cell.isValid()) return {};
   const Row& row = shownRow(cell.row());
+  if (cell.column() == kValue && row.read && role == Qt::FontRole) return Italic();
+  if (cell.column() == kValue && row.read && role == Qt::ToolTipRole) return kTypedOnly;
+  if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
   return cell.column() == kCaption ? row.caption : row.value;
 }
 
 bool InPlaceTableModel::setData(const QModelIndex& cell, const QVariant& text, int role) {
   if (role != Qt::EditRole || !cell.isValid() || !isEditable(cell)) return false;
-  shown_[static_cast<std::size_t>(cell.row())].value = text.toString();
+  Row& row = shown_[static_cast<std::size_t>(cell.row())];
+  const QString before = row.read.value_or(row.value);
+  row.value = text.toString();
+  row.read = row.value == before ? std::nullopt : std::optional(before);
   Q_EMIT dataChanged(cell, cell);
+  Q_EMIT typedChanged();
   return true;
+}
+
+bool InPlaceTableModel::hasTyped() const {
+  return inserted_ || std::ranges::any_of(shown_, [](const Row& row) { return row.read.has_value(); });
 }
 
 QVariant InPlaceTableModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -4,6 +4,7 @@
 #include <QAbstractTableModel>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 #include "ini/TableSink.h"
@@ -21,7 +22,8 @@ class InPlaceTableModel : public QAbstractTableModel {
     QString value{};
     EditKind kind = EditKind::none;
     ChoiceList choices{};
-    bool redAndBold = false;  // the caption
+    bool redAndBold = false;        // the caption
+    std::optional<QString> read{};  // the value before the user typed another one
   };
 
   static constexpr int kCaption = 0;
@@ -42,6 +44,8 @@ class InPlaceTableModel : public QAbstractTableModel {
   // The rows being collected, or else those that are seen.
   const std::vector<Row>& rows() const { return collecting_ ? next_ : shown_; }
   const Row& shownRow(int row) const { return shown_[static_cast<std::size_t>(row)]; }
+  // Some value is not what was read, or the user inserted a row.
+  bool hasTyped() const;
   // A row that stands for a line.
   bool isSeparator(int row) const;
   // A cell whose text the user can change.
@@ -54,6 +58,10 @@ class InPlaceTableModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
   Qt::ItemFlags flags(const QModelIndex& cell) const override;
 
+ Q_SIGNALS:
+  // hasTyped may give something else now.
+  void typedChanged();
+
  private:
   std::vector<Row>& rows() { return collecting_ ? next_ : shown_; }
   void newestChanged();
@@ -62,6 +70,7 @@ class InPlaceTableModel : public QAbstractTableModel {
   std::vector<Row> shown_;
   std::vector<Row> next_;
   bool collecting_ = false;
+  bool inserted_ = false;  // a row that was shown after the fill
 };
 
 }  // namespace korvane

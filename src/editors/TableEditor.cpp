@@ -31,7 +31,7 @@ constexpr int kWidth = 860;  // at least, or the list would be narrow
 constexpr int kHeight = 480;
 
 // The parts of the notice bar.
-enum Notices { soughtNotices, entryNotices };
+enum Notices { soughtNotices, entryNotices, typedNotices };
 
 bool BeginsWithWord(const QString& text, const QString& word) {
   if (word.isEmpty() || !text.startsWith(word, Qt::CaseInsensitive)) return false;
@@ -59,6 +59,7 @@ TableEditor::TableEditor(const TableEditorEntry& entry, const TableEditorContext
   makeMenus();
   pane_->list().setModel(&names_);
   connect(&pane_->list(), &QListView::clicked, this, &TableEditor::showEntry);
+  connect(&table(), &InPlaceTable::typedChanged, this, &TableEditor::tellTyped);
   setCentralWidget(NoticeBar::below(pane_, notices_));
   makeColumns();
   pane_->list().setFocus();
@@ -216,6 +217,11 @@ void TableEditor::showEntry(const QModelIndex& entry) {
   table().setAllCaptionsRedAndBold();
   table().finish();
   tellAboutEntry(name, text);
+}
+
+void TableEditor::tellTyped() {
+  if (!table().hasTyped()) return notices_->clear(typedNotices);
+  notices_->tell(typedNotices, {Notice("What is typed here is not saved.")});
 }
 
 void TableEditor::tellAboutEntry(const QString& name, const std::string& text) {

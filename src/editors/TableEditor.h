@@ -88,6 +88,7 @@ class TableEditor : public QMainWindow, public NameSource {
   std::optional<QString> selectedName() const;
   void showNamed(const QString& name);
   void showEntry(const QModelIndex& entry);
+  void tellTyped();
   void tellAboutEntry(const QString& name, const std::string& text);
   void editInManualEditor();
   std::optional<std::string> readBlock(const QString& name);

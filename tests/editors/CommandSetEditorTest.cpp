@@ -90,5 +90,27 @@ TEST_F(CommandSetEditorTest, WhatTheTableDoesNotShowIsToldWithItsPlace) {
   EXPECT_EQ(launcher.requests[0].place.line, 3);
 }
 
+TEST_F(CommandSetEditorTest, ATypedValueIsMarkedUntilTheTableIsFilledAnew) {
+  const auto editor = open<FrmCmdSet>();
+  click(*editor, 0);
+  QAbstractItemModel& model = *table(*editor).model();
+  const QModelIndex value = model.index(0, 1);
+  const auto marked = [&] {
+    EXPECT_EQ(value.data(Qt::ToolTipRole).isValid(), value.data(Qt::FontRole).isValid());
+    EXPECT_EQ(editor->findChild<NoticeBar*>()->sentences().contains("What is typed here is not saved."),
+              value.data(Qt::FontRole).isValid());
+    return value.data(Qt::FontRole).isValid();
+  };
+  EXPECT_FALSE(marked());
+  model.setData(value, "One");
+  EXPECT_TRUE(marked());
+  model.setData(value, "StopButton");
+  EXPECT_FALSE(marked());
+  model.setData(value, "One");
+  click(*editor, 0);
+  EXPECT_FALSE(table(*editor).hasTyped());
+  EXPECT_TRUE(editor->findChild<NoticeBar*>()->isHidden());
+}
+
 }  // namespace
 }  // namespace korvane
