@@ -42,6 +42,7 @@ class DefinedNames {
   explicit DefinedNames(const Catalogue& catalogue, const CatalogueFile* instead = nullptr);
 
   bool hasAny(SpaceId space) const { return !spaces_[space].empty(); }
+  std::size_t count(SpaceId space) const { return spaces_[space].size(); }
   // Empty when there are none.
   const Definitions& definitions(SpaceId space, std::string_view name) const;
   // The spelling of a definition, exactly the one asked for where there is such a definition; or nothing.

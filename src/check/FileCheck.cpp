@@ -14,6 +14,7 @@ namespace korvane {
 namespace {
 
 constexpr std::size_t kLongestShown = 120;
+constexpr std::size_t kMostNamesCompared = 1'000'000;
 
 bool StandsInFirstColumn(const BlockHeader& block, std::string_view text) {
   const std::size_t behind = block.lineOffset + block.keyword.text.size();
@@ -108,6 +109,16 @@ const GivenKey* FileCheck::findGiven(const KeyLine& key) const {
 std::uint32_t FileCheck::noteTag(std::string_view tag, std::uint32_t line) {
   const auto [noted, isNew] = tags_.try_emplace(ToLowerAscii(tag), line);
   return isNew ? 0 : noted->second;
+}
+
+std::string_view FileCheck::nearestName(SpaceId space, std::string_view name) {
+  if (space == missingSpace_ && name == missingName_) return nearestName_;
+  missingSpace_ = space;
+  missingName_ = name;
+  namesCompared_ += context_.names.count(space);
+  nearestName_ =
+      namesCompared_ <= kMostNamesCompared ? context_.names.nearest(space, name) : std::string_view();
+  return nearestName_;
 }
 
 const std::vector<std::string_view>& FileCheck::commonWords(BlockTypeId type) {

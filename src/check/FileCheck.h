@@ -82,6 +82,9 @@ class FileCheck : public StructureSink {
   const EndedBlock& lacksEnd() const { return lacksEnd_; }
   const EndedBlock& endsTooSoon() const { return endsTooSoon_; }
 
+  // The name that was most likely meant, or an empty text. A file in which very many names are missing lacks
+  // data rather than letters: from some point on it gets no more suggestions, so that time stays bounded.
+  std::string_view nearestName(SpaceId space, std::string_view name);
   // The keys and blocks that are common in blocks of this type, in the order of the tables.
   const std::vector<std::string_view>& commonWords(BlockTypeId type);
 
@@ -116,6 +119,10 @@ class FileCheck : public StructureSink {
   const GivenKey* before_ = nullptr;
   std::unordered_map<std::string, std::uint32_t> tags_;  // in small letters, with their lines
   std::unordered_map<BlockTypeId, std::vector<std::string_view>> commonWords_;
+  std::string missingName_;  // for which was asked last
+  SpaceId missingSpace_ = kNoSpace;
+  std::string_view nearestName_;
+  std::size_t namesCompared_ = 0;
   EndedBlock lacksEnd_;
   EndedBlock endsTooSoon_;
   EndedBlock lastInner_;  // the inner block that ended last, nothing else having begun since

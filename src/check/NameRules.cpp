@@ -57,7 +57,7 @@ const DefinedNames::Definition* DefinedBefore(const FileCheck& check) {
 
 void CheckNameIsDefined(FileCheck& check, const NameUse& use) {
   if (use.spelling) return;
-  const std::string_view nearest = check.context().names.nearest(use.space, use.word.text);
+  const std::string_view nearest = check.nearestName(use.space, use.word.text);
   Finding& finding = check.report(
       RuleId::missingName, use.line, use.word,
       Shown(use.key) + ": no " + KindName(use.space) + " " + Quoted(use.word.text) + " is defined");
