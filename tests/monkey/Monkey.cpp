@@ -76,6 +76,13 @@ class Monkey::Boxes : public MessageBoxes {
     return monkey_.chance_.oneIn(2);
   }
 
+  int ask(const Question& question, QWidget* owner) override {
+    const int last = static_cast<int>(question.answers.size()) - 1;
+    if (monkey_.over_) return last;
+    if (monkey_.chance_.oneIn(3)) return real_.ask(question, owner);
+    return monkey_.chance_.below(last + 1);
+  }
+
  private:
   Monkey& monkey_;
   DesktopMessageBoxes real_;
@@ -99,6 +106,7 @@ class Monkey::Yield : public EventYield {
 class Monkey::End : public ProcessEnd {
  public:
   explicit End(Monkey& monkey) : monkey_(monkey) {}
+  bool startAnew() override { return false; }
   void end() override { monkey_.endRound(); }
 
  private:
