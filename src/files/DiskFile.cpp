@@ -88,8 +88,8 @@ std::error_code DiskFile::close() {
   return ErrorUnless(handle < 0 || ::close(handle) == 0);
 }
 
-bool DiskFile::lock() {
-  return ::flock(handle_, LOCK_EX | LOCK_NB) == 0;
+std::error_code DiskFile::lock() {
+  return ErrorUnless(::flock(handle_, LOCK_EX | LOCK_NB) == 0);
 }
 
 bool DiskFile::isAt(const fs::path& path) const {

@@ -36,9 +36,10 @@ class DiskFile {
   std::error_code sync();
   std::error_code close();
 
-  // Holds the file until it is closed or the program ends, however it ends. False when somebody else holds it
-  // or the file system knows no locks.
-  bool lock();
+  // Holds the file until it is closed or the program ends, however it ends. The error is
+  // resource_unavailable_try_again when somebody else holds it, another one where the file system knows no
+  // locks.
+  std::error_code lock();
   // Whether the path still names this file.
   bool isAt(const std::filesystem::path& path) const;
 

@@ -80,8 +80,8 @@ std::error_code DiskFile::close() {
   return ErrorUnless(handle < 0 || ::_close(handle) == 0);
 }
 
-bool DiskFile::lock() {
-  return handle_ >= 0;
+std::error_code DiskFile::lock() {
+  return ErrorUnless(handle_ >= 0);
 }
 
 bool DiskFile::isAt(const fs::path&) const {

@@ -8,7 +8,6 @@ namespace korvane {
 namespace {
 
 constexpr std::chrono::microseconds kPause(500);
-
 // Windows lets nobody open a file that somebody holds.
 bool IsInUse(const std::error_code& error) {
 #ifdef _WIN32
@@ -22,21 +21,24 @@ bool IsInUse(const std::error_code& error) {
 }  // namespace
 
 // A holder that goes takes the file along: who waited for that file then holds one that has no name any more.
-std::error_code FileLock::tryOnce() {
+void FileLock::tryOnce() {
   std::error_code error = file_.openOrCreate(path_);
-  held_ = !error && file_.lock() && file_.isAt(path_);
+  taken_ = IsInUse(error);
+  if (error) return;
+  error = file_.lock();
+  held_ = !error && file_.isAt(path_);
+  taken_ = !held_ && (!error || error == std::errc::resource_unavailable_try_again);
   if (!held_) static_cast<void>(file_.close());
-  return error;
 }
 
 bool FileLock::take(const std::filesystem::path& file, std::chrono::milliseconds patience) {
   release();
   path_ = file;
   const auto end = std::chrono::steady_clock::now() + patience;
-  std::error_code error = tryOnce();
-  while (!held_ && (!error || IsInUse(error)) && std::chrono::steady_clock::now() < end) {
+  tryOnce();
+  while (taken_ && std::chrono::steady_clock::now() < end) {
     std::this_thread::sleep_for(kPause);
-    error = tryOnce();
+    tryOnce();
   }
   return held_;
 }

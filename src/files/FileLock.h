@@ -22,14 +22,17 @@ class FileLock {
   // Waits for it that long at most. False when somebody else has it or the file cannot be made or held.
   bool take(const std::filesystem::path& file, std::chrono::milliseconds patience = {});
   bool isHeld() const { return held_; }
+  // Whether the last take() came to nothing because somebody else has it.
+  bool isTaken() const { return taken_; }
   void release();
 
  private:
-  std::error_code tryOnce();
+  void tryOnce();
 
   std::filesystem::path path_;
   DiskFile file_;
   bool held_ = false;
+  bool taken_ = false;
 };
 
 }  // namespace korvane

@@ -56,7 +56,7 @@ bool IsNameBeside(const std::string& name, const std::string& of) {
 
 void RemoveUnlessHeld(const fs::path& path) {
   DiskFile file;
-  if (file.open(path) || !file.lock() || !file.isAt(path)) return;
+  if (file.open(path) || file.lock() || !file.isAt(path)) return;
 #ifdef _WIN32
   static_cast<void>(file.close());  // an open file cannot be removed
 #endif

@@ -61,8 +61,9 @@ QString SettingsFile::replaceWith(const SettingsEdits& edits) {
   fs::path lockPath = path_;
   FileLock lock;
   // Who kept the lock for so long once, such as a program that was stopped, is not waited for again.
-  lockable_ = lock.take(lockPath += ".lock", lockable_ ? kPatience : std::chrono::milliseconds());
-  if (!lockable_) return QStringLiteral("it cannot be locked");
+  lock.take(lockPath += ".lock", lockable_ ? kPatience : std::chrono::milliseconds());
+  lockable_ = !lock.isTaken();
+  if (!lockable_) return QStringLiteral("another program keeps them locked");
   SettingsText text;
   trouble_ = read(text);
   if (!trouble_.isEmpty()) return trouble_;

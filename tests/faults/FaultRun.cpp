@@ -2,29 +2,32 @@
 #include "faults/FaultRun.h"
 
 #include <array>
+#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 namespace korvane {
 
 namespace {
 
-void SetUp(const FaultRun& run) {
+std::vector<std::pair<std::string, std::string>> VariablesOf(const FaultRun& run) {
   std::string rules;
   for (const Fault& fault : run.faults) rules += (rules.empty() ? "" : ";") + TextOf(fault);
-  setenv("LD_PRELOAD", KORVANE_FAULTY_CALLS, 1);
-  setenv("FAULTS_BELOW", run.below.c_str(), 1);
-  setenv("FAULTS", rules.c_str(), 1);
-  if (run.freeBytes >= 0) setenv("FAULTS_FREE", std::to_string(run.freeBytes).c_str(), 1);
-  if (!run.trace.empty()) setenv("FAULTS_TRACE", run.trace.c_str(), 1);
+  return {{"FAULTS_BELOW", run.below.string()},
+          {"FAULTS", rules},
+          {"FAULTS_FREE", run.freeBytes >= 0 ? std::to_string(run.freeBytes) : ""},
+          {"FAULTS_TRACE", run.trace.string()}};
 }
 
-[[noreturn]] void Become(const FaultRun& run, int output) {
+[[noreturn]] void Become(const FaultRun& run, int input, int output) {
+  dup2(input, STDIN_FILENO);
   dup2(output, STDOUT_FILENO);
   dup2(output, STDERR_FILENO);
-  SetUp(run);
+  setenv("LD_PRELOAD", KORVANE_FAULTY_CALLS, 1);
+  for (const auto& [name, value] : VariablesOf(run)) setenv(name.c_str(), value.c_str(), 1);
   std::vector<char*> arguments;
   for (const std::string& argument : run.command) arguments.push_back(const_cast<char*>(argument.c_str()));
   arguments.push_back(nullptr);
@@ -41,6 +44,56 @@ std::string ReadAll(int file) {
   return text;
 }
 
+RunResult ResultOf(int status, const std::string& text) {
+  return {WIFSIGNALED(status), WIFEXITED(status) ? WEXITSTATUS(status) : -1, text, false};
+}
+
+// Starts the program of single steps once, for all of them.
+class StepServer {
+ public:
+  StepServer() {
+    std::array<int, 2> orders{};
+    std::array<int, 2> answers{};
+    if (pipe(orders.data()) != 0 || pipe(answers.data()) != 0) std::abort();
+    if (fork() == 0) {
+      close(orders[1]);
+      close(answers[0]);
+      Become({{KORVANE_ONE_STEP}, {}}, orders[0], answers[1]);
+    }
+    close(orders[0]);
+    close(answers[1]);
+    orders_ = fdopen(orders[1], "w");
+    answers_ = fdopen(answers[0], "r");
+  }
+
+  RunResult run(const FaultRun& run) {
+    for (const auto& [name, value] : VariablesOf(run))
+      std::fprintf(orders_, "%s=%s\n", name.c_str(), value.c_str());
+    for (std::size_t i = 1; i < run.command.size(); ++i)
+      std::fprintf(orders_, "%s\n", run.command[i].c_str());
+    std::fprintf(orders_, "\n");
+    std::fflush(orders_);
+    const std::string text = readTo('\0');
+    return ResultOf(std::atoi(readTo('\n').c_str()), text);
+  }
+
+ private:
+  std::string readTo(char end) {
+    std::string text;
+    for (int c; (c = std::fgetc(answers_)) != EOF && c != end;) text += static_cast<char>(c);
+    return text;
+  }
+
+  std::FILE* orders_;
+  std::FILE* answers_;
+};
+
+// It ends when this process does, and with it the end of its orders.
+StepServer& Server() {
+  static StepServer server;
+  return server;
+}
+
 }  // namespace
 
 std::string TextOf(const Fault& fault) {
@@ -48,19 +101,17 @@ std::string TextOf(const Fault& fault) {
 }
 
 RunResult RunWithFaults(const FaultRun& run) {
+  if (run.command[0] == KORVANE_ONE_STEP) return Server().run(run);
   std::array<int, 2> ends{};
   if (pipe(ends.data()) != 0) return {};
   const pid_t child = fork();
-  if (child == 0) Become(run, ends[1]);
+  if (child == 0) Become(run, STDIN_FILENO, ends[1]);
   close(ends[1]);
-  RunResult result;
-  result.text = ReadAll(ends[0]);
+  const std::string text = ReadAll(ends[0]);
   close(ends[0]);
   int status = 0;
   waitpid(child, &status, 0);
-  result.killed = WIFSIGNALED(status);
-  if (WIFEXITED(status)) result.exitCode = WEXITSTATUS(status);
-  return result;
+  return ResultOf(status, text);
 }
 
 std::vector<std::string> CallsOf(FaultRun run) {

@@ -28,7 +28,8 @@ struct FaultRun {
 struct RunResult {
   bool killed = false;
   int exitCode = -1;
-  std::string text;  // what it wrote to its output and its errors
+  std::string text{};     // what it wrote to its output and its errors
+  bool diskGone = false;  // nothing worked from some call on, undoing included
 };
 RunResult RunWithFaults(const FaultRun& run);
 

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <iostream>
 #include <map>
+#include <set>
 
 namespace korvane {
 
@@ -22,14 +23,21 @@ const std::map<std::string, int> kLasting = {
     {"write", ENOSPC}, {"create", ENOSPC}, {"mkdir", ENOSPC},  {"link", EPERM},    {"lock", ENOLCK},
     {"chown", EPERM},  {"open", EACCES},   {"rename", EACCES}, {"xattr", ENOTSUP}, {"unlink", EACCES}};
 
+bool OnlyLooks(const std::string& kind) {
+  const std::set<std::string> kinds = {"stat", "open", "read", "getxattr", "access"};
+  return kinds.contains(kind);
+}
+
+// A death before a call that only looks is the same as one before the next call that changes something.
 std::vector<Fault> FaultsAt(long call, const std::string& kind, long ofKind) {
   const auto lasting = kLasting.find(kind);
   std::vector<Fault> faults = {{"any", call, "once", EIO},
-                               {"any", call, "on", EIO},
-                               {"any", call, "kill"},
-                               {"any", call, "power"},
                                {kind, ofKind, "on", lasting == kLasting.end() ? EIO : lasting->second}};
-  if (kind == "write" || kind == "read") faults.push_back({"any", call, "short"});
+  if (kind == "read" || kind == "write") faults.push_back({"any", call, "short"});
+  if (OnlyLooks(kind)) return faults;
+  faults.push_back({"any", call, "on", EIO});
+  faults.push_back({"any", call, "kill"});
+  faults.push_back({"any", call, "power"});
   if (kind == "write") faults.push_back({"any", call, "full", ENOSPC});
   if (kind == "write") faults.push_back({"any", call, "cut"});
   return faults;
@@ -46,7 +54,7 @@ class Attempt {
     for (std::string& argument : run.command) {
       if (argument.starts_with('@')) argument.replace(0, 1, run.below.string());
     }
-    if (!step_.always.kind.empty()) run.faults.push_back(step_.always);
+    run.faults = step_.always;
     return run;
   }
 
@@ -55,7 +63,7 @@ class Attempt {
     if (result.killed) ++counts.kills;
     if (result.exitCode > 0) ++counts.refusals;
     const std::string what = name + " (" + std::to_string(result.exitCode) + "): " + result.text;
-    std::string loss = step_.loss(folder_);
+    std::string loss = step_.loss(folder_, result);
     if (step_.lossUnlessTold && result.exitCode <= 0) loss += step_.lossUnlessTold(folder_);
     if (!loss.empty()) counts.losses.push_back(what + loss);
     if (result.exitCode == 0 && !step_.isDone(folder_)) counts.falseSuccesses.push_back(what);
@@ -101,7 +109,9 @@ SweepCounts Sweep(const SweptStep& step) {
       const Attempt attempt(step);
       FaultRun run = attempt.run(step.command);
       run.faults.push_back(fault);
-      attempt.judge(RunWithFaults(run), kinds[i] + ", " + TextOf(fault), counts);
+      RunResult result = RunWithFaults(run);
+      result.diskGone = fault.kind == "any" && fault.how == "on";
+      attempt.judge(result, kinds[i] + ", " + TextOf(fault), counts);
     }
   }
   return counts;

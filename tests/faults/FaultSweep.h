@@ -16,12 +16,12 @@ struct SweptStep {
   std::vector<std::string> command;  // "@" stands for the folder
   std::function<void(const GameFolder&)> prepare;
   // What is lost: neither the old nor the new is there whole. Nothing when all is well.
-  std::function<std::string(const GameFolder&)> loss;
+  std::function<std::string(const GameFolder&, const RunResult&)> loss;
   std::function<bool(const GameFolder&)> isDone;
   // What is lost unless the program said so before it ended.
   std::function<std::string(const GameFolder&)> lossUnlessTold = {};
   bool survivesPowerCut = true;
-  Fault always = {};  // holds during the whole sweep, where it has a kind
+  std::vector<Fault> always = {};  // hold during the whole sweep
   // What a kill leaves behind is gone after the step is done once more; empty: that is not looked at.
   std::vector<std::string> again = {};
 };

@@ -44,8 +44,9 @@ struct Rule {
   bool is(const char* what) const { return how == what; }
 };
 
-constexpr std::array kChanges = {"create", "write", "sync",  "rename",   "link",  "symlink", "unlink",
-                                 "close",  "mkdir", "chmod", "truncate", "chown", "xattr",   "utime"};
+constexpr std::array kChanges = {"create", "write",    "sync",   "rename", "rename2",
+                                 "link",   "symlink",  "unlink", "close",  "mkdir",
+                                 "chmod",  "truncate", "chown",  "xattr",  "utime"};
 
 std::string Variable(const char* name) {
   const char* value = std::getenv(name);
@@ -234,6 +235,11 @@ std::FILE* OpenedStream(const char* path, const char* mode, Open open) {
 
 }  // namespace
 
+// Takes the variables anew, for a process that has set them for itself.
+extern "C" void FaultsBegin() {
+  Now() = State();
+}
+
 // The last argument is what C++ is told of the C function: noexcept or nothing.
 #define FAULTY(kind, name, parameters, arguments, concerned, about, ...) \
   extern "C" int name parameters __VA_ARGS__ {                           \
@@ -294,7 +300,7 @@ FAULTY("rename", rename, (const char* from, const char* to), (from, to), IsBelow
        noexcept)
 FAULTY("rename", renameat, (int a, const char* from, int b, const char* to), (a, from, b, to),
        IsBelow(a, from) || IsBelow(b, to), to, noexcept)
-FAULTY("rename", renameat2, (int a, const char* from, int b, const char* to, unsigned flags),
+FAULTY("rename2", renameat2, (int a, const char* from, int b, const char* to, unsigned flags),
        (a, from, b, to, flags), IsBelow(a, from) || IsBelow(b, to), to, noexcept)
 FAULTY("link", link, (const char* from, const char* to), (from, to), IsBelow(to), to, noexcept)
 FAULTY("link", linkat, (int a, const char* from, int b, const char* to, int flags), (a, from, b, to, flags),
@@ -312,17 +318,29 @@ FAULTY("chmod", fchmodat, (int folder, const char* path, mode_t mode, int flags)
        IsBelow(folder, path), path, noexcept)
 FAULTY("chown", chown, (const char* path, uid_t user, gid_t group), (path, user, group), IsBelow(path), path,
        noexcept)
-FAULTY("chown", lchown, (const char* path, uid_t user, gid_t group), (path, user, group), IsBelow(path), path,
-       noexcept)
 FAULTY("chown", fchown, (int file, uid_t user, gid_t group), (file, user, group), IsWatched(file), "",
        noexcept)
 FAULTY("xattr", fsetxattr, (int file, const char* name, const void* value, std::size_t size, int flags),
        (file, name, value, size, flags), IsWatched(file), name, noexcept)
+FAULTY("chown", lchown, (const char* path, uid_t user, gid_t group), (path, user, group), IsBelow(path), path,
+       noexcept)
+FAULTY("chown", fchownat, (int folder, const char* path, uid_t user, gid_t group, int flags),
+       (folder, path, user, group, flags), IsBelow(folder, path), path, noexcept)
+FAULTY("xattr", setxattr,
+       (const char* path, const char* name, const void* value, std::size_t size, int flags),
+       (path, name, value, size, flags), IsBelow(path), name, noexcept)
 FAULTY("xattr", lsetxattr,
        (const char* path, const char* name, const void* value, std::size_t size, int flags),
-       (path, name, value, size, flags), IsBelow(path), path, noexcept)
-FAULTY("reserve", fallocate, (int file, int mode, off_t start, off_t size), (file, mode, start, size),
-       IsWatched(file), "", )
+       (path, name, value, size, flags), IsBelow(path), name, noexcept)
+FAULTY("xattr", removexattr, (const char* path, const char* name), (path, name), IsBelow(path), name,
+       noexcept)
+FAULTY("xattr", lremovexattr, (const char* path, const char* name), (path, name), IsBelow(path), name,
+       noexcept)
+FAULTY("access", faccessat, (int folder, const char* path, int mode, int flags), (folder, path, mode, flags),
+       IsBelow(folder, path), path, noexcept)
+FAULTY("access", access, (const char* path, int mode), (path, mode), IsBelow(path), path, noexcept)
+FAULTY("reserve", fallocate, (int file, int mode, off_t at, off_t size), (file, mode, at, size),
+       IsWatched(file), "")
 FAULTY("utime", utimensat, (int folder, const char* path, const timespec* times, int flags),
        (folder, path, times, flags), IsBelow(folder, path), path, noexcept)
 FAULTY("utime", futimens, (int file, const timespec* times), (file, times), IsWatched(file), "", noexcept)
@@ -389,12 +407,20 @@ extern "C" DIR* opendir(const char* path) {
   return Refused("open", IsBelow(path), path) ? nullptr : real(path);
 }
 
-extern "C" ssize_t fgetxattr(int file, const char* name, void* value, std::size_t size) noexcept {
-  static auto* const real = Real<ssize_t(int, const char*, void*, std::size_t)>("fgetxattr");
-  return Refused("getxattr", IsWatched(file), name) ? -1 : real(file, name, value, size);
-}
+#define FAULTY_ASK(name, parameters, arguments, concerned, about)       \
+  extern "C" ssize_t name parameters noexcept {                         \
+    static auto* const real = Real<ssize_t parameters>(#name);          \
+    return Refused("getxattr", concerned, about) ? -1 : real arguments; \
+  }
 
-extern "C" ssize_t flistxattr(int file, char* list, std::size_t size) noexcept {
-  static auto* const real = Real<ssize_t(int, char*, std::size_t)>("flistxattr");
-  return Refused("getxattr", IsWatched(file), "") ? -1 : real(file, list, size);
-}
+FAULTY_ASK(fgetxattr, (int file, const char* name, void* value, std::size_t size), (file, name, value, size),
+           IsWatched(file), name)
+FAULTY_ASK(getxattr, (const char* path, const char* name, void* value, std::size_t size),
+           (path, name, value, size), IsBelow(path), name)
+FAULTY_ASK(lgetxattr, (const char* path, const char* name, void* value, std::size_t size),
+           (path, name, value, size), IsBelow(path), name)
+FAULTY_ASK(flistxattr, (int file, char* list, std::size_t size), (file, list, size), IsWatched(file), "")
+FAULTY_ASK(listxattr, (const char* path, char* list, std::size_t size), (path, list, size), IsBelow(path),
+           path)
+FAULTY_ASK(llistxattr, (const char* path, char* list, std::size_t size), (path, list, size), IsBelow(path),
+           path)

@@ -1,28 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Does one thing to the disk as the windows do it. Ends with 0 when it is done, else with 1 and the reason.
+// Without arguments it does what it is told on its input, see Serve.
 //   replace FILE SIZE         a text of SIZE new bytes
 //   create FILE SIZE
 //   save FILE SIZE            the same as the manual editor saves it, with versions kept in FILE.versions
 //   unsaved FILE SIZE         keeps a text of SIZE bytes that was not saved
 //   start FILE -              keeps what the program's end left in FILE.versions
 //   setting FOLDER VALUE      the entry "InfoTab" of the settings in the folder
+//   restore GAME PROGRAM      the files of the stock database in the folder PROGRAM
 #include <QString>
 
 #include <cstdlib>
+#include <dlfcn.h>
 #include <functional>
 #include <iostream>
 #include <map>
 #include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
 
 #include "faults/Texts.h"
 #include "platform/FileSaving.h"
 #include "platform/FileWriter.h"
 #include "platform/KeptVersions.h"
 #include "settings/SettingsStore.h"
+#include "stock/DBCtl.h"
+#include "stock/StockRestoration.h"
 
 namespace {
 
 using namespace korvane;
+
+using Step = std::function<QString(const QString& path, const std::string& argument)>;
 
 QString VersionsOf(const QString& file) {
   return file + ".versions";
@@ -49,29 +59,80 @@ QString Start(const QString& file) {
   return versions.recovered().empty() ? "nothing was kept" : "";
 }
 
-using Step = std::function<QString(const QString& path, const char* argument)>;
+// As the wizard does it. Gives all that was not restored.
+QString Restore(const QString& game, const std::string& program) {
+  DBCtl database;
+  StockRestoration restoration(database, game.toStdString());
+  std::string reasons;
+  try {
+    for (const RestoredFile& file : restoration.restoreAll(program, [](auto, auto) { return true; })) {
+      if (!file.reason.empty()) reasons += file.path + ": " + file.reason + '\n';
+    }
+  } catch (const DatabaseError& error) {
+    reasons += error.what();
+  }
+  for (const std::string& failure : restoration.archiveFailures()) reasons += failure + '\n';
+  return QString::fromStdString(reasons);
+}
 
 const std::map<std::string, Step> kSteps = {
     {"replace",
-     [](const QString& path, const char* size) { return FileWriter().replace(path, NewText(size)); }},
+     [](const QString& path, const std::string& size) { return FileWriter().replace(path, NewText(size)); }},
     {"create",
-     [](const QString& path, const char* size) { return FileWriter().create(path, NewText(size)); }},
-    {"save", [](const QString& path, const char* size) { return Save(path, NewText(size)); }},
-    {"unsaved", [](const QString& path, const char* size) { return KeepUnsaved(path, NewText(size)); }},
-    {"start", [](const QString& path, const char*) { return Start(path); }},
+     [](const QString& path, const std::string& size) { return FileWriter().create(path, NewText(size)); }},
+    {"save", [](const QString& path, const std::string& size) { return Save(path, NewText(size)); }},
+    {"unsaved",
+     [](const QString& path, const std::string& size) { return KeepUnsaved(path, NewText(size)); }},
+    {"start", [](const QString& path, const std::string&) { return Start(path); }},
     {"setting",
-     [](const QString& folder, const char* value) {
+     [](const QString& folder, const std::string& value) {
        SettingsStore store(folder);
-       store.SaveSet("InfoTab", value);
+       store.SaveSet("InfoTab", QString::fromStdString(value));
        return store.trouble();
      }},
+    {"restore", [](const QString& game, const std::string& program) { return Restore(game, program); }},
 };
+
+int Do(const std::vector<std::string>& words) {
+  if (words.size() != 3 || !kSteps.contains(words[0])) return 2;
+  const QString reason = kSteps.at(words[0])(QString::fromStdString(words[1]), words[2]);
+  std::cout << reason.toStdString() << std::endl;
+  return reason.isEmpty() ? 0 : 1;
+}
+
+// One order: variables "NAME=value" and the words of a step, a line each, up to an empty line.
+std::vector<std::string> ReadOrder() {
+  std::vector<std::string> words;
+  for (std::string line; std::getline(std::cin, line) && !line.empty();) words.push_back(line);
+  return words;
+}
+
+[[noreturn]] void Obey(std::vector<std::string> words) {
+  while (!words.empty() && words[0].find('=') != std::string::npos) {
+    const std::size_t equals = words[0].find('=');
+    setenv(words[0].substr(0, equals).c_str(), words[0].substr(equals + 1).c_str(), 1);
+    words.erase(words.begin());
+  }
+  const auto begin = reinterpret_cast<void (*)()>(dlsym(RTLD_DEFAULT, "FaultsBegin"));
+  if (begin != nullptr) begin();
+  _exit(Do(words));
+}
+
+// Each order is a process of its own, which need not start the program anew. What it writes ends with a zero
+// byte and its status.
+int Serve() {
+  for (std::vector<std::string> order; !(order = ReadOrder()).empty();) {
+    const pid_t child = fork();
+    if (child == 0) Obey(std::move(order));
+    int status = 0;
+    waitpid(child, &status, 0);
+    std::cout << '\0' << status << std::endl;
+  }
+  return 0;
+}
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 4 || !kSteps.contains(argv[1])) return 2;
-  const QString reason = kSteps.at(argv[1])(argv[2], argv[3]);
-  std::cout << reason.toStdString() << '\n';
-  return reason.isEmpty() ? 0 : 1;
+  return argc == 1 ? Serve() : Do({argv + 1, argv + argc});
 }

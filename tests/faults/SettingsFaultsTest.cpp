@@ -15,7 +15,7 @@ SweptStep SettingsWrite() {
   step.name = "a settings write";
   step.command = {KORVANE_ONE_STEP, "setting", "@", "5"};
   step.prepare = [](const GameFolder& folder) { folder.write(kFile, kOld); };
-  step.loss = [](const GameFolder& folder) {
+  step.loss = [](const GameFolder& folder, const RunResult&) {
     const std::string now = folder.read(kFile);
     return now == kOld || now == kNew ? std::string() : "the settings are \"" + now + '"';
   };

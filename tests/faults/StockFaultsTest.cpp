@@ -54,7 +54,7 @@ SweptStep PackStep() {
 
 TEST(StockFaults, APackGivesBothFilesOrNeither) {
   SweptStep step = PackStep();
-  step.loss = [](const GameFolder& folder) {
+  step.loss = [](const GameFolder& folder, const RunResult&) {
     const auto [records, why] = ReadFrom(folder);
     const bool told = why.find("do not belong together") != std::string::npos;
     return told || records == kOld || records == kNew ? std::string() : "the database is ruined: " + why;
@@ -77,7 +77,7 @@ SweptStep ExtractStep(bool overwrite) {
     folder.write("out/Data/INI/Armor.ini.part", kMine);
   };
   step.survivesPowerCut = false;  // extracting once more brings the files back
-  step.loss = [overwrite](const GameFolder& folder) -> std::string {
+  step.loss = [overwrite](const GameFolder& folder, const RunResult&) -> std::string {
     const std::string weapons = folder.read("out/Data/INI/Weapon.ini");
     if (weapons != kMine && !(overwrite && weapons == kNew[1].second)) return "the user's file is gone";
     const bool there = std::filesystem::exists(folder.native("out/Data/INI/Armor.ini"));
@@ -99,6 +99,40 @@ TEST(StockFaults, AnExtractLosesNoFileAndCountsTruly) {
   for (const bool overwrite : {false, true}) {
     const SweptStep step = ExtractStep(overwrite);
     ExpectNothingLost(step, Sweep(step));
+  }
+}
+
+const StockRecords kArchived = {{"Data\\INI\\Armor.ini", "the game's own armour"},
+                                {"Data\\INI\\Weapon.ini", "the game's own weapons"}};
+
+// The wizard's way: what is missing is written, from the game's archive where there is one.
+SweptStep RestoreStep(bool archive) {
+  SweptStep step;
+  step.name = archive ? "a restoring from an archive" : "a restoring from the database";
+  step.command = {KORVANE_ONE_STEP, "restore", "@/game", "@"};
+  const StockRecords& source = archive ? kArchived : kNew;
+  step.prepare = [archive, database = Packed(kNew)](const GameFolder& folder) {
+    Put(folder, database);
+    folder.write("game/Data/INI/Weapon.ini", kMine);
+    if (archive) folder.write("game/INI.big", ArchiveBytes(kArchived));
+  };
+  step.loss = [text = source[0].second](const GameFolder& folder, const RunResult&) -> std::string {
+    const std::string armour = "game/Data/INI/Armor.ini";
+    if (folder.read("game/Data/INI/Weapon.ini") != kMine) return "the user's file is gone";
+    const bool there = std::filesystem::exists(folder.native(armour));
+    return there && folder.read(armour) != text ? "a wrong file is there: " + folder.read(armour) : "";
+  };
+  step.isDone = [text = source[0].second](const GameFolder& folder) {
+    return folder.read("game/Data/INI/Armor.ini") == text;
+  };
+  return step;
+}
+
+TEST(StockFaults, ARestoringWritesWholeFilesOrSaysWhichItCouldNot) {
+  for (const bool archive : {false, true}) {
+    const SweptStep step = RestoreStep(archive);
+    ExpectNothingLost(step, Sweep(step));
+    ExpectNothingLost(step, SweepFreeSpace(step, 1500, 100));
   }
 }
 

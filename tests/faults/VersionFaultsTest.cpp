@@ -67,7 +67,7 @@ SweptStep Saving(const std::string& size) {
   const auto isKept = [](const GameFolder& folder) {
     return folder.read(kFile) == kOld || LiesBelowVersions(folder, kOld);
   };
-  step.loss = [=](const GameFolder& folder) {
+  step.loss = [=](const GameFolder& folder, const RunResult&) {
     return isWhole(folder) || isKept(folder) ? "" : "the file is cut off, and its former version is gone";
   };
   step.lossUnlessTold = [=](const GameFolder& folder) {
@@ -88,7 +88,7 @@ TEST(VersionFaults, ASaveLosesNeitherItsTextNorTheFormerOne) {
 TEST(VersionFaults, ASaveWithoutHardLinksLosesNothingEither) {
   SweptStep step = Saving("300");
   step.name += " without hard links";
-  step.always = {"link", 1, "on", EPERM};
+  step.always = {{"link", 1, "on", EPERM}};
   ExpectNothingLost(step, Sweep(step));
 }
 
@@ -96,7 +96,7 @@ TEST(VersionFaults, ASaveInPlaceLosesNothingOrIsNamedAtTheNextStart) {
   if (geteuid() != 0) GTEST_SKIP() << "only root can make files of others";
   SweptStep step = Saving("300");
   step.name += " in place";
-  step.always = {"chown", 1, "on", EPERM};
+  step.always = {{"chown", 1, "on", EPERM}};
   step.prepare = [](const GameFolder& folder) {
     folder.write(kFile, kOld);
     ASSERT_EQ(chown(folder.native(kFile).c_str(), 1234, 1234), 0);
@@ -111,7 +111,7 @@ TEST(VersionFaults, ATextThatIsKeptIsKeptWhole) {
   step.command = {KORVANE_ONE_STEP, "unsaved", "@/" + kFile, "300"};
   step.prepare = [](const GameFolder&) {};
   step.isDone = [](const GameFolder& folder) { return IsKept(folder, Saved("300")); };
-  step.loss = [](const GameFolder&) { return std::string(); };
+  step.loss = [](const GameFolder&, const RunResult&) { return std::string(); };
   step.again = step.command;
   ExpectNothingLost(step, Sweep(step));
   ExpectNothingLost(step, SweepFreeSpace(step, 600, 20));
@@ -125,7 +125,7 @@ TEST(VersionFaults, ATextLostInACrashIsStillThereAfterAStartThatFails) {
     folder.write(kJournal, HeadOfJournal({PathIn(folder), false, {}}) + NewText("300"));
   };
   step.isDone = [](const GameFolder& folder) { return IsKept(folder, Saved("300")); };
-  step.loss = [&step](const GameFolder& folder) {
+  step.loss = [&step](const GameFolder& folder, const RunResult&) {
     return step.isDone(folder) ? std::string() : "the text is gone";
   };
   ExpectNothingLost(step, Sweep(step));

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -143,6 +144,19 @@ TEST(SettingsStore, WhatCouldNotBeStoredIsStoredLater) {
   EXPECT_EQ(told.last(), "");
   const SettingsStore later(folder.path());
   EXPECT_EQ(later.GetSet("Exit") + later.GetSet("InfoTab") + later.GetSet("MenuiFont"), "03Sans");
+}
+
+TEST(SettingsStore, WhatAKilledProgramLeftDelaysNothing) {
+  for (const QByteArray& lock : {QByteArray(), QByteArray("1\nkorvane\nanother.machine\n")}) {
+    const QTemporaryDir folder;
+    Write(folder.path() + kFile + ".lock", lock);
+    Write(folder.path() + kFile + ".korvane-0123456789abcdef.part", "[Sett");
+    QElapsedTimer time;
+    time.start();
+    SettingsStore(folder.path()).SaveSet("Exit", "0");
+    EXPECT_LT(time.elapsed(), 1000);
+    EXPECT_EQ(SettingsStore(folder.path()).GetSet("Exit"), "0");
+  }
 }
 
 TEST(SettingsStore, AChangeTouchesItsOwnLineOnly) {
