@@ -14,7 +14,7 @@ struct ManualEditRequest;
 enum class TableEditorId { weapons, armours, commandSets, commandButtons };
 
 // What all windows offer for the names of a game folder.
-enum class SearchCommand { anything, definition, uses, files, back, forward };
+enum class SearchCommand { anything, definition, uses, files, problems, back, forward };
 
 // What the windows ask of each other. Every window is made at its first use and shown modeless.
 class EditorLauncher {

@@ -28,10 +28,13 @@ ItemPlace ItemOf(const FoundDefinition& definition) {
           PlaceOf(*definition.file, definition.line, definition.column, definition.name.size())};
 }
 
-QString ShownPlace(const FilePlace& place) {
-  QString path = place.path;
+QString ShownPath(QString path) {
   if (path.startsWith(kDataFolder, Qt::CaseInsensitive)) path.remove(0, kDataFolder.size());
-  const QString at = QStringLiteral("%1, line %2").arg(path).arg(place.line);
+  return path;
+}
+
+QString ShownPlace(const FilePlace& place) {
+  const QString at = QStringLiteral("%1, line %2").arg(ShownPath(place.path)).arg(place.line);
   return place.archive.isEmpty() ? at : QStringLiteral("%1 (%2)").arg(at, FileName(place.archive));
 }
 

@@ -27,7 +27,9 @@ struct ItemPlace {
 
 FilePlace PlaceOf(const CatalogueFile& file, std::uint32_t line, std::uint32_t column, std::size_t length);
 ItemPlace ItemOf(const FoundDefinition& definition);
-// "Weapon.ini, line 12", with the archive when one has it. The path begins below Data\INI.
+// A path below the game folder as it is shown: it begins below Data\INI where it lies there.
+QString ShownPath(QString path);
+// "Weapon.ini, line 12", with the archive when one has it.
 QString ShownPlace(const FilePlace& place);
 QString KindName(KindId kind);
 

@@ -15,11 +15,11 @@ enum class Level : std::uint8_t { note, warning, error };
 std::string_view LevelName(Level level);
 
 // A line of a file. The file is a path below the game folder in UTF-8 with "/"; lines count from 1.
-struct FilePlace {
+struct OtherPlace {
   std::string file;
   int line = 0;
 
-  bool operator==(const FilePlace&) const = default;
+  bool operator==(const OtherPlace&) const = default;
 };
 
 // One thing that the checker has to say. Texts are UTF-8; lines and columns count from 1, columns and lengths
@@ -34,7 +34,7 @@ struct Finding {
   int length = 0;  // of what is marked; 0 only at the end of a file
   std::string text{};
   std::string suggestion{};  // what stands there should most likely be this; empty where nothing is near
-  FilePlace other{};         // the first definition, the open block's header; line 0 where there is none
+  OtherPlace other{};         // the first definition, the open block's header; line 0 where there is none
   std::string group{};       // the same for findings that one mend mends (one missing name); else empty
 
   bool operator==(const Finding&) const = default;

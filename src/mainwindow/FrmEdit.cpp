@@ -13,6 +13,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolBar>
+#include <QToolButton>
 
 #include <algorithm>
 #include <chrono>
@@ -108,6 +109,7 @@ void FrmEdit::connectButtons() {
   connect(fields_.CmdME_FINI, &QPushButton::clicked, this, [this] { launch_.editObjectFile(); });
   connect(fields_.Btn_LEdit, &QPushButton::clicked, this, [this] { launch_.editLocomotors(); });
   connect(fields_.Btn_FEdit, &QPushButton::clicked, this, [this] { launch_.editObjectBlock(); });
+  connect(&panels_.problems(), &QToolButton::clicked, this, [this] { launch_.checkData(); });
   connect(fields_.Command2, &QPushButton::clicked, this, [this] { launch_.showArmour(armourText()); });
   connect(fields_.CboArmour, &QComboBox::editTextChanged, this,
           [this](const QString& name) { launcher_.selectArmour(name); });

@@ -49,6 +49,9 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   void tell(MainNotices part, std::vector<Notice> notices) { notices_->tell(part, std::move(notices)); }
   void tellLineEnds(std::vector<UnixFile> files) { lineEnds_.tell(std::move(files)); }
 
+  // How much the last check of the data has found.
+  void showProblems(const QString& counts) { panels_.showProblems(counts); }
+
   // Selects the object's node and, when it can be shown, loads it as a click does. False when the tree has no
   // such object that can be loaded. `path`: of its file, below the game folder.
   bool showObject(const QString& path, const QString& name);

@@ -65,6 +65,9 @@ void LaunchCommands::findUses() {
 void LaunchCommands::findInFiles() {
   launcher_.search(SearchCommand::files, window_);
 }
+void LaunchCommands::checkData() {
+  launcher_.search(SearchCommand::problems, window_);
+}
 void LaunchCommands::goBack() {
   launcher_.search(SearchCommand::back, window_);
 }

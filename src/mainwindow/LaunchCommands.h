@@ -33,6 +33,7 @@ class LaunchCommands {
   void goToDefinition();
   void findUses();
   void findInFiles();
+  void checkData();
   void goBack();
   void goForward();
   void showHelp();

@@ -3,10 +3,11 @@
 
 #include <QLabel>
 #include <QStatusBar>
+#include <QToolButton>
 
 namespace korvane {
 
-StatusPanels::StatusPanels(QStatusBar& bar) : trouble_(new QLabel) {
+StatusPanels::StatusPanels(QStatusBar& bar) : problems_(new QToolButton), trouble_(new QLabel) {
   constexpr std::array kStretch = {5, 3, 3};
   for (std::size_t i = 0; i < panels_.size(); ++i) {
     panels_[i] = new QLabel;
@@ -16,6 +17,13 @@ StatusPanels::StatusPanels(QStatusBar& bar) : trouble_(new QLabel) {
     panels_[i]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     bar.addWidget(panels_[i], kStretch[i]);
   }
+  problems_->setObjectName("problems");
+  problems_->setToolTip("Check the Data");
+  problems_->setAutoRaise(true);
+  problems_->setFocusPolicy(Qt::NoFocus);  // its command has a key
+  problems_->setMaximumHeight(panels_[path]->sizeHint().height());
+  bar.addWidget(problems_);
+  problems_->hide();
   trouble_->setObjectName("LblTrouble");
   trouble_->setTextFormat(Qt::PlainText);
   trouble_->setMinimumWidth(1);
@@ -28,6 +36,11 @@ void StatusPanels::show(Panel panel, const QString& text) {
   shown.setText(text);
   shown.setToolTip(text);  // in case the panel is too narrow
   shown.show();
+}
+
+void StatusPanels::showProblems(const QString& counts) {
+  problems_->setText(counts);
+  problems_->show();
 }
 
 void StatusPanels::showTrouble(const QString& text, const QString& detail) {

@@ -91,6 +91,7 @@ constexpr FrmManEdit::MenuEntry FrmManEdit::kMenuEntries[] = {
     {"goToDefinition", "Go to &Definition", &FrmManEdit::goToDefinition, "F4"},
     {"findUses", "Find &Uses", &FrmManEdit::findUses, "Shift+F4"},
     {"findInFiles", "Find &in Files...", &FrmManEdit::findInFiles, "Ctrl+Shift+F"},
+    {"checkData", "&Check the Data", &FrmManEdit::checkData, "Ctrl+Shift+M"},
     {"", ""},
     {"goBack", "Bac&k", &FrmManEdit::goBack, "Alt+Left"},
     {"goForward", "F&orward", &FrmManEdit::goForward, "Alt+Right"},
@@ -410,6 +411,10 @@ void FrmManEdit::findUses() {
 
 void FrmManEdit::findInFiles() {
   Q_EMIT searchAsked(SearchCommand::files);
+}
+
+void FrmManEdit::checkData() {
+  Q_EMIT searchAsked(SearchCommand::problems);
 }
 
 void FrmManEdit::goBack() {

@@ -106,6 +106,7 @@ class FrmManEdit : public QMainWindow, public NameSource {
   void goToDefinition();
   void findUses();
   void findInFiles();
+  void checkData();
   void goBack();
   void goForward();
   void showReplace();

@@ -18,6 +18,7 @@
 #include "platform/LineEndConversion.h"
 #include "platform/MessageBoxes.h"
 #include "platform/Registry.h"
+#include "problems/ProblemsWindow.h"
 #include "setup/frmWizard.h"
 #include "startup/frmSplash.h"
 
@@ -48,6 +49,7 @@ Program::Program(const Services& services, Folders& folders, QString arguments)
       searchRows_(names_),
       places_(services, *this, names_, [this]() -> FrmEdit& { return mainWindow(); }),
       searchDesk_(searchRows_, places_),
+      dataCheck_(names_),
       wizard_([this] { return makeWizard(); }),
       manualEditor_([this] { return makeManualEditor(); }),
       options_([this] { return makeOptions(); }),
@@ -58,7 +60,8 @@ Program::Program(const Services& services, Folders& folders, QString arguments)
       damageTypes_([this] { return makeDamageTypes(); }),
       commandSetEditor_([this] { return makeCommandSetEditor(); }),
       commandSetFormat_([this] { return new CmdSetFormat(services_.settings); }),
-      commandButtonEditor_([this] { return new FrmCmdBtn(editorContext()); }) {}
+      commandButtonEditor_([this] { return new FrmCmdBtn(editorContext()); }),
+      problems_([this] { return new ProblemsWindow(services_.settings, dataCheck_, places_); }) {}
 
 Program::~Program() = default;
 
@@ -92,6 +95,8 @@ FrmEdit& Program::mainWindow() {
   if (!mainWindow_) {
     mainWindow_ = std::make_unique<FrmEdit>(services_, *this);
     searchDesk_.addField(*mainWindow_, [this] { return mainWindow_->commands().all(); });
+    QObject::connect(&dataCheck_, &DataCheck::resultChanged, mainWindow_.get(),
+                     [this] { mainWindow_->showProblems(CountsText(*dataCheck_.result())); });
   }
   return *mainWindow_;
 }
@@ -236,7 +241,11 @@ bool Program::showEntry(TableEditorId editor, const QString& name) {
 }
 
 void Program::search(SearchCommand command, QWidget& window) {
-  searchDesk_.carryOut(command, window);
+  if (command == SearchCommand::problems) {
+    Present(problems_.get());
+  } else {
+    searchDesk_.carryOut(command, window);
+  }
 }
 
 bool Program::keepUnsavedTexts() {

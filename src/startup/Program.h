@@ -11,6 +11,7 @@
 #include "controls/FontDialog.h"
 #include "platform/FileWriter.h"
 #include "platform/Programs.h"
+#include "problems/DataCheck.h"
 #include "search/SearchRows.h"
 #include "setup/FolderChooser.h"
 #include "startup/Lazy.h"
@@ -30,6 +31,7 @@ class FrmManEdit;
 class FrmOpt;
 class FrmWE;
 class KeptVersions;
+class ProblemsWindow;
 class Registry;
 class frmAbout;
 class frmWizard;
@@ -99,6 +101,7 @@ class Program : public EditorLauncher, public StartupWindows {
   SearchRows searchRows_;
   PlaceOpener places_;
   SearchDesk searchDesk_;
+  DataCheck dataCheck_;
 
   std::unique_ptr<FrmEdit> mainWindow_;
   Lazy<frmWizard> wizard_;
@@ -112,6 +115,7 @@ class Program : public EditorLauncher, public StartupWindows {
   Lazy<FrmCmdSet> commandSetEditor_;
   Lazy<CmdSetFormat> commandSetFormat_;
   Lazy<FrmCmdBtn> commandButtonEditor_;
+  Lazy<ProblemsWindow> problems_;
 };
 
 }  // namespace korvane

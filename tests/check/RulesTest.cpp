@@ -21,7 +21,7 @@ struct Case {
   std::vector<std::string> found;
   std::string text{};
   std::string suggestion{};
-  FilePlace other{};
+  OtherPlace other{};
 };
 
 const std::string kEffects = "FXList FX_Bang\nEnd\nFXList FX_BangBig\nEnd\n";

@@ -44,6 +44,7 @@ TEST_F(AccessibleNamesTest, EveryControlOfTheKeyboardHasOne) {
   program.showCommandSetEditor();
   program.showCommandButtonEditor();
   program.showManualEditor({.text = "Object Jeep\r\nEnd\r\n"});
+  program.search(SearchCommand::problems, program.mainWindow());
   program.showOptions();
   program.showAbout();
   QTest::qWait(10);

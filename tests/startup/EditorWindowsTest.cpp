@@ -7,10 +7,12 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
+#include <QToolButton>
 #include <QTreeView>
 
 #include "controls/InPlaceTable.h"
 #include "mainwindow/FrmEdit.h"
+#include "manualeditor/IniTextEdit.h"
 #include "startup/Program.h"
 #include "support/TestDesk.h"
 #include "support/Windows.h"
@@ -68,6 +70,22 @@ TEST_F(EditorWindowsTest, ClearingTheSearchHistoryEmptiesTheOpenManualEditorsLis
   program.showOptions();
   WindowNamed("FrmOpt")->findChild<QPushButton*>("Command1")->click();
   EXPECT_EQ(finds->count(), 0);
+}
+
+TEST_F(EditorWindowsTest, AFindingOpensItsPlaceAndTheStatusBarCountsThem) {
+  game.ini("Weapon.ini", "Weapon Gun\n  PrimryDamage = 1\nEnd\n");
+  auto* counts = program.mainWindow().findChild<QToolButton*>("problems");
+  EXPECT_TRUE(counts->isHidden());
+  program.mainWindow().findChild<QAction*>("checkData")->trigger();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return counts->text() == "1 error, 0 warnings"; }));
+  EXPECT_FALSE(counts->isHidden());
+  QTest::keyClick(VisibleWindow("ProblemsWindow")->findChild<QTreeView*>(), Qt::Key_Return);
+  ASSERT_TRUE(QTest::qWaitFor([] { return VisibleWindow("FrmManEdit") != nullptr; }));
+  const auto* text = VisibleWindow("FrmManEdit")->findChild<IniTextEdit*>("TxtManEdit");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return text->selectedText() == "PrimryDamage"; }));
+  closeAndWait("ProblemsWindow");
+  counts->click();
+  EXPECT_NE(VisibleWindow("ProblemsWindow"), nullptr);
 }
 
 TEST_F(EditorWindowsTest, ADamageTypeIsAddedEvenWhenTheArmourEditorHasBeenClosed) {

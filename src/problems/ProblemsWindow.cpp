@@ -1,0 +1,280 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "problems/ProblemsWindow.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QShowEvent>
+#include <QToolButton>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+#include "app/Places.h"
+#include "controls/Icons.h"
+#include "controls/Named.h"
+#include "controls/Placement.h"
+#include "settings/SettingsStore.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr QSize kDesignSize{860, 480};
+constexpr int kFileWidth = 26;  // in average characters
+constexpr const char* kGroupingSetting = "ProblemsGrouping";
+
+struct GroupingChoice {
+  ProblemsView::Grouping grouping;
+  const char* setting;
+  const char* caption;
+};
+constexpr std::array kGroupings = {
+    GroupingChoice{ProblemsView::Grouping::file, "File", "By file"},
+    GroupingChoice{ProblemsView::Grouping::code, "Code", "By code"},
+};
+
+QString Counted(int count, Level level) {
+  const QByteArray name(LevelName(level).data(), static_cast<qsizetype>(LevelName(level).size()));
+  return QStringLiteral("%1 %2%3").arg(count).arg(QString(name), count == 1 ? "" : "s");
+}
+
+}  // namespace
+
+QString CountsText(const DataCheck::Result& result) {
+  return Counted(result.count(Level::error), Level::error) + ", " +
+         Counted(result.count(Level::warning), Level::warning);
+}
+
+ProblemsWindow::ProblemsWindow(SettingsStore& settings, DataCheck& check, PlaceLauncher& places)
+    : ToolDialog(nullptr, &settings),
+      settings_(settings),
+      check_(check),
+      places_(places),
+      model_(new ProblemsModel(this)),
+      tree_(Named("findings", new QTreeView)),
+      filter_(Named("filter", new QLineEdit)),
+      grouping_(Named("grouping", new QComboBox)),
+      state_(Named("state", new QLabel)),
+      progress_(Named("progress", new QProgressBar)) {
+  setObjectName("ProblemsWindow");
+  setWindowTitle("Check the Data");
+  setWindowIcon(ApplicationIcon());
+  resize(kDesignSize);
+  auto* layout = new QVBoxLayout(this);
+  auto* filters = new QHBoxLayout;
+  auto* foot = new QHBoxLayout;
+  layout->addLayout(filters);
+  layout->addWidget(tree_);
+  layout->addLayout(foot);
+  buildFilters(*filters);
+  buildTree();
+  buildFoot(*foot);
+  connect(&check_, &DataCheck::resultChanged, this, [this] {
+    cancelled_ = false;
+    showFindings();
+  });
+  connect(&check_, &DataCheck::runningChanged, this, &ProblemsWindow::showRunning);
+  connect(&check_, &DataCheck::progress, this, &ProblemsWindow::showProgress);
+  RestorePlacement(settings_, *this);
+  showFindings();
+  showRunning();
+  tree_->setFocus();
+}
+
+void ProblemsWindow::buildFilters(QBoxLayout& layout) {
+  filter_->setPlaceholderText("Filter");
+  filter_->setAccessibleName("Filter");
+  filter_->setClearButtonEnabled(true);
+  layout.addWidget(filter_);
+  for (const Level level : {Level::error, Level::warning, Level::note}) {
+    layout.addWidget(levels_[static_cast<std::size_t>(level)] = makeLevelButton(level));
+  }
+  grouping_->setAccessibleName("Grouping");
+  for (const GroupingChoice& choice : kGroupings) grouping_->addItem(choice.caption, choice.setting);
+  grouping_->setCurrentIndex(std::max(0, grouping_->findData(settings_.GetSet(kGroupingSetting, "File"))));
+  layout.addWidget(grouping_);
+  connect(filter_, &QLineEdit::textChanged, this, &ProblemsWindow::showFindings);
+  connect(grouping_, &QComboBox::currentIndexChanged, this, [this] {
+    settings_.SaveSet(kGroupingSetting, grouping_->currentData().toString());
+    showFindings();
+  });
+}
+
+// Notes are looked for only when they are asked for.
+QToolButton* ProblemsWindow::makeLevelButton(Level level) {
+  auto* button = new QToolButton;
+  button->setObjectName(IconNameOf(level) + "s");
+  button->setIcon(ThemeIcon(IconNameOf(level)));
+  button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  button->setFocusPolicy(Qt::StrongFocus);
+  button->setCheckable(true);
+  button->setChecked(level != Level::note);
+  connect(button, &QToolButton::toggled, this, [this, level](bool shown) { levelToggled(level, shown); });
+  return button;
+}
+
+void ProblemsWindow::buildTree() {
+  tree_->setAccessibleName("Findings");
+  tree_->setModel(model_);
+  tree_->setUniformRowHeights(true);
+  tree_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  tree_->header()->setStretchLastSection(false);
+  tree_->header()->setSectionResizeMode(ProblemsModel::text, QHeaderView::Stretch);
+  tree_->header()->resizeSection(ProblemsModel::file, fontMetrics().averageCharWidth() * kFileWidth);
+  tree_->header()->setSectionResizeMode(ProblemsModel::line, QHeaderView::ResizeToContents);
+  auto* copyAction = Named("copy", new QAction("C&opy", tree_));
+  copyAction->setShortcut(QKeySequence::Copy);
+  copyAction->setShortcutContext(Qt::WidgetShortcut);
+  tree_->addAction(copyAction);
+  tree_->setContextMenuPolicy(Qt::ActionsContextMenu);
+  connect(copyAction, &QAction::triggered, this, &ProblemsWindow::copy);
+  connect(tree_, &QTreeView::activated, this, &ProblemsWindow::open);
+  connect(tree_, &QTreeView::collapsed, this, [this](const QModelIndex& group) {
+    collapsed_ += group.data(ProblemsModel::titleRole).toString();
+  });
+  connect(tree_, &QTreeView::expanded, this, [this](const QModelIndex& group) {
+    collapsed_ -= group.data(ProblemsModel::titleRole).toString();
+  });
+  connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this](const QModelIndex& current) {
+            if (const Finding* finding = model_->finding(current)) selected_ = *finding;
+          });
+}
+
+QPushButton* ProblemsWindow::makeButton(const char* name, const char* caption,
+                                        void (ProblemsWindow::*run)()) {
+  auto* button = Named(name, new QPushButton(caption));
+  button->setAutoDefault(false);  // Enter belongs to the findings
+  connect(button, &QPushButton::clicked, this, run);
+  return button;
+}
+
+void ProblemsWindow::buildFoot(QBoxLayout& layout) {
+  state_->setTextFormat(Qt::PlainText);
+  layout.addWidget(state_, 1);
+  progress_->setAccessibleName("Progress");
+  layout.addWidget(progress_);
+  layout.addWidget(cancel_ = makeButton("cancel", "Cance&l", &ProblemsWindow::cancelCheck));
+  layout.addWidget(again_ = makeButton("again", "&Check Again", &ProblemsWindow::startCheck));
+  layout.addWidget(makeButton("copyButton", "C&opy", &ProblemsWindow::copy));
+}
+
+void ProblemsWindow::showEvent(QShowEvent* event) {
+  ToolDialog::showEvent(event);
+  if (event->spontaneous()) return;
+  check_.follow(true);
+  if (!check_.isRunning()) check_.start();
+}
+
+void ProblemsWindow::closeEvent(QCloseEvent* event) {
+  check_.follow(false);
+  ToolDialog::closeEvent(event);
+}
+
+void ProblemsWindow::cancelCheck() {
+  cancelled_ = true;
+  check_.cancel();
+}
+
+// A group stands for all of its findings.
+void ProblemsWindow::copy() {
+  QStringList lines;
+  QModelIndexList rows = tree_->selectionModel()->selectedRows();
+  std::ranges::sort(rows, {}, [this](const QModelIndex& row) { return tree_->visualRect(row).top(); });
+  const auto add = [&](const QModelIndex& row) {
+    const Finding* finding = model_->finding(row);
+    if (finding != nullptr && !lines.contains(LineOf(*finding))) lines += LineOf(*finding);
+  };
+  for (const QModelIndex& row : rows) {
+    add(row);
+    for (int i = 0; i < model_->rowCount(row); ++i) add(model_->index(i, 0, row));
+  }
+  if (!lines.isEmpty()) QGuiApplication::clipboard()->setText(lines.join('\n'));
+}
+
+void ProblemsWindow::open(const QModelIndex& index) {
+  const Finding* finding = model_->finding(index);
+  if (finding == nullptr) return;
+  places_.showPlace({FilePathOf(*finding), {}, finding->line, std::max(finding->column, 1), finding->length});
+}
+
+void ProblemsWindow::levelToggled(Level level, bool shown) {
+  if (level == Level::note) {
+    check_.setNotes(shown);
+    if (shown && (check_.result() == nullptr || !check_.result()->withNotes)) check_.start();
+  }
+  showFindings();
+}
+
+ProblemsView ProblemsWindow::view() const {
+  ProblemsView view{kGroupings[static_cast<std::size_t>(grouping_->currentIndex())].grouping, {}, {}};
+  for (std::size_t i = 0; i < levels_.size(); ++i) view.levels[i] = levels_[i]->isChecked();
+  view.filter = filter_->text().trimmed();
+  return view;
+}
+
+void ProblemsWindow::showFindings() {
+  model_->show(check_.result(), view());
+  tree_->expandAll();
+  for (int group = 0; group < model_->rowCount(); ++group) {
+    tree_->setFirstColumnSpanned(group, {}, true);
+    const QModelIndex index = model_->index(group, 0);
+    if (collapsed_.contains(index.data(ProblemsModel::titleRole).toString())) tree_->collapse(index);
+  }
+  restoreSelection();
+  showCounts();
+  showRunning();
+}
+
+void ProblemsWindow::restoreSelection() {
+  const QModelIndex first = model_->index(0, 0, model_->index(0, 0));
+  const QModelIndex index = selected_ ? model_->indexOf(*selected_) : first;
+  if (!index.isValid() || !tree_->isExpanded(index.parent())) return;
+  tree_->setCurrentIndex(index);
+  tree_->scrollTo(index);
+}
+
+void ProblemsWindow::showCounts() {
+  const DataCheck::ResultPtr& result = check_.result();
+  for (const Level level : {Level::error, Level::warning, Level::note}) {
+    const bool known = result != nullptr && (level != Level::note || result->withNotes);
+    const QString plural = Counted(2, level).mid(2);
+    levels_[static_cast<std::size_t>(level)]->setText(known ? Counted(result->count(level), level)
+                                                            : plural.at(0).toUpper() + plural.mid(1));
+  }
+}
+
+void ProblemsWindow::showRunning() {
+  const bool running = check_.isRunning();
+  progress_->setVisible(running);
+  cancel_->setVisible(running);
+  again_->setVisible(!running);
+  if (running) progress_->setRange(0, 0);
+  state_->setText(running ? QStringLiteral("Checking...") : summary());
+}
+
+void ProblemsWindow::showProgress(int done, int all) {
+  progress_->setRange(0, all);
+  progress_->setValue(done);
+}
+
+QString ProblemsWindow::summary() const {
+  const DataCheck::ResultPtr& result = check_.result();
+  if (result == nullptr) return cancelled_ ? "Cancelled." : "Not checked yet.";
+  const int all = static_cast<int>(result->findings.size());
+  const QString shown = all == 0 ? QStringLiteral("Nothing found.")
+                                 : QStringLiteral("%1 of %2 findings shown.").arg(model_->shown()).arg(all);
+  return cancelled_ ? "Cancelled; this is what was found before. " + shown : shown;
+}
+
+}  // namespace korvane

@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QClipboard>
+#include <QComboBox>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+#include <QTreeView>
+
+#include <chrono>
+#include <filesystem>
+
+#include "app/CatalogueService.h"
+#include "app/Places.h"
+#include "problems/ProblemsWindow.h"
+#include "support/TestDesk.h"
+
+namespace korvane {
+namespace {
+
+class FakePlaces : public PlaceLauncher {
+ public:
+  void showPlace(const FilePlace& place) override { places.push_back(place); }
+  void showItem(const ItemPlace&) override {}
+  void goBack() override {}
+  void goForward() override {}
+  std::vector<FilePlace> places;
+};
+
+const std::string kGuns =
+    "Weapon Gun\n  FireFX = FX_Bnag\n  PrimryDamage = 1\nEnd\nWeapon Bow\n  FireFX = FX_Bnag\nEnd\n";
+
+// Two missing names and a misspelt key in Weapon.ini, an End too many in Armor.ini.
+class ProblemsTest : public testing::Test, protected TestDesk {
+ protected:
+  void SetUp() override {
+    game.ini("FXList.ini", "FXList FX_Bang\nEnd\n");
+    game.ini("Weapon.ini", kGuns);
+    game.ini("Armor.ini", "Armor Steel\nEnd\nEnd\n");
+    window->show();
+    ASSERT_TRUE(waitForCheck());
+  }
+
+  bool waitForCheck() {
+    return QTest::qWaitFor([this] { return check.result() != nullptr && !check.isRunning(); });
+  }
+  template <typename Widget>
+  Widget& part(const char* name) const {
+    return *window->findChild<Widget*>(name);
+  }
+  QTreeView& tree() const { return part<QTreeView>("findings"); }
+
+  // "Weapon.ini (3): 2 3 6", a text for each group.
+  QStringList rows() const {
+    QStringList found;
+    const QAbstractItemModel& model = *tree().model();
+    for (int i = 0; i < model.rowCount(); ++i) {
+      const QModelIndex group = model.index(i, 0);
+      found += group.data().toString().section(':', 0, 0) + ':';
+      for (int row = 0; row < model.rowCount(group); ++row) {
+        found.last() += ' ' + model.index(row, ProblemsModel::line, group).data().toString();
+      }
+    }
+    return found;
+  }
+  void select(int group, int row) {
+    tree().setCurrentIndex(tree().model()->index(row, 0, tree().model()->index(group, 0)));
+  }
+  QString selectedLine() const {
+    return tree().currentIndex().siblingAtColumn(ProblemsModel::line).data().toString();
+  }
+
+  CatalogueService names{folders};
+  DataCheck check{names};
+  FakePlaces places;
+  std::unique_ptr<ProblemsWindow> window = std::make_unique<ProblemsWindow>(settings, check, places);
+};
+
+TEST_F(ProblemsTest, GroupsByFileOrByCodeAndRemembersWhich) {
+  EXPECT_EQ(rows(), QStringList({"Armor.ini (1): 3", "Weapon.ini (3): 2 3 6"}));
+  part<QComboBox>("grouping").setCurrentIndex(1);
+  const QStringList byCode = {"key-typo: 3", "missing-name: 2 6", "stray-end: 3"};
+  EXPECT_EQ(rows(), byCode);
+  window = std::make_unique<ProblemsWindow>(settings, check, places);
+  EXPECT_EQ(rows(), byCode);
+}
+
+TEST_F(ProblemsTest, FilterAndLevelsSayWhatIsShown) {
+  struct Case {
+    const char* filter;
+    QStringList rows;
+  };
+  const Case cases[] = {
+      {"fx_bnag", {"Weapon.ini (2): 2 6"}},
+      {"stray-end", {"Armor.ini (1): 3"}},
+      {"ini\\weapon", {"Weapon.ini (3): 2 3 6"}},
+      {"no such text", {}},
+      {"", {"Armor.ini (1): 3", "Weapon.ini (3): 2 3 6"}},
+  };
+  for (const Case& each : cases) {
+    part<QLineEdit>("filter").setText(each.filter);
+    EXPECT_EQ(rows(), each.rows) << each.filter;
+  }
+  EXPECT_EQ(part<QToolButton>("errors").text(), "4 errors");
+  EXPECT_EQ(part<QToolButton>("warnings").text(), "0 warnings");
+  EXPECT_EQ(part<QToolButton>("notes").text(), "Notes");
+  part<QToolButton>("errors").click();
+  EXPECT_EQ(rows(), QStringList());
+}
+
+TEST_F(ProblemsTest, NotesAreLookedForWhenTheyAreAskedFor) {
+  EXPECT_FALSE(check.result()->withNotes);
+  part<QToolButton>("notes").click();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return check.result()->withNotes; }));
+  EXPECT_GT(check.result()->count(Level::note), 0);
+  EXPECT_NE(part<QToolButton>("notes").text(), "Notes");
+  EXPECT_TRUE(rows().join(' ').contains("FXList.ini")) << "nothing names FX_Bang";
+}
+
+TEST_F(ProblemsTest, EnterOpensThePlaceWithItsLength) {
+  select(1, 1);
+  QTest::keyClick(&tree(), Qt::Key_Return);
+  ASSERT_EQ(places.places.size(), 1U);
+  EXPECT_EQ(places.places[0], (FilePlace{"Data\\INI\\Weapon.ini", {}, 3, 3, 12}));
+  tree().setCurrentIndex(tree().model()->index(0, 0));
+  QTest::keyClick(&tree(), Qt::Key_Return);
+  EXPECT_EQ(places.places.size(), 1U) << "a group is no place";
+}
+
+TEST_F(ProblemsTest, CopiesASelectedGroupWithAllOfItsFindings) {
+  tree().setCurrentIndex(tree().model()->index(1, 0));
+  part<QPushButton>("copyButton").click();
+  const QStringList lines = QGuiApplication::clipboard()->text().split('\n');
+  ASSERT_EQ(lines.size(), 3);
+  EXPECT_TRUE(lines[1].startsWith("Data/INI/Weapon.ini:3:3: error: ")) << lines[1].toStdString();
+  EXPECT_TRUE(lines[1].endsWith("[key-typo]"));
+}
+
+TEST_F(ProblemsTest, ChecksAgainWhenAFileHasChangedAndKeepsTheSelectedFinding) {
+  select(1, 2);
+  EXPECT_EQ(selectedLine(), "6");
+  game.ini("Weapon.ini", "; a line more\n" + kGuns);
+  ASSERT_TRUE(QTest::qWaitFor([this] { return selectedLine() == "7"; }, 15'000));
+  EXPECT_EQ(rows().last(), "Weapon.ini (3): 3 4 7");
+}
+
+TEST_F(ProblemsTest, ASelectionThatTheFilterHidesComesBack) {
+  select(1, 1);
+  part<QLineEdit>("filter").setText("stray-end");
+  part<QLineEdit>("filter").clear();
+  EXPECT_EQ(tree().currentIndex().parent().row(), 1);
+  EXPECT_EQ(selectedLine(), "3");
+}
+
+TEST_F(ProblemsTest, AnUnchangedFolderIsNotCheckedAgainByItself) {
+  // Files that were written just now are read anew, whatever their time says.
+  const auto hourAgo = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
+  for (const char* name : {"FXList.ini", "Weapon.ini", "Armor.ini"}) {
+    std::filesystem::last_write_time(game.native(std::string("Data/INI/") + name), hourAgo);
+  }
+  check.start();
+  ASSERT_TRUE(waitForCheck());
+  const DataCheck::ResultPtr before = check.result();
+  names.refresh();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !names.isReading() && !check.isRunning(); }));
+  EXPECT_EQ(check.result(), before);
+}
+
+TEST_F(ProblemsTest, ACancelledCheckKeepsWhatWasFoundBefore) {
+  const DataCheck::ResultPtr before = check.result();
+  game.ini("Weapon.ini", "Weapon Gun\nEnd\n");
+  part<QPushButton>("again").click();
+  EXPECT_TRUE(part<QPushButton>("cancel").isVisible());
+  part<QPushButton>("cancel").click();
+  EXPECT_FALSE(check.isRunning());
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !names.isReading(); }));
+  EXPECT_FALSE(check.isRunning());
+  EXPECT_EQ(check.result(), before);
+  EXPECT_TRUE(part<QLabel>("state").text().startsWith("Cancelled"))
+      << part<QLabel>("state").text().toStdString();
+  part<QPushButton>("again").click();
+  ASSERT_TRUE(waitForCheck());
+  EXPECT_EQ(rows(), QStringList({"Armor.ini (1): 3"}));
+}
+
+TEST_F(ProblemsTest, ClosingInTheMiddleOfACheckEndsNothingBadly) {
+  check.start();
+  window->close();
+  window.reset();
+  EXPECT_TRUE(waitForCheck());
+}
+
+}  // namespace
+}  // namespace korvane
