@@ -33,6 +33,8 @@ class CatalogueService : public QObject {
   void ensure();
   // Folders and archives behind the game folder, such as the original game's data.
   void setFurtherData(std::vector<std::string> paths);
+  // What the catalogue is made of.
+  CatalogueSources sources() const;
 
  Q_SIGNALS:
   void changed();
@@ -41,7 +43,6 @@ class CatalogueService : public QObject {
  private:
   void start();
   void take(const CataloguePtr& read);
-  CatalogueSources sources() const;
 
   const Folders& folders_;
   std::vector<std::string> further_;

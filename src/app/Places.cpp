@@ -10,14 +10,13 @@ namespace {
 
 constexpr QStringView kDataFolder = u"Data\\INI\\";
 
-QString FileName(const QString& path) {
-  return path.mid(path.lastIndexOf('\\') + 1);
-}
-
 }  // namespace
 
 FilePlace PlaceOf(const CatalogueFile& file, std::uint32_t line, std::uint32_t column, std::size_t length) {
-  const SourceFile& source = file.source();
+  return PlaceOf(file.source(), line, column, length);
+}
+
+FilePlace PlaceOf(const SourceFile& source, std::uint32_t line, std::uint32_t column, std::size_t length) {
   const bool loose = source.own && !source.archived;
   return {QString::fromStdString(source.path), loose ? QString() : QString::fromStdString(source.container),
           static_cast<int>(line), static_cast<int>(column), static_cast<int>(length)};
@@ -33,9 +32,13 @@ QString ShownPath(QString path) {
   return path;
 }
 
+QString ArchiveName(const QString& archive) {
+  return archive.mid(archive.lastIndexOf('\\') + 1);
+}
+
 QString ShownPlace(const FilePlace& place) {
   const QString at = QStringLiteral("%1, line %2").arg(ShownPath(place.path)).arg(place.line);
-  return place.archive.isEmpty() ? at : QStringLiteral("%1 (%2)").arg(at, FileName(place.archive));
+  return place.archive.isEmpty() ? at : QStringLiteral("%1 (%2)").arg(at, ArchiveName(place.archive));
 }
 
 QString KindName(KindId kind) {

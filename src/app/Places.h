@@ -25,10 +25,13 @@ struct ItemPlace {
   FilePlace place{};
 };
 
+FilePlace PlaceOf(const SourceFile& source, std::uint32_t line, std::uint32_t column, std::size_t length);
 FilePlace PlaceOf(const CatalogueFile& file, std::uint32_t line, std::uint32_t column, std::size_t length);
 ItemPlace ItemOf(const FoundDefinition& definition);
 // A path below the game folder as it is shown: it begins below Data\INI where it lies there.
 QString ShownPath(QString path);
+// The last part of the archive's path, or of the further folder's.
+QString ArchiveName(const QString& archive);
 // "Weapon.ini, line 12", with the archive when one has it.
 QString ShownPlace(const FilePlace& place);
 QString KindName(KindId kind);

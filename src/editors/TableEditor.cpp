@@ -11,6 +11,7 @@
 
 #include "app/EditorLauncher.h"
 #include "app/ManualEditRequest.h"
+#include "app/SearchCommands.h"
 #include "controls/Icons.h"
 #include "controls/MenuButton.h"
 #include "controls/NoticeBar.h"
@@ -29,6 +30,9 @@ namespace {
 // Of a window that was never closed, in pixels.
 constexpr int kWidth = 860;  // at least, or the list would be narrow
 constexpr int kHeight = 480;
+
+// Behind the given entry of the context menu.
+constexpr const char* kNameCommands[] = {"", "goToDefinition", "findUses"};
 
 // The parts of the notice bar.
 enum Notices { soughtNotices, entryNotices, typedNotices };
@@ -82,6 +86,8 @@ void TableEditor::makeMenus() {
   popup->setObjectName("MnuPop");
   popup->addAction(entry_.manualEditCaption, this, &TableEditor::editInManualEditor)
       ->setObjectName("PopManEd");
+  AddSearchCommands(commands_, [this](SearchCommand command) { context_.launcher.search(command, *this); });
+  FillMenu(*popup, commands_, kNameCommands);
   const auto show = [popup](const QPoint& at) { popup->popup(at); };
   for (QAbstractItemView* view :
        {static_cast<QAbstractItemView*>(&pane_->list()), static_cast<QAbstractItemView*>(&pane_->table())}) {

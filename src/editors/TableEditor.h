@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "app/BlockNotices.h"
+#include "app/Commands.h"
 #include "app/NameSource.h"
 #include "app/Services.h"
 #include "controls/InPlaceTable.h"
@@ -99,6 +100,7 @@ class TableEditor : public QMainWindow, public NameSource {
   ListAndTable* pane_;
   NoticeBar* notices_;
   QMenu* MnuFile_ = nullptr;
+  Commands commands_{*this};
   QPersistentModelIndex settled_;  // the entry to go back to when a choice is refused
   bool loaded_ = false;
   WindowCalls calls_{*this, [this] { Q_EMIT closedForGood(); }};

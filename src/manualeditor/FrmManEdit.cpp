@@ -344,7 +344,8 @@ void FrmManEdit::showLine() {
 void FrmManEdit::showClock() {
   const QDateTime now = QDateTime::currentDateTime();
   const QLocale locale;
-  const QString file = openText_->isPart() ? QString() : openText_->file();
+  QString file = openText_->isPart() ? QString() : openText_->file();
+  if (!openText_->archive().isEmpty()) file += " (from " + openText_->archive() + ')';
   panels_[timePanel]->setText("Time: " + locale.toString(now.time(), QLocale::ShortFormat));
   panels_[datePanel]->setText("Date: " + locale.toString(now.date(), QLocale::ShortFormat));
   panels_[filePanel]->setText(file);
@@ -426,7 +427,7 @@ void FrmManEdit::goForward() {
 }
 
 bool FrmManEdit::goToIn(const QString& file, const ManualEditPlace& place) {
-  const bool shown = isVisible() && !openText_->isPart();
+  const bool shown = isVisible() && !openText_->isPart() && openText_->archive().isEmpty();
   if (!shown || openText_->file().compare(file, Qt::CaseInsensitive) != 0) return false;
   if (ManEditInitDone_) {
     TxtManEdit_->goTo(place.line - 1, place.column - 1, place.length);

@@ -153,6 +153,10 @@ FileBytesOfText IniTextEdit::fileBytes() const {
   return FileOfUtf8(utf8());
 }
 
+void IniTextEdit::setReadOnly(bool readOnly) {
+  text_->setReadOnly(readOnly);
+}
+
 bool IniTextEdit::isModified() const {
   return text_->isModified();
 }

@@ -39,6 +39,7 @@ class IniTextEdit : public QWidget {
   // The file that holds the text, see FileOfUtf8.
   FileBytesOfText fileBytes() const;
 
+  void setReadOnly(bool readOnly);
   bool isModified() const;
   void setUnmodified();
 

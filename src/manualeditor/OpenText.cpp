@@ -52,16 +52,23 @@ bool OpenText::open(const ManualEditRequest& request) {
   if (!letGo()) return false;
   file_ = request.ManualEditFile;
   part_ = request.ManualEditPartial != 0;
+  archive_ = request.archive;
   onDisk_.reset();
   if (!request.text && !part_) onDisk_ = MarkOf(file.bytes());
   look_ = look;
   vanished_ = false;
+  text_.setReadOnly(false);  // for the new text itself
   text_.setBytes(request.text ? std::string_view(*request.text) : file.bytes());
+  text_.setReadOnly(!archive_.isEmpty());
   Q_EMIT said(ofFile, {});
   return true;
 }
 
 bool OpenText::save() {
+  if (!archive_.isEmpty()) {
+    tell("This text is in " + archive_ + "; extract it first.");
+    return false;
+  }
   if (part_) {
     tell("Sorry, " + ApplicationTitle() + " can only save 'Files' not 'Objects'");
     return false;

@@ -37,6 +37,8 @@ class OpenText : public QObject {
   // handed over.
   const QString& file() const { return file_; }
   bool isPart() const { return part_; }
+  // What has the file, if that is not on the disk; empty for all others.
+  const QString& archive() const { return archive_; }
   // Closing it would lose something.
   bool isUnsaved() const;
 
@@ -81,6 +83,7 @@ class OpenText : public QObject {
   const KeptVersions& versions_;
   QString file_;
   bool part_ = false;
+  QString archive_;
   std::optional<BytesMark> onDisk_;  // what the file held when it was last read or written; none of a part
   FileLook look_;
   bool vanished_ = false;

@@ -5,7 +5,6 @@
 #include <array>
 #include <string_view>
 
-#include "app/CatalogueService.h"
 #include "app/EditorLauncher.h"
 #include "app/ManualEditRequest.h"
 #include "catalogue/SourceFiles.h"
@@ -31,6 +30,28 @@ constexpr std::array kOwnWindows = {
 bool IsObject(KindId kind) {
   const GameStructure& structure = GameStructure::get();
   return kind == structure.kind("Object") || kind == structure.kind("ObjectReskin");
+}
+
+// The file as its archive or further folder has it now.
+std::optional<SourceFile> ArchivedSource(const FilePlace& place) {
+  const std::string container = place.archive.toStdString();
+  const std::string path = place.path.toStdString();
+  if (auto loose = LooseSource(container, path)) return loose;
+  const auto list = ListSourceFiles({container}, {});
+  for (const SourceFile& file : list->files) {
+    if (file.container == container && ComparedPath(file.path) == ComparedPath(path)) return file;
+  }
+  return std::nullopt;
+}
+
+// Why the text cannot be read, as a clause; empty when it was.
+std::string ReadArchived(const FilePlace& place, std::string& text) {
+  const auto source = ArchivedSource(place);
+  if (!source) return "it is not there any more";
+  SourceReader reader;
+  std::string fault = reader.read(*source);
+  text = reader.bytes();
+  return fault;
 }
 
 }  // namespace
@@ -67,26 +88,13 @@ bool PlaceOpener::showInOwnWindow(const ItemPlace& item) {
          mainWindow_().showObject(item.place.path, item.name);
 }
 
-// Why the text cannot be read, as a clause; empty when it was.
-std::string PlaceOpener::readArchived(const FilePlace& place, std::string& text) const {
-  const CatalogueFile* file =
-      names_.catalogue() == nullptr ? nullptr : names_.catalogue()->file(place.path.toStdString());
-  if (file == nullptr || file->source().container != place.archive.toStdString()) {
-    return "it is not there any more";
-  }
-  SourceReader reader;
-  std::string fault = reader.read(file->source());
-  text = reader.bytes();
-  return fault;
-}
-
 void PlaceOpener::edit(const FilePlace& place) {
   ManualEditRequest request;
   request.place = {place.line, place.column, place.length};
   request.ManualEditFile = services_.folders.game + '\\' + place.path;
   if (!place.archive.isEmpty()) {
-    request.ManualEditPartial = 1;
-    const std::string fault = readArchived(place, request.text.emplace());
+    request.archive = ArchiveName(place.archive);
+    const std::string fault = ReadArchived(place, request.text.emplace());
     if (!fault.empty()) {
       const QString text = ShownPlace(place) + ": " + QString::fromStdString(fault) + '.';
       services_.messages.show({.text = text}, &mainWindow_());

@@ -9,16 +9,14 @@
 
 namespace korvane {
 
-class CatalogueService;
 class EditorLauncher;
 class FrmEdit;
 
 // Shows places and items in the program's windows, and goes back and forward through those it has shown.
 class PlaceOpener : public PlaceLauncher {
  public:
-  PlaceOpener(const Services& services, EditorLauncher& launcher, CatalogueService& names,
-              std::function<FrmEdit&()> mainWindow)
-      : services_(services), launcher_(launcher), names_(names), mainWindow_(std::move(mainWindow)) {}
+  PlaceOpener(const Services& services, EditorLauncher& launcher, std::function<FrmEdit&()> mainWindow)
+      : services_(services), launcher_(launcher), mainWindow_(std::move(mainWindow)) {}
 
   void showPlace(const FilePlace& place) override;
   void showItem(const ItemPlace& item) override;
@@ -29,11 +27,9 @@ class PlaceOpener : public PlaceLauncher {
   void show(const ItemPlace& item);
   bool showInOwnWindow(const ItemPlace& item);
   void edit(const FilePlace& place);
-  std::string readArchived(const FilePlace& place, std::string& text) const;
 
   const Services& services_;
   EditorLauncher& launcher_;
-  CatalogueService& names_;
   std::function<FrmEdit&()> mainWindow_;
   PlaceHistory history_;
 };

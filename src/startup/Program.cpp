@@ -19,6 +19,7 @@
 #include "platform/MessageBoxes.h"
 #include "platform/Registry.h"
 #include "problems/ProblemsWindow.h"
+#include "search/UsesWindow.h"
 #include "setup/frmWizard.h"
 #include "startup/frmSplash.h"
 
@@ -47,20 +48,21 @@ Program::Program(const Services& services, Folders& folders, QString arguments)
       registry_(SystemRegistry()),
       names_(services.folders),
       searchRows_(names_),
-      places_(services, *this, names_, [this]() -> FrmEdit& { return mainWindow(); }),
-      searchDesk_(searchRows_, places_),
+      places_(services, *this, [this]() -> FrmEdit& { return mainWindow(); }),
+      searchDesk_(searchRows_, places_, [this]() -> UsesWindow& { return uses_.get(); }),
       dataCheck_(names_),
+      uses_([this] { return makeUsesWindow(); }),
       wizard_([this] { return makeWizard(); }),
       manualEditor_([this] { return makeManualEditor(); }),
       options_([this] { return makeOptions(); }),
       about_([this] { return makeAbout(); }),
       extras_([this] { return new FrmFun(services_.settings); }),
-      weaponEditor_([this] { return new FrmWE(editorContext()); }),
+      weaponEditor_([this] { return withSearch(new FrmWE(editorContext())); }),
       armourEditor_([this] { return makeArmourEditor(); }),
       damageTypes_([this] { return makeDamageTypes(); }),
       commandSetEditor_([this] { return makeCommandSetEditor(); }),
       commandSetFormat_([this] { return new CmdSetFormat(services_.settings); }),
-      commandButtonEditor_([this] { return new FrmCmdBtn(editorContext()); }),
+      commandButtonEditor_([this] { return withSearch(new FrmCmdBtn(editorContext())); }),
       problems_([this] { return new ProblemsWindow(services_.settings, dataCheck_, places_); }) {}
 
 Program::~Program() = default;
@@ -148,6 +150,20 @@ void Program::showAbout() {
   Present(about_.get());
 }
 
+UsesWindow* Program::makeUsesWindow() {
+  auto* window = new UsesWindow(services_.settings, names_, places_);
+  QObject::connect(window, &UsesWindow::searchAsked, window,
+                   [this, window](SearchCommand command) { search(command, *window); });
+  searchDesk_.addPopup(*window);
+  return window;
+}
+
+template <typename Editor>
+Editor* Program::withSearch(Editor* editor) {
+  searchDesk_.addPopup(*editor);
+  return editor;
+}
+
 TableEditorContext Program::editorContext() {
   return {mainWindow().parser(), services_, *this, mainWindow()};
 }
@@ -161,7 +177,7 @@ void Program::selectWeapon(const QString& name) {
 }
 
 FrmArmour* Program::makeArmourEditor() {
-  auto* window = new FrmArmour(editorContext());
+  auto* window = withSearch(new FrmArmour(editorContext()));
   QObject::connect(window, &FrmArmour::damageTypesAsked, window, [this] { Present(damageTypes_.get()); });
   return window;
 }
@@ -190,7 +206,7 @@ void Program::selectArmour(const QString& name) {
 }
 
 FrmCmdSet* Program::makeCommandSetEditor() {
-  auto* window = new FrmCmdSet(editorContext());
+  auto* window = withSearch(new FrmCmdSet(editorContext()));
   QObject::connect(window, &FrmCmdSet::formatAsked, window, [this] { Present(commandSetFormat_.get()); });
   return window;
 }

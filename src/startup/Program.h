@@ -33,6 +33,7 @@ class FrmWE;
 class KeptVersions;
 class ProblemsWindow;
 class Registry;
+class UsesWindow;
 class frmAbout;
 class frmWizard;
 struct TableEditorContext;
@@ -81,6 +82,9 @@ class Program : public EditorLauncher, public StartupWindows {
   FrmOpt* makeOptions();
   frmAbout* makeAbout();
   frmWizard* makeWizard();
+  UsesWindow* makeUsesWindow();
+  template <typename Editor>
+  Editor* withSearch(Editor* editor);
   FrmArmour* makeArmourEditor();
   FrmAmrPar* makeDamageTypes();
   FrmCmdSet* makeCommandSetEditor();
@@ -104,6 +108,7 @@ class Program : public EditorLauncher, public StartupWindows {
   DataCheck dataCheck_;
 
   std::unique_ptr<FrmEdit> mainWindow_;
+  Lazy<UsesWindow> uses_;
   Lazy<frmWizard> wizard_;
   Lazy<FrmManEdit> manualEditor_;
   Lazy<FrmOpt> options_;

@@ -2,17 +2,34 @@
 #include "startup/SearchDesk.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QToolTip>
 
 #include "app/CatalogueService.h"
+#include "controls/Present.h"
+#include "controls/ShownText.h"
 #include "platform/TextEncoding.h"
 #include "search/FindAnything.h"
 #include "search/SearchRows.h"
+#include "search/UsesWindow.h"
 
 namespace korvane {
+
+namespace {
+
+const QString kNoName = QStringLiteral("There is no name here.");
+
+// In passing, beside what the keyboard is in.
+void Tell(const QString& text) {
+  QWidget* here = QApplication::focusWidget();
+  if (here != nullptr) QToolTip::showText(here->mapToGlobal(QPoint(0, 0)), text, here);
+}
+
+}  // namespace
 
 void SearchDesk::addField(QMainWindow& window, std::function<QList<QAction*>()> commands) {
   QLineEdit* field = FindAnything::makeField();
@@ -29,7 +46,7 @@ void SearchDesk::addField(QMainWindow& window, std::function<QList<QAction*>()> 
   new FindAnything(window, {rows_, places_, std::move(commands), {}}, field);
 }
 
-void SearchDesk::addPopup(QMainWindow& window, std::function<void(int)> goToLine) {
+void SearchDesk::addPopup(QWidget& window, std::function<void(int)> goToLine) {
   const auto commands = [&window] {
     QList<QAction*> found;
     for (QAction* action : window.findChildren<QAction*>()) {
@@ -48,7 +65,13 @@ void SearchDesk::carryOut(SearchCommand command, QWidget& window) {
       if (auto* popup = window.findChild<FindAnything*>()) popup->open();
       break;
     case SearchCommand::definition:
-      if (name) goToDefinition(*name);
+      name ? goToDefinition(*name) : Tell(kNoName);
+      break;
+    case SearchCommand::uses:
+      name ? findUses(*name) : Tell(kNoName);
+      break;
+    case SearchCommand::files:
+      findInFiles(name ? name->name : QString());
       break;
     case SearchCommand::back:
       places_.goBack();
@@ -56,7 +79,7 @@ void SearchDesk::carryOut(SearchCommand command, QWidget& window) {
     case SearchCommand::forward:
       places_.goForward();
       break;
-    default:
+    case SearchCommand::problems:  // asks for no place
       break;
   }
 }
@@ -64,9 +87,20 @@ void SearchDesk::carryOut(SearchCommand command, QWidget& window) {
 void SearchDesk::goToDefinition(const NameHere& name) {
   const CataloguePtr& names = rows_.names().catalogue();
   rows_.names().ensure();
-  if (names == nullptr) return;
+  if (names == nullptr) return Tell("The names are being read. Try again in a moment.");
   const auto found = names->definitions(name.space, ToBytes(name.name));
-  if (!found.empty()) places_.showItem(ItemOf(found.front()));
+  if (found.empty()) return Tell("No file defines '" + ShownText(name.name) + "'.");
+  places_.showItem(ItemOf(found.front()));
+}
+
+void SearchDesk::findUses(const NameHere& name) {
+  usesWindow_().showUses(name);
+  Present(usesWindow_());
+}
+
+void SearchDesk::findInFiles(const QString& text) {
+  usesWindow_().askForText(text);
+  Present(usesWindow_());
 }
 
 }  // namespace korvane

@@ -15,24 +15,29 @@ class QMainWindow;
 namespace korvane {
 
 class SearchRows;
+class UsesWindow;
 
 // Carries out the search commands of all windows.
 class SearchDesk {
  public:
-  SearchDesk(SearchRows& rows, PlaceLauncher& places) : rows_(rows), places_(places) {}
+  SearchDesk(SearchRows& rows, PlaceLauncher& places, std::function<UsesWindow&()> usesWindow)
+      : rows_(rows), places_(places), usesWindow_(std::move(usesWindow)) {}
 
   // "Find anything" as a field at the right end of the window's menu bar.
   void addField(QMainWindow& window, std::function<QList<QAction*>()> commands);
   // The same as a popup of the window; `goToLine` goes to a line of its file, if it shows one.
-  void addPopup(QMainWindow& window, std::function<void(int)> goToLine = {});
+  void addPopup(QWidget& window, std::function<void(int)> goToLine = {});
 
   void carryOut(SearchCommand command, QWidget& window);
 
  private:
   void goToDefinition(const NameHere& name);
+  void findUses(const NameHere& name);
+  void findInFiles(const QString& text);
 
   SearchRows& rows_;
   PlaceLauncher& places_;
+  std::function<UsesWindow&()> usesWindow_;
 };
 
 }  // namespace korvane
