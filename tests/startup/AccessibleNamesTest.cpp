@@ -47,6 +47,7 @@ TEST_F(AccessibleNamesTest, EveryControlOfTheKeyboardHasOne) {
   program.search(SearchCommand::problems, program.mainWindow());
   program.showOptions();
   program.showAbout();
+  program.search(SearchCommand::files, program.mainWindow());
   QTest::qWait(10);
   EXPECT_EQ(Nameless().join('\n').toStdString(), "");
 }
