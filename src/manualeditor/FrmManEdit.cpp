@@ -144,11 +144,13 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
 void FrmManEdit::buildMenus() {
   QMenu* menu = nullptr;
   for (const MenuEntry& entry : kMenuEntries) {
-    if (*entry.caption == '\0') {
-      menu->addSeparator();
-    } else if (entry.run == nullptr) {
+    if (entry.run == nullptr && *entry.caption != '\0') {
       menu = menuBar()->addMenu(entry.caption);
       menu->setObjectName(entry.name);
+    } else if (menu == nullptr) {
+      continue;  // the table begins with a menu
+    } else if (entry.run == nullptr) {
+      menu->addSeparator();
     } else {
       QAction* action = menu->addAction(entry.caption, this, entry.run);
       action->setObjectName(entry.name);

@@ -57,10 +57,12 @@ TextCommands::TextCommands(IniTextEdit& text) : QObject(&text), text_(text) {
 void TextCommands::addMenus(QMenuBar& bar) {
   QMenu* menu = nullptr;
   for (const Command& entry : kCommands) {
-    if (*entry.caption == '\0') {
-      menu->addSeparator();
-    } else if (entry.run == nullptr) {
+    if (entry.run == nullptr && *entry.caption != '\0') {
       menu = Named(entry.name, bar.addMenu(entry.caption));
+    } else if (menu == nullptr) {
+      continue;  // the table begins with a menu
+    } else if (entry.run == nullptr) {
+      menu->addSeparator();
     } else {
       QAction* action = Named(entry.name, menu->addAction(entry.caption, this, entry.run));
       action->setCheckable(entry.checkable);
