@@ -85,6 +85,7 @@ ProblemsWindow::ProblemsWindow(SettingsStore& settings, DataCheck& check, PlaceL
   });
   connect(&check_, &DataCheck::runningChanged, this, &ProblemsWindow::showRunning);
   connect(&check_, &DataCheck::progress, this, &ProblemsWindow::showProgress);
+  check_.setNotes(false);  // as the button says
   RestorePlacement(settings_, *this);
   showFindings();
   showRunning();

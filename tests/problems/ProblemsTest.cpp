@@ -120,6 +120,9 @@ TEST_F(ProblemsTest, NotesAreLookedForWhenTheyAreAskedFor) {
   EXPECT_GT(check.result()->count(Level::note), 0);
   EXPECT_NE(part<QToolButton>("notes").text(), "Notes");
   EXPECT_TRUE(rows().join(' ').contains("FXList.ini")) << "nothing names FX_Bang";
+  window = std::make_unique<ProblemsWindow>(settings, check, places);
+  window->show();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !check.result()->withNotes; })) << "a new window shows none";
 }
 
 TEST_F(ProblemsTest, EnterOpensThePlaceWithItsLength) {
