@@ -34,7 +34,7 @@ struct Finding {
   int length = 0;  // of what is marked; 0 only at the end of a file
   std::string text{};
   std::string suggestion{};  // what stands there should most likely be this; empty where nothing is near
-  OtherPlace other{};         // the first definition, the open block's header; line 0 where there is none
+  OtherPlace other{};        // the first definition, the open block's header; line 0 where there is none
   std::string group{};       // the same for findings that one mend mends (one missing name); else empty
 
   bool operator==(const Finding&) const = default;

@@ -139,7 +139,7 @@ void ProblemsWindow::buildTree() {
   tree_->addAction(copyAction);
   tree_->setContextMenuPolicy(Qt::ActionsContextMenu);
   connect(copyAction, &QAction::triggered, this, &ProblemsWindow::copy);
-  connect(tree_, &QTreeView::activated, this, &ProblemsWindow::open);
+  connect(tree_, &QTreeView::activated, this, &ProblemsWindow::openPlace);
   connect(tree_, &QTreeView::collapsed, this, [this](const QModelIndex& group) {
     collapsed_ += group.data(ProblemsModel::titleRole).toString();
   });
@@ -203,7 +203,7 @@ void ProblemsWindow::copy() {
   if (!lines.isEmpty()) QGuiApplication::clipboard()->setText(lines.join('\n'));
 }
 
-void ProblemsWindow::open(const QModelIndex& index) {
+void ProblemsWindow::openPlace(const QModelIndex& index) {
   const Finding* finding = model_->finding(index);
   if (finding == nullptr) return;
   places_.showPlace({FilePathOf(*finding), {}, finding->line, std::max(finding->column, 1), finding->length});

@@ -44,7 +44,7 @@ class ProblemsWindow : public ToolDialog {
   void startCheck() { check_.start(); }
   void cancelCheck();
   void copy();
-  void open(const QModelIndex& index);
+  void openPlace(const QModelIndex& index);
   void levelToggled(Level level, bool shown);
 
   ProblemsView view() const;

@@ -120,7 +120,7 @@ QWidget* UsesWindow::makeTree() {
   tree_->setUniformRowHeights(true);
   tree_->setExpandsOnDoubleClick(false);
   tree_->header()->resizeSection(0, kWhereWidth);
-  connect(tree_, &QTreeView::activated, this, &UsesWindow::open);
+  connect(tree_, &QTreeView::activated, this, &UsesWindow::openPlace);
   return tree_;
 }
 
@@ -304,7 +304,7 @@ void UsesWindow::expandFew() {
   if (found_->lineCount() <= kMostExpanded || !filter_->text().isEmpty()) tree_->expandAll();
 }
 
-void UsesWindow::open(const QModelIndex& index) {
+void UsesWindow::openPlace(const QModelIndex& index) {
   const QModelIndex row = index.siblingAtColumn(0);
   if (filtered_.rowCount(row) > 0) return tree_->setExpanded(row, !tree_->isExpanded(row));
   if (const FoundLine* line = found_->lineAt(filtered_.mapToSource(row))) places_.showPlace(line->place);

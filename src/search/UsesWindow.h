@@ -66,7 +66,7 @@ class UsesWindow : public ToolDialog, public NameSource {
   QString counted(const char* one, const char* many) const;
   void filter(const QString& text);
   void expandFew();
-  void open(const QModelIndex& index);
+  void openPlace(const QModelIndex& index);
   void showNamesOfChosen();
   void copyAsText() const;
 

@@ -94,8 +94,8 @@ TEST_F(SearchJourney, ATextInAnArchiveIsFoundAndShownButNeverSaved) {
   EXPECT_EQ(messages.shown[0].text, "This text is in INI.big; extract it first.");
   EXPECT_FALSE(std::filesystem::exists(game.native("Data/INI/Packed.ini")));
   program.showManualEditor({.ManualEditFile = game.qpath() + "\\Data\\INI\\CommandSet.ini"});
-  EXPECT_TRUE(QTest::qWaitFor(
-      [] { return part<QLabel>("FrmManEdit", "Panel5").text().endsWith("CommandSet.ini"); }));
+  EXPECT_TRUE(
+      QTest::qWaitFor([] { return part<QLabel>("FrmManEdit", "Panel5").text().endsWith("CommandSet.ini"); }));
   QTest::keyClicks(part<QWidget>("FrmManEdit", "TxtManEdit").focusProxy(), "; ");
   part<QAction>("FrmManEdit", "MnuSave").trigger();
   EXPECT_TRUE(game.read("Data/INI/CommandSet.ini").starts_with("; CommandSet"));
