@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QClipboard>
 
+#include <chrono>
+#include <fstream>
+#include <thread>
+
 #include "manualeditor/ManEditFixture.h"
 #include "platform/UnsavedJournal.h"
 #include "support/Processes.h"
@@ -76,6 +80,30 @@ TEST_F(SavingTest, ASaveThatFailsSaysWhyAndKeepsTheText) {
     fs::remove(native());
   }
   EXPECT_EQ(text().fileBytes().bytes, "x" + kFile);
+}
+
+TEST_F(SavingTest, ASaveTellsThatItsFormerVersionCouldNotBeKept) {
+  openFile(kFile);
+  type("x");
+  const auto blocked = blockKeeping();
+  trigger("MnuSave");
+  EXPECT_EQ(saved(), std::string("x") + kFile);
+  ASSERT_EQ(messages_.shown.size(), 1U);
+  EXPECT_TRUE(messages_.shown[0].text.contains("its former version could not be kept"));
+}
+
+TEST_F(SavingTest, AFileThatKeepsChangingIsRefused) {
+  openFile(kFile);
+  game_.write("Data/INI/Armor.ini", "");
+  std::jthread writer([this](const std::stop_token& stop) {
+    std::ofstream file(game_.native("Data/INI/Armor.ini"), std::ios::binary);
+    for (; !stop.stop_requested(); std::this_thread::sleep_for(std::chrono::milliseconds(5))) {
+      file << "; more" << std::flush;
+    }
+  });
+  EXPECT_FALSE(window_->open({game_.qpath() + "\\Data\\INI\\Armor.ini"}));
+  ASSERT_EQ(messages_.shown.size(), 1U);
+  EXPECT_EQ(text().fileBytes().bytes, kFile);
 }
 
 TEST_F(SavingTest, ACharacterThatNoFileCanHoldIsNamedAndSelectedAndNothingIsWritten) {

@@ -16,6 +16,7 @@
 #include "files/NativePath.h"
 #include "manualeditor/IniTextEdit.h"
 #include "manualeditor/OpenText.h"
+#include "platform/FileText.h"
 #include "setup/GameFolderCheck.h"
 #include "startup/Program.h"
 #include "stock/StockTable.h"
@@ -264,7 +265,7 @@ void Monkey::inspect(const char* what) {
   for (const GameLedger::Change& change : ledger_.look()) {
     if (!change.before && change.after && ledger_.isOriginal(change.path, *change.after)) {
       ++report_.restored;
-    } else if (!change.after || !isSaved(change)) {
+    } else if (!change.after || !(isSaved(change) || isConverted(change))) {
       fail("A file changed that no save changed, by " + std::string(what) + ": " + Description(change));
     } else if (change.before && !isKept(*change.before)) {
       fail("A save did not keep the version before it, by " + std::string(what) + ": " + Description(change));
@@ -283,6 +284,13 @@ bool Monkey::isSaved(const GameLedger::Change& change) const {
     if (isItsFile && text->fileBytes().bytes == *change.after) return true;
   }
   return false;
+}
+
+// The notice bar's button gives a file the line ends that a save would give it.
+bool Monkey::isConverted(const GameLedger::Change& change) {
+  if (!change.before) return false;
+  const QByteArray text = Utf8OfFile(*change.before);
+  return FileOfUtf8({text.constData(), static_cast<std::size_t>(text.size())}).bytes == *change.after;
 }
 
 bool Monkey::isKept(const std::string& bytes) const {

@@ -58,6 +58,7 @@ class Monkey {
   void stayInGame();
   void inspect(const char* what);
   bool isSaved(const GameLedger::Change& change) const;
+  static bool isConverted(const GameLedger::Change& change);
   bool isKept(const std::string& bytes) const;
   void fail(const std::string& fault);
   void garbleSetting();

@@ -3,6 +3,8 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QDir>
+#include <QFileInfo>
 #include <QListView>
 #include <QPointer>
 #include <QPushButton>
@@ -13,6 +15,8 @@
 #include "controls/InPlaceTable.h"
 #include "mainwindow/FrmEdit.h"
 #include "manualeditor/IniTextEdit.h"
+#include "platform/FileWriter.h"
+#include "platform/KeptVersions.h"
 #include "startup/Program.h"
 #include "support/TestDesk.h"
 #include "support/Windows.h"
@@ -70,6 +74,33 @@ TEST_F(EditorWindowsTest, ClearingTheSearchHistoryEmptiesTheOpenManualEditorsLis
   program.showOptions();
   WindowNamed("FrmOpt")->findChild<QPushButton*>("Command1")->click();
   EXPECT_EQ(finds->count(), 0);
+}
+
+TEST_F(EditorWindowsTest, ExitKeepsWhatIsTypedAndStaysWhenThatFails) {
+  const QString path = game.qpath() + "\\Data\\INI\\Weapon.ini";
+  game.ini("Weapon.ini", "Weapon Gun\nEnd\n");
+  program.showManualEditor({path});
+  EXPECT_TRUE(QTest::qWaitFor([&] { return WindowNamed("FrmManEdit")->windowTitle() == "Manual Editor"; }));
+  WindowNamed("FrmManEdit")->findChild<IniTextEdit*>("TxtManEdit")->replaceSelection("typed");
+  const FileWriter files;
+  const KeptVersions versions(files);
+  const QString folder = versions.folderOf(path);
+  QDir(folder).removeRecursively();
+  ASSERT_TRUE(QDir().mkpath(QFileInfo(folder).path()));
+  auto* exit = program.mainWindow().findChild<QAction*>("MnuExit");
+  {
+    QFile inTheWay(folder);
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    exit->trigger();
+    EXPECT_EQ(process.ends, 0);
+    EXPECT_EQ(messages.asked.size(), 1U);
+    inTheWay.remove();
+  }
+  exit->trigger();
+  EXPECT_EQ(process.ends, 1);
+  const std::vector<KeptVersion> kept = KeptVersions::versionsIn(folder);
+  ASSERT_EQ(kept.size(), 1U);
+  EXPECT_TRUE(KeptVersions::read(kept.front()).value_or(QString()).startsWith("typed"));
 }
 
 TEST_F(EditorWindowsTest, AFindingOpensItsPlaceAndTheStatusBarCountsThem) {
