@@ -26,8 +26,8 @@ constexpr MoveCommands::Command MoveCommands::kCommands[] = {
 };
 
 MoveCommands::MoveCommands(IniTextEdit& text, BlockOutline& outline)
-    : QObject(&text), text_(text), outline_(outline), popup_(&text) {
-  connect(&popup_, &JumpPopup::chosen, this, &MoveCommands::goTo);
+    : QObject(&text), text_(text), outline_(outline), popup_(new JumpPopup(&text)) {
+  connect(popup_, &JumpPopup::chosen, this, &MoveCommands::goTo);
 }
 
 void MoveCommands::addTo(QMenu& search, QMenu& view) {
@@ -40,7 +40,7 @@ void MoveCommands::addTo(QMenu& search, QMenu& view) {
 }
 
 void MoveCommands::goToLine() {
-  popup_.ask(QStringLiteral("Line, 1 to %1").arg(text_.lineCount()), {});
+  popup_->ask(QStringLiteral("Line, 1 to %1").arg(text_.lineCount()), {});
 }
 
 void MoveCommands::goToBlock() {
@@ -52,7 +52,7 @@ void MoveCommands::goToBlock() {
     if (static_cast<int>(block.firstLine) <= text_.cursorLine() + 1) current = static_cast<int>(items.size());
     items.push_back({BlockOutline::captionOf(block), static_cast<int>(block.firstLine)});
   }
-  popup_.ask("Block or line", std::move(items), current);
+  popup_->ask("Block or line", std::move(items), current);
 }
 
 void MoveCommands::goTo(int line) {

@@ -35,7 +35,7 @@ class MoveCommands : public QObject {
 
   IniTextEdit& text_;
   BlockOutline& outline_;
-  JumpPopup popup_;
+  JumpPopup* popup_;
 };
 
 }  // namespace korvane

@@ -15,7 +15,7 @@ constexpr std::size_t kMostCounted = 16'000'000;  // bytes of a text whose hits 
 
 }  // namespace
 
-TextFinder::TextFinder(IniTextEdit& text) : QObject(&text), text_(text) {
+TextFinder::TextFinder(IniTextEdit& text) : text_(text) {
   recount_.setSingleShot(true);
   connect(&recount_, &QTimer::timeout, this, &TextFinder::count);
   connect(&text_, &IniTextEdit::edited, this, [this] {
