@@ -51,6 +51,7 @@ std::vector<fs::path> BenchFolders::objectFiles() const {
 
 std::vector<fs::path> BenchFolders::dataFiles() const {
   std::vector<fs::path> files;
+  files.reserve(kDataFiles.size());
   for (const DataFile& file : kDataFiles) files.push_back(game() / NativeOf(RelativePath(file)));
   return files;
 }

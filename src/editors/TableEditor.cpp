@@ -69,7 +69,10 @@ TableEditor::TableEditor(const TableEditorEntry& entry, const TableEditorContext
   pane_->list().setFocus();
 }
 
-TableEditor::~TableEditor() = default;
+// A cell that is being typed into is taken when its table goes, which is after this window.
+TableEditor::~TableEditor() {
+  table().disconnect(this);
+}
 
 InPlaceTable& TableEditor::table() {
   return pane_->table();

@@ -42,6 +42,7 @@ const auto kIsCode = CLI::Validator(
 template <typename Value>
 std::vector<std::string> NamesOf(const std::map<std::string, Value>& choices) {
   std::vector<std::string> names;
+  names.reserve(choices.size());
   for (const auto& [name, value] : choices) names.push_back(name);
   return names;
 }

@@ -20,6 +20,7 @@ namespace {
 
 std::vector<std::string> CatalogueFiles() {
   std::vector<std::string> paths;
+  paths.reserve(kDataFiles.size());
   for (const DataFile& file : kDataFiles) {
     paths.push_back(std::string(file.folder.substr(1)) + std::string(file.name));
   }
@@ -34,6 +35,7 @@ std::vector<std::string> AllFiles(const PackSources& sources) {
     }
   }
   std::vector<std::string> paths;
+  paths.reserve(byLowerPath.size());
   for (const auto& [lowerPath, path] : byLowerPath) paths.push_back(path);
   return paths;
 }

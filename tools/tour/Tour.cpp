@@ -215,9 +215,10 @@ void Tour::options() {
   if (shown == nullptr) return;
   auto* tabBox = shown->findChild<QTabWidget*>("SSTab1");
   const char* const names[] = {"options-general", "options-menu", "options-manual-editor"};
-  for (int tab = 0; tab < tabBox->count(); ++tab) {
-    tabBox->setCurrentIndex(tab);
-    picture(shown, names[tab]);
+  int tab = 0;
+  for (const char* name : names) {
+    tabBox->setCurrentIndex(tab++);
+    picture(shown, name);
   }
   shown->close();
 }
