@@ -48,6 +48,7 @@ bool IsEnter(const QEvent& event, QEvent::Type type) {
 FindBar::FindBar(IniTextEdit& text, QToolBar& bar)
     : QObject(&bar),
       text_(text),
+      control_(text.focusProxy()),
       finder_(text),
       CboFind_(Named("CboFind", new QComboBox)),
       BtnFind_(Named("BtnFind", new QPushButton(kFind))),
@@ -239,7 +240,7 @@ bool FindBar::textEvent(const QEvent& event) {
 
 bool FindBar::eventFilter(QObject* watched, QEvent* event) {
   if (watched == CboFind_ && boxEvent(*event)) return true;
-  if (watched == text_.focusProxy() && textEvent(*event)) return true;
+  if (watched == control_ && textEvent(*event)) return true;
   const bool released = event->type() == QEvent::KeyRelease || event->type() == QEvent::MouseButtonRelease;
   if (watched == BtnFind_ && released) removeDuplicates();
   return QObject::eventFilter(watched, event);

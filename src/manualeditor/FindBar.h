@@ -61,6 +61,7 @@ class FindBar : public QObject {
   bool textEvent(const QEvent& event);
 
   IniTextEdit& text_;
+  const QObject* control_;  // of the text; only compared, for the text may go first
   TextFinder finder_;
   QComboBox* CboFind_;
   QPushButton* BtnFind_;
