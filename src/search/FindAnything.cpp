@@ -137,16 +137,23 @@ bool FindAnything::keyPressed(int key, Qt::KeyboardModifiers modifiers) {
   }
 }
 
-// What is chosen may open another window, or close this one: the row is a copy, and the list is gone before.
+// What is chosen may close this window, which must not happen in the middle of the click: it waits for the
+// next turn.
 void FindAnything::take(const QModelIndex& index, bool inEditor) {
   if (!isVisible() || !index.isValid()) return;
   const SearchRow row = model_->row(index);
   if (row.what == SearchRow::What::hint) return;
   close();
   desk_.rows.remember(row);
+  const QPointer<QAction> command = row.command;
+  const auto carry = [this, row, command, inEditor] { carryOut(row, command, inEditor); };
+  QMetaObject::invokeMethod(this, carry, Qt::QueuedConnection);
+}
+
+void FindAnything::carryOut(const SearchRow& row, QAction* command, bool inEditor) {
   switch (row.what) {
     case SearchRow::What::command:
-      row.command->trigger();
+      if (command != nullptr) command->trigger();
       break;
     case SearchRow::What::line:
       if (desk_.goToLine) desk_.goToLine(row.item.place.line);

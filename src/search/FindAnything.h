@@ -49,6 +49,7 @@ class FindAnything : public QFrame {
   bool keyPressed(int key, Qt::KeyboardModifiers modifiers);
   void moveBy(int rows);
   void take(const QModelIndex& index, bool inEditor);
+  void carryOut(const SearchRow& row, QAction* command, bool inEditor);
 
   QWidget& window_;
   Desk desk_;
