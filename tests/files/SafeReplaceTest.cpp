@@ -229,7 +229,7 @@ TEST_F(SafeReplaceTest, WhatCannotBeReplacedIsWrittenInPlaceOnceItIsKept) {
       return AsOrdinaryUser([&] { return SafeReplace(pathOf("a.ini"), bytes, keep).empty(); });
     };
     EXPECT_FALSE(replace("not kept", {})) << each.name;
-    EXPECT_FALSE(replace("not kept", [](ReplaceWay) { return "no room"; })) << each.name;
+    EXPECT_FALSE(replace("not kept", [](ReplaceWay) { return "no space"; })) << each.name;
     EXPECT_EQ(folder_.read("a.ini"), "old") << each.name;
     const auto keep = [](ReplaceWay way) { return way == ReplaceWay::inPlace ? "" : "the wrong way"; };
     EXPECT_EQ(replace("written", keep), each.written) << each.name;
