@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include "app/TextEdit.h"
+
 class QWidget;
 
 namespace korvane {
@@ -27,6 +29,11 @@ class EditorLauncher {
 
   // Goes to the place when the manual editor shows the whole file already, unsaved text included.
   virtual bool goToInManualEditor(const QString& file, const ManualEditPlace& place) = 0;
+
+  // Changes the whole file's text in the manual editor as the plan says, unsaved text included, as one step to
+  // undo, and shows it with the first change selected. Nothing is saved. False when nothing was changed: the
+  // opening failed, which has been told, or the plan names no change.
+  virtual bool editInManualEditor(const QString& file, const EditPlan& plan) = 0;
 
   virtual void showWeaponEditor() = 0;
   virtual void showArmourEditor() = 0;

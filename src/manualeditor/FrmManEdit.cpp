@@ -15,6 +15,8 @@
 #include <QToolBar>
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "app/Services.h"
 #include "controls/FontDialog.h"
@@ -57,6 +59,15 @@ constexpr std::array kPanelWidths = {PanelWidth{"Line 100000 of 100000", 3}, Pan
                                      PanelWidth{"", 10}};
 
 }  // namespace
+// Where the new text stands; that of a new line behind the line end that it brings.
+ManualEditPlace PlaceOfNew(const TextEdit& edit) {
+  constexpr std::string_view kLineEnd = "\r\n";
+  std::string_view text = edit.text;
+  if (!text.starts_with(kLineEnd)) return {edit.line, edit.column, static_cast<int>(text.size())};
+  text.remove_prefix(kLineEnd.size());
+  return {edit.line + 1, 1, static_cast<int>(text.size())};
+}
+
 
 struct FrmManEdit::MenuEntry {
   const char* name;
@@ -429,8 +440,12 @@ void FrmManEdit::goForward() {
 }
 
 bool FrmManEdit::goToIn(const QString& file, const ManualEditPlace& place) {
-  const bool shown = isVisible() && !openText_->isPart() && openText_->archive().isEmpty();
-  if (!shown || openText_->file().compare(file, Qt::CaseInsensitive) != 0) return false;
+  if (!shows(file)) return false;
+  goTo(place);
+  return true;
+}
+
+void FrmManEdit::goTo(const ManualEditPlace& place) {
   if (ManEditInitDone_) {
     TxtManEdit_->goTo(place.line - 1, place.column - 1, place.length);
     TxtManEdit_->setFocus();
@@ -445,6 +460,20 @@ void FrmManEdit::goToLine(int line) {
   TxtManEdit_->setFocus();
 }
 
+}
+
+bool FrmManEdit::shows(const QString& file) const {
+  const bool whole = !openText_->isPart() && openText_->archive().isEmpty();
+  return !calls_.isClosed() && whole && openText_->file().compare(file, Qt::CaseInsensitive) == 0;
+}
+
+bool FrmManEdit::edit(const EditPlan& plan) {
+  if (openText_->isPart() || !openText_->archive().isEmpty()) return false;
+  std::vector<TextEdit> edits = plan(TxtManEdit_->legibleBytes());
+  if (edits.empty()) return false;
+  std::ranges::sort(edits, {}, [](const TextEdit& each) { return std::pair(each.line, each.column); });
+  TxtManEdit_->apply(edits);
+  goTo(PlaceOfNew(edits.front()));
 std::optional<NameHere> FrmManEdit::nameHere() const {
   const QString word = TxtManEdit_->wordAtCursor();
   return word.isEmpty() ? std::nullopt : std::optional(NameHere{word});

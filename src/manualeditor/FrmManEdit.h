@@ -8,6 +8,7 @@
 #include "app/EditorLauncher.h"
 #include "app/ManualEditRequest.h"
 #include "app/NameSource.h"
+#include "app/TextEdit.h"
 #include "platform/WindowCalls.h"
 
 class QLabel;
@@ -52,6 +53,11 @@ class FrmManEdit : public QMainWindow, public NameSource {
   void goToLine(int line);  // from 1
   std::optional<NameHere> nameHere() const override;
 
+  // The whole of this file is shown, and can be changed.
+  bool shows(const QString& file) const;
+  // Changes the text as one step to undo and goes to the first change. False when the plan names none, or
+  // when the text cannot be changed.
+  bool edit(const EditPlan& plan);
   // Keeps an unsaved text among the former versions of its file, for the moment before the program ends.
   // False when it cannot be kept and the user does not want to lose it.
   bool keepUnsavedText();
@@ -91,6 +97,7 @@ class FrmManEdit : public QMainWindow, public NameSource {
 
   void showState(const QString& state);
   void showLine();
+  void goTo(const ManualEditPlace& place);
   void showClock();
 
   void save();

@@ -155,6 +155,10 @@ FileBytesOfText IniTextEdit::fileBytes() const {
 
 void IniTextEdit::setReadOnly(bool readOnly) {
   text_->setReadOnly(readOnly);
+std::string IniTextEdit::legibleBytes() const {
+  return LegibleBytesOfUtf8(utf8());
+}
+
 }
 
 bool IniTextEdit::isModified() const {
@@ -187,13 +191,17 @@ void IniTextEdit::moveToStart() {
 void IniTextEdit::goTo(int line, int column, int length) {
   line = std::min(line, lineCount() - 1);
   const qsizetype end = send(Sci::SCI_GETLINEENDPOSITION, line);
+  select(spanOf(line, column, length));
+}
+
+TextSpan IniTextEdit::spanOf(int line, int column, int length) const {
   const auto advanced = [&](qsizetype from, int characters) {
     const qsizetype to = send(Sci::SCI_POSITIONRELATIVE, from, std::max(characters, 0));
     return to == 0 || to > end ? end : to;  // 0: behind the text's end
   };
   const qsizetype start = send(Sci::SCI_POSITIONFROMLINE, line);
   const qsizetype from = column > 0 ? advanced(start, column) : start;
-  select({from, length > 0 ? advanced(from, length) : from});
+  return {from, length > 0 ? advanced(from, length) : from};
 }
 
 void IniTextEdit::selectCharacterAt(qsizetype position) {
@@ -307,6 +315,18 @@ void IniTextEdit::replaceAllText(const QByteArray& utf8) {
 
 void IniTextEdit::setTextFont(const QFont& font) {
   font_ = font;
+// From the last one on, so that none moves the place of another.
+void IniTextEdit::apply(std::span<const TextEdit> edits) {
+  send(Sci::SCI_BEGINUNDOACTION);
+  for (auto edit = edits.rbegin(); edit != edits.rend(); ++edit) {
+    const TextSpan span = spanOf(edit->line - 1, edit->column - 1, edit->length);
+    const QByteArray utf8 = Utf8OfFile(edit->text);
+    send(Sci::SCI_SETTARGETRANGE, span.from, span.to);
+    sendText(Sci::SCI_REPLACETARGET, utf8.size(), utf8.constData());
+  }
+  send(Sci::SCI_ENDUNDOACTION);
+}
+
   applyFont();
 }
 

@@ -4,9 +4,12 @@
 #include <QFont>
 #include <QWidget>
 
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "app/TextEdit.h"
 #include "manualeditor/ScintillaView.h"
 #include "manualeditor/TextSearch.h"
 #include "platform/FileText.h"
@@ -39,6 +42,8 @@ class IniTextEdit : public QWidget {
   // The file that holds the text, see FileOfUtf8.
   FileBytesOfText fileBytes() const;
 
+  // See LegibleBytesOfUtf8.
+  std::string legibleBytes() const;
   void setReadOnly(bool readOnly);
   bool isModified() const;
   void setUnmodified();
@@ -82,6 +87,9 @@ class IniTextEdit : public QWidget {
   void replaceAllText(const QByteArray& utf8);
 
   // The control takes the keys of its own commands before any menu gets them.
+  // Changes, in their order, as one step to undo.
+  void apply(std::span<const TextEdit> edits);
+
   void freeKey(const QKeySequence& key);
 
   ScintillaView view() const { return view_; }
@@ -104,6 +112,7 @@ class IniTextEdit : public QWidget {
   void prepare();
   void fitNumberMargin();
   void applyFont();
+  TextSpan spanOf(int line, int column, int length) const;
   void applyColours();
   void strikeOut();
   void showAtScrollBar(TextMark mark, const std::vector<TextSpan>& spans);

@@ -102,6 +102,18 @@ KeepableText KeepableOfUtf8(std::string_view utf8) {
   return {std::move(file.bytes), false};
 }
 
+std::string LegibleBytesOfUtf8(std::string_view utf8) {
+  std::string bytes;
+  for (;;) {
+    FileBytesOfText file = FileOfUtf8(utf8);
+    bytes += file.bytes;
+    if (!file.refused) return bytes;
+    const auto position = static_cast<std::size_t>(file.refused->position);
+    utf8.remove_prefix(position + LengthOf(utf8[position]));
+    bytes += '?';
+  }
+}
+
 // Unlike Qt's plain conversion, keeps a byte order mark that somebody pasted.
 QString CharactersOfUtf8(std::string_view utf8) {
   QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);

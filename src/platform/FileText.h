@@ -40,4 +40,7 @@ struct KeepableText {
 };
 KeepableText KeepableOfUtf8(std::string_view utf8);
 
+// The same for somebody who only reads it: '?' stands for each character that no file can hold.
+std::string LegibleBytesOfUtf8(std::string_view utf8);
+
 }  // namespace korvane

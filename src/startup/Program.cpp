@@ -238,6 +238,14 @@ bool Program::goToInManualEditor(const QString& file, const ManualEditPlace& pla
   return true;
 }
 
+bool Program::editInManualEditor(const QString& file, const EditPlan& plan) {
+  FrmManEdit& editor = manualEditor_.get();
+  if (!editor.shows(file) && !editor.open({file})) return false;
+  const bool edited = editor.edit(plan);
+  Present(editor);
+  return edited;
+}
+
 bool Program::showEntry(TableEditorId editor, const QString& name) {
   const auto show = [&name](auto& window) {
     const bool found = Loaded(window).clickEntry(name);

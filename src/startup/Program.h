@@ -54,6 +54,7 @@ class Program : public EditorLauncher, public StartupWindows {
 
   void showManualEditor(const ManualEditRequest& request) override;
   bool goToInManualEditor(const QString& file, const ManualEditPlace& place) override;
+  bool editInManualEditor(const QString& file, const EditPlan& plan) override;
   bool showEntry(TableEditorId editor, const QString& name) override;
   void search(SearchCommand command, QWidget& window) override;
   void showWeaponEditor() override;

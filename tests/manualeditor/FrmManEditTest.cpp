@@ -155,6 +155,62 @@ TEST_F(ManEditTest, AnOpeningAtAPlaceGoesThereAfterTheSetUp) {
   }
 }
 
+TEST_F(ManEditTest, PlannedChangesAreOneStepToUndoAndTheFirstIsSelected) {
+  const std::string before = "Weapon Gun\r\n ; \xE4\xFC =\tmuch\r\nEnd";
+  const struct {
+    std::vector<TextEdit> edits;
+    std::string after;
+    const char* selected;
+  } kCases[] = {
+      {{{2, 9, 4, "little"}, {1, 8, 3, "Bow"}}, "Weapon Bow\r\n ; \xE4\xFC =\tlittle\r\nEnd", "Bow"},
+      {{{2, 99, 99, " ; \xE4"}}, "Weapon Gun\r\n ; \xE4\xFC =\tmuch ; \xE4\r\nEnd", ""},
+      {{{2, 99, 0, "\r\n  New"}}, "Weapon Gun\r\n ; \xE4\xFC =\tmuch\r\n  New\r\nEnd", "  New"},
+      {{{99, 1, 99, "END"}}, "Weapon Gun\r\n ; \xE4\xFC =\tmuch\r\nEND", "END"},
+  };
+  for (const auto& c : kCases) {
+    openFile(before);
+    std::string shown;
+    const auto plan = [&](std::string_view bytes) {
+      shown = bytes;
+      return c.edits;
+    };
+    ASSERT_TRUE(window_->edit(plan));
+    EXPECT_EQ(shown, before);
+    EXPECT_EQ(text().fileBytes().bytes, c.after);
+    EXPECT_EQ(text().selectedText(), c.selected);
+    EXPECT_EQ(window_->unsavedFile(), path_);
+    QTest::keyClick(text().focusProxy(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(text().fileBytes().bytes, before);
+    EXPECT_EQ(saved(), before);
+  }
+}
+
+TEST_F(ManEditTest, ChangesSeeWhatIsTypedAndAreNotMadeInAPart) {
+  openFile("End\r\n");
+  type("x");
+  text().replaceSelection(QStringLiteral("\u0416"));
+  std::string shown;
+  const auto none = [&](std::string_view bytes) {
+    shown = bytes;
+    return std::vector<TextEdit>();
+  };
+  EXPECT_FALSE(window_->edit(none));
+  EXPECT_EQ(shown, "x?End\r\n");
+  openPart("End\r\n");
+  EXPECT_FALSE(window_->shows(path_));
+  EXPECT_FALSE(window_->edit([](std::string_view) { return std::vector{TextEdit{1, 1, 3, "x"}}; }));
+  EXPECT_EQ(text().fileBytes().bytes, "End\r\n");
+}
+
+TEST_F(ManEditTest, AChangeBeforeTheSetUpIsGoneToAfterIt) {
+  game_.write("Data/INI/Weapon.ini", kFile);
+  ASSERT_TRUE(window_->open({path_}));
+  ASSERT_TRUE(window_->edit([](std::string_view) { return std::vector{TextEdit{5, 12, 1, "34"}}; }));
+  show();
+  EXPECT_EQ(panel(1), "Line 5 of 7");
+  EXPECT_EQ(text().selectedText(), "34");
+}
+
 TEST_F(ManEditTest, AWindowClosedDuringItsSetUpGoesAfterIt) {
   game_.write("Data/INI/Weapon.ini", kFile);
   ASSERT_TRUE(window_->open({path_}));

@@ -24,6 +24,10 @@ class FakeLauncher : public EditorLauncher {
     requests.push_back(request);
   }
   bool goToInManualEditor(const QString&, const ManualEditPlace&) override { return false; }
+  bool editInManualEditor(const QString& file, const EditPlan&) override {
+    calls += "edit " + file;
+    return true;
+  }
   bool showEntry(TableEditorId, const QString& name) override {
     calls += "entry " + name;
     return true;
