@@ -6,6 +6,7 @@
 
 #include "catalogue/OtherFiles.h"
 #include "files/NativePath.h"
+#include "ini/Blocks.h"
 #include "ini/DataFiles.h"
 #include "ini/IniText.h"
 
@@ -126,10 +127,7 @@ ObjectTreeBuilder::ObjectTreeBuilder(AddNode add, const Yield& yieldPerLine)
   TVItem1_.LoadingItem = [this](std::string_view, std::optional<int> index) {
     fileIndex_ = index.value_or(0);
   };
-  TVItem1_.NewLine = [this, yieldPerLine](std::string_view line) {
-    yieldPerLine();
-    takeLine(line);
-  };
+  TVItem1_.NewLine = [this](std::string_view line) { takeLine(line); };
 }
 
 void ObjectTreeBuilder::BuildObjectTree(std::string_view gameFolder, const Progress& progress,
@@ -163,11 +161,11 @@ void ObjectTreeBuilder::addSkeleton() {
 }
 
 void ObjectTreeBuilder::takeLine(std::string_view line) {
-  if (!TVItem::CheckText(line, kObjectHeader) || fileIndex_ == 0) return;
-  const auto name = HeaderName(line);
-  if (!name) return;
+  if (fileIndex_ == 0) return;
+  const auto header = HeaderIn(line, kObjectHeader);
+  if (!header || !header->name) return;
   const Category& category = *CategoryOf(kObjectFiles[static_cast<std::size_t>(fileIndex_) - 1]);
-  place(*name, ParentKey(category, *name), category);
+  place(*header->name, ParentKey(category, *header->name), category);
 }
 
 void ObjectTreeBuilder::place(std::string_view name, std::string_view parentKey, const Category& category) {

@@ -10,7 +10,6 @@
 #include "catalogue/LineEnds.h"
 #include "catalogue/TreeEntry.h"
 #include "ini/TVItem.h"
-#include "ini/Yield.h"
 
 namespace korvane {
 

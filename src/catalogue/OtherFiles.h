@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "catalogue/LineEnds.h"
-#include "ini/Yield.h"
+#include "ini/TVItem.h"
 
 namespace korvane {
 

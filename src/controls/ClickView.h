@@ -3,14 +3,26 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
 #include <limits>
 
-#include "controls/SteadySelection.h"
-
 namespace korvane {
+
+// The selection of a view in which an entry that is selected stays so until another one is: no click and no
+// key takes a selection back. `command`: what Qt would do on reaching `index`. Without an event it
+// is the program that selects.
+inline QItemSelectionModel::SelectionFlags SteadySelection(QItemSelectionModel::SelectionFlags command,
+                                                           const QModelIndex& index, const QEvent* event) {
+  if (event == nullptr) return command;
+  const bool takesBack = command.testFlag(QItemSelectionModel::Toggle) ||
+                         command.testFlag(QItemSelectionModel::Deselect) || !index.isValid();
+  if (!takesBack) return command;
+  return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                         : QItemSelectionModel::NoUpdate;
+}
 
 // A tree or list view in which reaching an entry with the keyboard counts as a click on it: clicked() is
 // emitted for the mouse and for the keyboard, never for a selection made by the program.

@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "controls/ClickView.h"
 #include "controls/PathField.h"
-#include "controls/SteadySelection.h"
 
 namespace korvane {
 

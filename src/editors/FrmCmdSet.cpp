@@ -6,6 +6,7 @@
 
 #include <charconv>
 
+#include "ini/Blocks.h"
 #include "ini/IniText.h"
 #include "ini/ParameterRows.h"
 #include "platform/DesktopShell.h"
@@ -78,18 +79,12 @@ QStringList FrmCmdSet::readNames() {
 
 ChoiceList FrmCmdSet::readButtonNames() const {
   auto names = std::make_shared<std::vector<std::string>>();
-  std::string collected;
-  const Yield& yield = context().parser.yield();
-  TVItem reader(yield);
-  reader.NewLine = [&](std::string_view line) {
-    if (yield) yield();
-    if (TVItem::CheckText(line, kButton)) collected.append(ButtonName(line)).append(",");
-  };
-  reader.OpenFile(IniPath(context().parser.gameFolder(), kCommandButtonFile));
-  if (!collected.empty()) collected.pop_back();
   // A comma in a name parts it in two.
-  if (!collected.empty())
-    ForEachPiece(collected, ",", [&](std::string_view name) { names->emplace_back(name); });
+  const auto add = [&](std::string_view name) { names->emplace_back(name); };
+  TVItem reader(context().parser.yield());
+  ReadHeaders(reader, IniPath(context().parser.gameFolder(), kCommandButtonFile), kButton,
+              [&](const HeaderLine& header) { ForEachPiece(ButtonName(header.line), ",", add); });
+  if (names->size() == 1 && names->front().empty()) names->clear();
   return names;
 }
 

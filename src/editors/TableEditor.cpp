@@ -19,7 +19,7 @@
 #include "controls/ShownText.h"
 #include "editors/ListAndTable.h"
 #include "editors/NearestNames.h"
-#include "ini/IniText.h"
+#include "ini/Blocks.h"
 #include "platform/MessageBoxes.h"
 #include "platform/TextEncoding.h"
 
@@ -120,14 +120,12 @@ void TableEditor::load() {
 
 QStringList TableEditor::readNames() {
   QStringList names;
-  const Yield& yield = context_.parser.yield();
-  TVItem reader(yield);
-  reader.NewLine = [&](std::string_view line) {
-    if (entry_.yieldsPerLine && yield) yield();
-    if (!TVItem::CheckText(line, entry_.kind)) return;
-    if (const auto name = HeaderName(line)) names << FromBytes(*name);
-  };
-  reader.OpenFile(IniPath(context_.parser.gameFolder(), entry_.file));
+  TVItem reader(context_.parser.yield());
+  reader.YieldsPerLine = entry_.yieldsPerLine;
+  ReadHeaders(reader, IniPath(context_.parser.gameFolder(), entry_.file), entry_.kind,
+              [&](const HeaderLine& header) {
+                if (header.name) names << FromBytes(*header.name);
+              });
   return names;
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace korvane {
@@ -15,7 +16,8 @@ namespace korvane {
 inline constexpr std::string_view kLineEnd = "\r\n";
 
 // Calls `take(line)` for every line of a file's bytes, without its terminator. A line ends at CR LF or at a
-// lone CR; a lone LF stays inside the line. A last line without a terminator is a line.
+// lone CR; a lone LF stays inside the line. A last line without a terminator is a line. A `take` that returns
+// false ends the reading.
 template <typename Take>
 void ForEachLine(std::string_view bytes, Take&& take) {
   const char* at = bytes.data();
@@ -26,7 +28,12 @@ void ForEachLine(std::string_view bytes, Take&& take) {
       take(std::string_view(at, static_cast<std::size_t>(end - at)));
       return;
     }
-    take(std::string_view(at, static_cast<std::size_t>(cr - at)));
+    const std::string_view line(at, static_cast<std::size_t>(cr - at));
+    if constexpr (std::is_same_v<std::invoke_result_t<Take&, std::string_view>, bool>) {
+      if (!take(line)) return;
+    } else {
+      take(line);
+    }
     at = cr + 1;
     if (at != end && *at == '\n') ++at;
   }
@@ -54,6 +61,7 @@ void ForEachPiece(std::string_view text, std::string_view separator, Take&& take
 }
 
 std::vector<std::string_view> Split(std::string_view text, std::string_view separator);
+std::string Join(const std::vector<std::string_view>& pieces, std::string_view separator);
 
 // Without leading and trailing space characters.
 std::string_view TrimSpaces(std::string_view text);

@@ -5,6 +5,7 @@
 #include <array>
 #include <utility>
 
+#include "ini/Blocks.h"
 #include "ini/DataFiles.h"
 #include "ini/IniText.h"
 
@@ -12,7 +13,6 @@ namespace korvane {
 
 namespace {
 
-constexpr std::string_view kBlockEnd = "end";
 constexpr std::string_view kWeaponSetHeader = "  WeaponSet";
 constexpr std::string_view kWeaponSetEnd = "  End";
 
@@ -28,10 +28,9 @@ std::string Key(std::string_view name) {
 }
 
 std::optional<std::string> SingleValue(std::string_view key, std::string_view text) {
-  std::string values = SParse::GetParameterValueNoINI({}, key, text);
+  const std::vector<std::string_view> values = SParse::ParameterValues(key, text);
   if (values.empty()) return std::nullopt;
-  values.resize(values.size() - kLineEnd.size());
-  return values;
+  return Join(values, kLineEnd);
 }
 
 }  // namespace
@@ -56,13 +55,12 @@ void SParse::startCollecting() {
 }
 
 void SParse::takeLine(std::string_view line) {
-  if (yield_) yield_();
   if (!Collecting) return;
   if (!InBlock_) InBlock_ = BeginsWithIgnoringCase(line, lowerHeader_);
   if (!InBlock_) return;
   buffer_ += line;
   buffer_ += kLineEnd;
-  if (BeginsWithIgnoringCase(line, kBlockEnd)) Collecting = false;
+  if (EndsBlock(line)) Collecting = false;
 }
 
 std::string SParse::GetObjectText(std::string_view ObjectHeader, std::optional<std::string_view> IniFile) {
@@ -79,11 +77,14 @@ std::string SParse::GetParameterValue(std::string_view ObjectHeader, std::string
 
 std::string SParse::GetParameterValueNoINI(std::string_view /*ObjectHeader*/, std::string_view Parameter,
                                            std::string_view StrData) {
-  std::string values;
-  ForEachPiece(StrData, kLineEnd, [&](std::string_view line) {
-    if (!TrimSpaces(line).starts_with(Parameter)) return;
-    values += ExtractValue(line);
-    values += kLineEnd;
+  const std::vector<std::string_view> values = ParameterValues(Parameter, StrData);
+  return values.empty() ? std::string() : Join(values, kLineEnd).append(kLineEnd);
+}
+
+std::vector<std::string_view> SParse::ParameterValues(std::string_view key, std::string_view text) {
+  std::vector<std::string_view> values;
+  ForEachPiece(text, kLineEnd, [&](std::string_view line) {
+    if (TrimSpaces(line).starts_with(key)) values.push_back(ExtractValue(line));
   });
   return values;
 }
@@ -117,28 +118,22 @@ std::string SParse::RemVBCrLf(std::string_view Text) {
   return kept;
 }
 
-std::vector<std::string> SParse::locomotorNames(const SelectedObject& object) {
+std::vector<std::string> SParse::LocomotorNames(const SelectedObject& object) {
   ObjectName = object.name;
-  const std::string values = GetParameterValue("Object", "Locomotor", object.file);
-  std::vector<std::string> names;
-  for (const std::string_view name : Split(values, kLineEnd)) names.emplace_back(name);
-  names.pop_back();  // the empty piece behind the last line end
-  return names;
+  const std::string text = GetObjectText("Object", object.file);
+  const std::vector<std::string_view> names = ParameterValues("Locomotor", text);
+  return {names.begin(), names.end()};
 }
 
 std::string SParse::GetLocomotorNames(const SelectedObject& object) {
-  std::string joined;
-  for (std::string& name : locomotorNames(object)) {
-    if (!joined.empty()) joined += kLineEnd;
-    joined += name;
-    ObjectName = std::move(name);
-  }
-  return joined;
+  const std::vector<std::string> names = LocomotorNames(object);
+  if (!names.empty()) ObjectName = names.back();
+  return Join({names.begin(), names.end()}, kLineEnd);
 }
 
 std::string SParse::GetLocomotors(const SelectedObject& object) {
   std::string texts;
-  for (std::string& name : locomotorNames(object)) {
+  for (std::string& name : LocomotorNames(object)) {
     ObjectName = std::move(name);
     texts += GetObjectText("Locomotor", kLocomotorFile);
     texts += kLineEnd;
@@ -148,7 +143,7 @@ std::string SParse::GetLocomotors(const SelectedObject& object) {
 
 void SParse::GetLocomotorData(const SelectedObject& object, int selectedTab, int LowerBound, int UpperBound,
                               LocomotorFields& fields) {
-  std::vector<std::string> names = locomotorNames(object);
+  std::vector<std::string> names = LocomotorNames(object);
   const auto number = static_cast<std::size_t>(selectedTab - 1);
   if (number < names.size()) ObjectName = std::move(names[number]);
   const std::string text = GetObjectText("Locomotor", kLocomotorFile);

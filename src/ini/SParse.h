@@ -9,7 +9,6 @@
 
 #include "ini/TVItem.h"
 #include "ini/TableSink.h"
-#include "ini/Yield.h"
 
 namespace korvane {
 
@@ -59,6 +58,9 @@ class SParse {
   static std::string GetParameterValueNoINI(std::string_view ObjectHeader, std::string_view Parameter,
                                             std::string_view StrData);
 
+  // The same as a list of views into the text.
+  static std::vector<std::string_view> ParameterValues(std::string_view key, std::string_view text);
+
   // Single-value look-ups in a block's text: the values of the key's lines joined with CR LF, or nothing. The
   // key stands for itself only, not for longer keys that begin with it.
   std::optional<std::string> GetWeaponValue(std::string_view key, std::string_view text) const;
@@ -70,8 +72,9 @@ class SParse {
   // The text without its blank lines, and without a CR LF at its end.
   static std::string RemVBCrLf(std::string_view Text);
 
-  // The locomotors named by the object's block, in file order, joined with CR LF. This and the next two
-  // leave ObjectName at the last name they looked up.
+  // The locomotors named by the object's block, in file order.
+  std::vector<std::string> LocomotorNames(const SelectedObject& object);
+  // The same, joined with CR LF. This and the next two leave ObjectName at the last name they looked up.
   std::string GetLocomotorNames(const SelectedObject& object);
   // Their blocks, each followed by an empty line.
   std::string GetLocomotors(const SelectedObject& object);
@@ -109,7 +112,6 @@ class SParse {
   void takeLine(std::string_view line);
   // Takes a line of an armour type apart, into the two fields below.
   void SParseArmourLine(std::string StrLine);
-  std::vector<std::string> locomotorNames(const SelectedObject& object);
 
   std::function<std::string()> gameFolder_;
   Yield yield_;

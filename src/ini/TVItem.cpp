@@ -66,6 +66,7 @@ void TVItem::readLines(std::string_view path) {
 }
 
 void TVItem::deliver(std::string_view line) {
+  if (YieldsPerLine) yield();
   try {
     if (NewLine) NewLine(line);
   } catch (const std::exception&) {

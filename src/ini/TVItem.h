@@ -7,9 +7,11 @@
 #include <string_view>
 
 #include "files/FilePieces.h"
-#include "ini/Yield.h"
 
 namespace korvane {
+
+// Lets pending window events run; called for every line that is read. May be empty.
+using Yield = std::function<void()>;
 
 // Reads a game INI file line by line and hands every line to its host. Paths are the program's own (UTF-8,
 // backslashes); lines are the file's bytes. A file that cannot be read has no lines. One read at a time.
@@ -24,10 +26,11 @@ class TVItem {
   std::function<void()> ProcDone;
   std::function<void(std::string_view fileName, std::optional<int> fileIndex)> LoadingItem;
 
-  bool Ready = true;     // false while a read other than OpenFile runs
-  std::string FileKey;   // the file name given to the last AddTVItem
-  std::string GamePath;  // the game folder
-  int Stage = 0;         // the host's own mark, never looked at here
+  bool Ready = true;          // false while a read other than OpenFile runs
+  std::string FileKey;        // the file name given to the last AddTVItem
+  std::string GamePath;       // the game folder
+  int Stage = 0;              // the host's own mark, never looked at here
+  bool YieldsPerLine = true;  // lets events run before each NewLine
 
   void OpenFile(std::string_view strFileName);
 

@@ -5,19 +5,14 @@
 
 #include "app/Services.h"
 #include "controls/ShownText.h"
+#include "ini/Blocks.h"
 #include "ini/DataFiles.h"
-#include "ini/IniText.h"
 #include "mainwindow/UnitFields.h"
 
 namespace korvane {
 
 ChoiceLists::ChoiceLists(UnitFields& fields, const Services& services, const Yield& yield)
-    : fields_(fields),
-      services_(services),
-      yield_(yield),
-      TVItem1_(yield),
-      TVItem2_(yield),
-      TVItem3_(yield) {}
+    : fields_(fields), services_(services), TVItem1_(yield), TVItem2_(yield), TVItem3_(yield) {}
 
 void ChoiceLists::readWeapons() {
   fields_.weapons->setStringList(names(TVItem1_, kWeaponFile, "Weapon "));
@@ -35,13 +30,10 @@ void ChoiceLists::readArmours() {
 
 QStringList ChoiceLists::names(TVItem& reader, std::string_view file, std::string_view kind) {
   QStringList found;
-  reader.NewLine = [&](std::string_view line) {
-    yield_();
-    if (!TVItem::CheckText(line, kind)) return;
-    if (const auto name = HeaderName(line)) found += ShownName(*name);
-  };
-  reader.OpenFile(IniPath(services_.folders.game.toStdString(), file));
-  reader.NewLine = nullptr;
+  ReadHeaders(reader, IniPath(services_.folders.game.toStdString(), file), kind,
+              [&](const HeaderLine& header) {
+                if (header.name) found += ShownName(*header.name);
+              });
   return found;
 }
 

@@ -29,7 +29,6 @@ class ChoiceLists {
 
   UnitFields& fields_;
   const Services& services_;
-  Yield yield_;
   TVItem TVItem1_;  // weapons
   TVItem TVItem2_;  // locomotors
   TVItem TVItem3_;  // armours

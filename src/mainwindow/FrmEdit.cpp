@@ -26,7 +26,7 @@
 #include "mainwindow/MainToolBar.h"
 #include "platform/EventYield.h"
 #include "platform/MessageBoxes.h"
-#include "platform/ProcessEnd.h"
+#include "platform/Programs.h"
 #include "platform/TextEncoding.h"
 #include "platform/Twips.h"
 #include "settings/SettingsStore.h"

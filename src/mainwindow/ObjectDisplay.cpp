@@ -61,10 +61,6 @@ QString WithoutLineBreaks(std::string_view bytes) {
   return FromBytes(bytes).remove(kCrLf);
 }
 
-QStringList LinesOf(std::string_view bytes) {
-  return bytes.empty() ? QStringList() : FromBytes(bytes).split(kCrLf);
-}
-
 void Select(QComboBox& list, int index) {
   const QSignalBlocker silent(list);
   list.setCurrentIndex(index);
@@ -282,8 +278,9 @@ void ObjectDisplay::readWeaponSets(const std::string& file) {
 }
 
 void ObjectDisplay::readLocomotorTabs() {
-  QStringList names = LinesOf(parser_.GetLocomotorNames(selectedObject()));
-  for (QString& name : names) name = ShownText(name);
+  QStringList names;
+  for (const std::string& name : parser_.LocomotorNames(selectedObject()))
+    names << ShownText(FromBytes(name));
   {
     const QSignalBlocker silent(fields_.LocoTab);
     while (fields_.LocoTab->count() > 0) fields_.LocoTab->removeTab(0);
@@ -317,13 +314,13 @@ void ObjectDisplay::conditionChosen(int index) {
 void ObjectDisplay::showWeaponsOf(int weaponSet) {
   const std::vector<std::string>& sets = parser_.WeaponSetTexts();
   const bool exists = weaponSet >= 0 && static_cast<std::size_t>(weaponSet) < sets.size();
-  const QStringList lines = exists ? LinesOf(SParse::GetParameterValueNoINI(
-                                         "Weapon", "Weapon", sets[static_cast<std::size_t>(weaponSet)]))
-                                   : QStringList();
-  // Line 0 is the weapon set's own header.
-  ShowText(*fields_.PWeapon, CleanWeaponName(lines.value(1)));
-  ShowText(*fields_.SWeapon, CleanWeaponName(lines.value(2)));
-  ShowText(*fields_.TWeapon, CleanWeaponName(lines.value(3)));
+  std::vector<std::string_view> values;
+  if (exists) values = SParse::ParameterValues("Weapon", sets[static_cast<std::size_t>(weaponSet)]);
+  values.resize(std::max<std::size_t>(values.size(), 4));
+  // The first value is that of the weapon set's own header.
+  ShowText(*fields_.PWeapon, CleanWeaponName(FromBytes(values[1])));
+  ShowText(*fields_.SWeapon, CleanWeaponName(FromBytes(values[2])));
+  ShowText(*fields_.TWeapon, CleanWeaponName(FromBytes(values[3])));
 }
 
 void ObjectDisplay::chooseLocomotorTab(int tab) {

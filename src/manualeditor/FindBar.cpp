@@ -16,13 +16,29 @@
 #include <array>
 
 #include "controls/Named.h"
-#include "manualeditor/FindList.h"
 #include "manualeditor/IniTextEdit.h"
 #include "settings/SettingsStore.h"
 
 namespace korvane {
 
 namespace {
+
+// Removes every item that is equal, letter case included, to one above it. The text in the box stays.
+void RemoveDuplicates(QComboBox& list) {
+  const QSignalBlocker quiet(list);
+  const QString text = list.currentText();
+  QSet<QString> seen;
+  for (int i = 0; i < list.count();) {
+    const QString item = list.itemText(i);
+    if (seen.contains(item)) {
+      list.removeItem(i);
+    } else {
+      seen.insert(item);
+      ++i;
+    }
+  }
+  list.setEditText(text);
+}
 
 const QString kFind = QStringLiteral("Find");
 const QString kFindNext = QStringLiteral("Find Next");

@@ -2,6 +2,8 @@
 #include "setup/frmWizard.h"
 
 #include <QCloseEvent>
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
@@ -12,14 +14,14 @@
 
 #include "app/Services.h"
 #include "controls/Placement.h"
+#include "controls/StoredFont.h"
 #include "platform/EventYield.h"
 #include "platform/HelpViewer.h"
 #include "platform/MessageBoxes.h"
-#include "platform/ProcessEnd.h"
+#include "platform/Programs.h"
 #include "settings/SettingsStore.h"
 #include "setup/DBCtlView.h"
 #include "setup/ErrorReport.h"
-#include "setup/FirstTreeFont.h"
 #include "setup/FolderChooser.h"
 #include "setup/ResStrings.h"
 #include "setup/RestoreReport.h"
@@ -36,6 +38,13 @@ constexpr int kFirstNavTag = 100;
 constexpr int kTimerMs = 1;
 
 enum Step { introduction, folder, restore, closing };
+
+// Where no font was ever stored for the object tree, stores the desktop's own one, plain and at its own size.
+void StoreFirstTreeFont(SettingsStore& store) {
+  if (AnyStored(store, kTreeFont)) return;
+  const QFontInfo desktop(QFontDatabase::systemFont(QFontDatabase::GeneralFont));
+  SaveFont(store, kTreeFont, QFont(desktop.family(), desktop.pointSize()));
+}
 
 }  // namespace
 

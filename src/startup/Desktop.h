@@ -6,7 +6,7 @@
 #include "platform/DesktopMessageBoxes.h"
 #include "platform/EventYield.h"
 #include "platform/PlatformShell.h"
-#include "platform/ProcessEnd.h"
+#include "platform/Programs.h"
 #include "settings/SettingsStore.h"
 
 namespace korvane {

@@ -24,7 +24,7 @@
 #include "platform/EventYield.h"
 #include "platform/MessageBoxes.h"
 #include "platform/NativeText.h"
-#include "platform/ProcessEnd.h"
+#include "platform/Programs.h"
 #include "platform/SupportAddress.h"
 #include "platform/Version.h"
 #include "settings/SettingsStore.h"

@@ -5,9 +5,8 @@
 
 #include "controls/NoticeBar.h"
 #include "editors/EditorDesk.h"
-#include "editors/FrmCmdBtn.h"
-#include "editors/FrmWE.h"
 #include "editors/TableEditor.h"
+#include "editors/TableEditors.h"
 
 namespace korvane {
 namespace {

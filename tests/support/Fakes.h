@@ -9,7 +9,7 @@
 #include "platform/EventYield.h"
 #include "platform/HelpViewer.h"
 #include "platform/MessageBoxes.h"
-#include "platform/ProcessEnd.h"
+#include "platform/Programs.h"
 
 namespace korvane {
 

@@ -6,6 +6,8 @@
 
 namespace korvane {
 
+// The editors that need little beside their entry.
+
 // The weapon editor: the weapons that the main window offers as a primary weapon.
 class FrmWE : public TableEditor {
  public:
@@ -13,6 +15,12 @@ class FrmWE : public TableEditor {
 
  protected:
   QStringList readNames() override { return context().units.weaponNames(); }
+};
+
+// The command button editor.
+class FrmCmdBtn : public TableEditor {
+ public:
+  explicit FrmCmdBtn(const TableEditorContext& context) : TableEditor(kCommandButtonEditor, context) {}
 };
 
 }  // namespace korvane
