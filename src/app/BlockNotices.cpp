@@ -96,10 +96,16 @@ std::vector<Notice> NoticesOf(const ShownBlock& block, const LookedFor& sought, 
   return BlockSentences(block, sought, launcher).all();
 }
 
-std::vector<Notice> ReadNotices(const LookedFor& sought, EditorLauncher& launcher, ShownBlock& block) {
+std::optional<ShownBlock> ReadShownBlock(const LookedFor& sought) {
   FileBytes file;
-  if (!file.read(sought.file.toStdString(), {})) return {};
-  block = FindShownBlock(file.bytes(), sought.kind, ToBytes(sought.name));
+  if (!file.read(sought.file.toStdString(), {})) return std::nullopt;
+  return FindShownBlock(file.bytes(), sought.kind, ToBytes(sought.name));
+}
+
+std::vector<Notice> ReadNotices(const LookedFor& sought, EditorLauncher& launcher, ShownBlock& block) {
+  const std::optional<ShownBlock> read = ReadShownBlock(sought);
+  if (!read) return {};
+  block = *read;
   return NoticesOf(block, sought, launcher);
 }
 

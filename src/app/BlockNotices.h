@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -20,6 +21,9 @@ struct LookedFor {
   std::string_view kind;  // "Object", "Weapon" ...
   QString name;
 };
+
+// From the file as it lies on the disk now; nothing where it cannot be read.
+std::optional<ShownBlock> ReadShownBlock(const LookedFor& sought);
 
 // What a window has to say where the block that it shows is not what its name promises: the block is another
 // one, or not there, or it ends elsewhere. Links open the manual editor at the line.

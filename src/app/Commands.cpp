@@ -27,6 +27,7 @@ QAction& Commands::add(const QString& name, const QString& caption, const QStrin
   auto* action = new QAction(caption, &window_);
   action->setObjectName(name);
   action->setShortcut(QKeySequence(shortcut));
+  if (around_ != nullptr) action->setShortcutContext(Qt::WidgetShortcut);
   window_.addAction(action);
   actions_ += action;
   return *action;
@@ -40,7 +41,8 @@ void Commands::add(const QString& name, const QString& caption, const QString& s
 QAction* Commands::find(const QString& name) const {
   const auto found = std::find_if(actions_.begin(), actions_.end(),
                                   [&](const QAction* action) { return action->objectName() == name; });
-  return found == actions_.end() ? nullptr : *found;
+  if (found != actions_.end()) return *found;
+  return around_ == nullptr ? nullptr : around_->find(name);
 }
 
 QAction& Commands::action(const QString& name) const {

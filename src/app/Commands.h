@@ -20,7 +20,7 @@ struct Command {
   const char* name;                 // of its action
   const char* caption;              // with its mnemonic
   void (Target::*run)() = nullptr;  // none: the command is always disabled
-  const char* shortcut = "";        // as QKeySequence reads it; it holds in all of the window
+  const char* shortcut = "";        // as QKeySequence reads it
 };
 
 // The commands of one window: an action for each row of its tables, in their order. Menus, context menus,
@@ -29,6 +29,9 @@ class Commands {
  public:
   // The window owns the actions.
   explicit Commands(QWidget& window) : window_(window) {}
+  // The commands of a view in a window: their shortcuts hold while the view has the keyboard. The window's
+  // own are found here too, for the view's context menu.
+  Commands(QWidget& view, const Commands& ofWindow) : window_(view), around_(&ofWindow) {}
   Commands(const Commands&) = delete;
   Commands& operator=(const Commands&) = delete;
 
@@ -53,6 +56,7 @@ class Commands {
   QAction& add(const QString& name, const QString& caption, const QString& shortcut);
 
   QWidget& window_;
+  const Commands* around_ = nullptr;
   QList<QAction*> actions_;
 };
 

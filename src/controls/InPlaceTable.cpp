@@ -84,10 +84,9 @@ void InPlaceTable::finish() {
   fitRows();
 }
 
-std::optional<QString> InPlaceTable::selectedCaption() const {
+const InPlaceTableModel::Row* InPlaceTable::selectedRow() const {
   const QModelIndexList selected = selectionModel()->selectedRows();
-  if (selected.isEmpty()) return std::nullopt;
-  return selected.first().data().toString();
+  return selected.isEmpty() ? nullptr : &model_.shownRow(selected.first().row());
 }
 
 int InPlaceTable::rowHeightFor(int row) const {

@@ -3,8 +3,6 @@
 
 #include <QTableView>
 
-#include <optional>
-
 #include "controls/InPlaceTableModel.h"
 #include "ini/TableSink.h"
 
@@ -49,8 +47,8 @@ class InPlaceTable : public QTableView, public TableSink {
   // Some value is not what the last fill put there, or the user inserted a row.
   bool hasTyped() const { return model_.hasTyped(); }
 
-  // The caption of the selected row, or nothing.
-  std::optional<QString> selectedCaption() const;
+  // The selected row, or nothing; good until the next fill.
+  const InPlaceTableModel::Row* selectedRow() const;
 
  Q_SIGNALS:
   // hasTyped may give something else now.

@@ -17,13 +17,22 @@ bool MenuButton::eventFilter(QObject* watched, QEvent* event) {
     const auto* mouse = static_cast<QMouseEvent*>(event);
     if (mouse->buttons().testFlag(Qt::RightButton)) Q_EMIT pressed(mouse->globalPosition().toPoint());
   }
-  if (event->type() == QEvent::ContextMenu &&
-      static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard) {
-    const QRect entry = view_.visualRect(view_.currentIndex());
-    Q_EMIT pressed(view_.viewport()->mapToGlobal(entry.center()));
+  if (event->type() != QEvent::ContextMenu) return QObject::eventFilter(watched, event);
+  const auto* menu = static_cast<QContextMenuEvent*>(event);
+  if (menu->reason() == QContextMenuEvent::Keyboard) {
+    askAtCurrent();
     return true;
   }
+  if (watched == view_.viewport() && view_.indexAt(menu->pos()).isValid()) Q_EMIT asked(menu->globalPos());
   return QObject::eventFilter(watched, event);
+}
+
+void MenuButton::askAtCurrent() {
+  const QModelIndex current = view_.currentIndex();
+  if (current.isValid()) view_.scrollTo(current);
+  const QPoint at = view_.viewport()->mapToGlobal(view_.visualRect(current).center());
+  Q_EMIT pressed(at);
+  if (current.isValid()) Q_EMIT asked(at);
 }
 
 }  // namespace korvane

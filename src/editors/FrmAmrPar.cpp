@@ -92,7 +92,7 @@ FrmAmrPar::FrmAmrPar(QWidget* parent) : ToolDialog(parent, nullptr), LV_(MakeTyp
 // The armour editor may have to read its file for it, in which the user can close this window.
 void FrmAmrPar::add() {
   const WindowCalls::Running call(calls_);
-  if (const auto type = LV_->selectedCaption()) Q_EMIT typeChosen(*type);
+  if (const auto* type = LV_->selectedRow()) Q_EMIT typeChosen(QString(type->caption));
 }
 
 }  // namespace korvane

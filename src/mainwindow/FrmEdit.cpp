@@ -102,6 +102,7 @@ void FrmEdit::buildCommands() {
   AddMainCommands(commands_, launch_, [this] { exitCommand(); });
   BuildMainMenu(*menuBar(), commands_);
   BuildMainToolBar(*Toolbar1_, commands_, launch_);
+  menus_.emplace(*TVMenu_, objects_, *fields_.LstInfo, launch_, commands_);
 }
 
 void FrmEdit::connectButtons() {

@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <QTreeView>
 
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -20,6 +21,7 @@
 #include "mainwindow/ObjectDisplay.h"
 #include "mainwindow/ObjectNotices.h"
 #include "mainwindow/ObjectTreeModel.h"
+#include "mainwindow/RowMenus.h"
 #include "mainwindow/StatusPanels.h"
 #include "mainwindow/TypedMarks.h"
 #include "mainwindow/UnitFields.h"
@@ -103,6 +105,7 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   ObjectDisplay* display_ = nullptr;
   LaunchCommands launch_;
   Commands commands_{*this};
+  std::optional<RowMenus> menus_;
   QTimer Timer1_{this};
   bool ConfirmExit_ = true;
 };

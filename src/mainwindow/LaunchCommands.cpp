@@ -3,6 +3,7 @@
 
 #include <QWidget>
 
+#include "app/BlockNotices.h"
 #include "app/EditorLauncher.h"
 #include "controls/ShownText.h"
 #include "files/NativePath.h"
@@ -113,7 +114,7 @@ void LaunchCommands::openDataFile(const QString& filename) {
   }
 }
 
-void LaunchCommands::openFile(DataFolder folder, const QString& filename) {
+void LaunchCommands::openFile(DataFolder folder, const QString& filename, const ManualEditPlace& place) {
   const QString wanted = DataFilePath(services_.folders, folder, filename);
   if (!FileExists(wanted.toStdString())) {
     services_.messages.show({.text = "The following files do not exist: " + kCrLf + wanted}, &window_);
@@ -121,6 +122,7 @@ void LaunchCommands::openFile(DataFolder folder, const QString& filename) {
   }
   ManualEditRequest request;
   SetManualEditFile(request, services_.folders, 0, folder, filename);
+  request.place = place;
   launcher_.showManualEditor(request);
 }
 
@@ -155,6 +157,15 @@ void LaunchCommands::editObjectBlock() {
     parser_.ObjectName = object.name;
     return parser_.GetObjectText("Object", object.file);
   });
+}
+
+void LaunchCommands::editObjectInFile() {
+  const SelectedObject object = selected_();
+  const QString file = QString::fromStdString(object.file);
+  const LookedFor sought{DataFilePath(services_.folders, DataFolder::ini, file), "Object",
+                         FromBytes(object.name)};
+  const ShownBlock block = ReadShownBlock(sought).value_or(ShownBlock{});
+  openFile(DataFolder::ini, file, {static_cast<int>(block.ownLine != 0 ? block.ownLine : block.line)});
 }
 
 void LaunchCommands::showArmour(const QString& name) {

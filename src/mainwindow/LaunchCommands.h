@@ -56,13 +56,15 @@ class LaunchCommands {
   void editObjectFile();
   void editLocomotors();
   void editObjectBlock();
+  // The selected object's whole file, at the object.
+  void editObjectInFile();
 
   // Shows the editor with the entry of the name selected.
   void showArmour(const QString& name);
   void showWeapon(const QString& name);
 
  private:
-  void openFile(DataFolder folder, const QString& filename);
+  void openFile(DataFolder folder, const QString& filename, const ManualEditPlace& place = {});
   void editPart(DataFolder folder, const QString& filename, const std::function<std::string()>& readText);
 
   QWidget& window_;

@@ -124,7 +124,7 @@ TEST_F(InPlaceTableTest, NothingElseCanBeEdited) {
   select(0, 1);
   QTest::keyClick(&table, Qt::Key_F2);
   EXPECT_EQ(line(), nullptr);
-  EXPECT_EQ(table.selectedCaption(), "Damage");
+  EXPECT_EQ(table.selectedRow()->caption, "Damage");
 }
 
 TEST_F(InPlaceTableTest, TheRowsOfAFillAreSeenAllAtOnce) {
@@ -178,6 +178,27 @@ TEST_F(InPlaceTableTest, TheMenuIsAskedForWithTheRightButtonAndTheMenuKey) {
   QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {}, {});
   QApplication::sendEvent(&table, &menuKey);
   EXPECT_EQ(asked, 2);
+}
+
+TEST_F(InPlaceTableTest, TheMenuOfAnEntryIsAskedForWhereThereIsOne) {
+  std::vector<QPoint> asked;
+  QObject::connect(new MenuButton(table), &MenuButton::asked,
+                   [&](const QPoint& at) { asked.push_back(table.viewport()->mapFromGlobal(at)); });
+  const auto ask = [&](QContextMenuEvent::Reason reason, QWidget& widget, QPoint at) {
+    QContextMenuEvent menu(reason, at, widget.mapToGlobal(at));
+    QApplication::sendEvent(&widget, &menu);
+  };
+  const QRect third = table.visualRect(table.model()->index(2, 0));
+  ask(QContextMenuEvent::Mouse, *table.viewport(), third.center());
+  ask(QContextMenuEvent::Mouse, *table.viewport(), {5, table.viewport()->height() - 1});
+  EXPECT_EQ(asked, std::vector{third.center()});
+  table.setCurrentIndex({});
+  ask(QContextMenuEvent::Keyboard, table, {});
+  EXPECT_EQ(asked.size(), 1U);
+  select(2, 0);
+  ask(QContextMenuEvent::Keyboard, table, {});
+  ASSERT_EQ(asked.size(), 2U);
+  EXPECT_EQ(asked[1], third.center());
 }
 
 }  // namespace

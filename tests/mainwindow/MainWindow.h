@@ -40,8 +40,8 @@ class MainWindow : public testing::Test, protected TestDesk {
   void open() {
     window = std::make_unique<FrmEdit>(services, launcher);
     ObjectTreeModel& tree = window->objects();
-    tree.addNode({"FactionUnit.ini", "Player Units", "", "FactionUnit.ini"});
-    tree.addNode({"FUOther", "Other", "FactionUnit.ini", "FactionUnit.ini"});
+    addGroup("FactionUnit.ini", "Player Units", "");
+    addGroup("FUOther", "Other", "FactionUnit.ini");
     for (const char* name : {"Jeep", "Hut", "Ghost"}) addObject(name, "FUOther", "FactionUnit.ini");
     tree.addNode({"Gone.ini", "Gone", "", ""});
     tree.addNode({"GOther", "Other", "Gone.ini", ""});
@@ -53,6 +53,10 @@ class MainWindow : public testing::Test, protected TestDesk {
     launcher.takeCalls();
   }
 
+  void addGroup(const char* key, const char* text, const char* parent) {
+    window->objects().addNode(
+        {key, text, parent, "FactionUnit.ini", NodeKind::group, "Object\\FactionUnit.ini"});
+  }
   void addObject(const std::string& name, const char* group, const std::string& file) {
     window->objects().addNode({"Key" + name, name, group, file, NodeKind::object, "Object\\" + file});
   }
