@@ -28,9 +28,13 @@ QAction& Commands::add(const QString& name, const QString& caption, const QStrin
   action->setObjectName(name);
   action->setShortcut(QKeySequence(shortcut));
   if (around_ != nullptr) action->setShortcutContext(Qt::WidgetShortcut);
-  window_.addAction(action);
-  actions_ += action;
+  add(*action);
   return *action;
+}
+
+void Commands::add(QAction& action) {
+  window_.addAction(&action);
+  actions_ += &action;
 }
 
 void Commands::add(const QString& name, const QString& caption, const QString& shortcut,

@@ -21,6 +21,7 @@ struct Command {
   const char* caption;              // with its mnemonic
   void (Target::*run)() = nullptr;  // none: the command is always disabled
   const char* shortcut = "";        // as QKeySequence reads it
+  bool checkable = false;
 };
 
 // The commands of one window: an action for each row of its tables, in their order. Menus, context menus,
@@ -40,11 +41,14 @@ class Commands {
     for (const Command<Target>& row : table) {
       QAction& action = add(row.name, row.caption, row.shortcut);
       action.setEnabled(row.run != nullptr);
+      action.setCheckable(row.checkable);
       if (row.run == nullptr) continue;
       QObject::connect(&action, &QAction::triggered, &window_, [&target, run = row.run] { (target.*run)(); });
     }
   }
   void add(const QString& name, const QString& caption, const QString& shortcut, std::function<void()> run);
+  // One that somebody else made and keeps up to date, by the name that it has.
+  void add(QAction& action);
 
   QAction* find(const QString& name) const;  // nullptr when there is none
   // A name that no row has is a std::logic_error: the tables belong to the program.

@@ -20,7 +20,8 @@ constexpr std::array kRows = {
     Row{SearchCommand::definition, "goToDefinition", "Go to &Definition", "F4"},
     Row{SearchCommand::uses, "findUses", "Find &Uses", "Shift+F4"},
     Row{SearchCommand::files, "findInFiles", "Find &in Files...", "Ctrl+Shift+F"},
-    Row{SearchCommand::back, "goBack", "&Back", "Alt+Left"},
+    Row{SearchCommand::problems, "checkData", "&Check the Data", "Ctrl+Shift+M"},
+    Row{SearchCommand::back, "goBack", "Bac&k", "Alt+Left"},
     Row{SearchCommand::forward, "goForward", "F&orward", "Alt+Right"},
 };
 

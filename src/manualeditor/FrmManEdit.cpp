@@ -2,13 +2,10 @@
 #include "manualeditor/FrmManEdit.h"
 
 #include <QAction>
-#include <QClipboard>
 #include <QCloseEvent>
 #include <QDateTime>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QLocale>
-#include <QMenu>
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QTimer>
@@ -18,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/SearchCommands.h"
 #include "app/Services.h"
 #include "controls/FontDialog.h"
 #include "controls/Icons.h"
@@ -31,6 +29,7 @@
 #include "manualeditor/FindBar.h"
 #include "manualeditor/FrmReplace.h"
 #include "manualeditor/IniTextEdit.h"
+#include "manualeditor/ManualEditCommands.h"
 #include "manualeditor/MoveCommands.h"
 #include "manualeditor/OpenText.h"
 #include "manualeditor/TextCommands.h"
@@ -69,56 +68,6 @@ ManualEditPlace PlaceOfNew(const TextEdit& edit) {
 }
 
 
-struct FrmManEdit::MenuEntry {
-  const char* name;
-  const char* caption;                  // empty: a separator
-  void (FrmManEdit::*run)() = nullptr;  // none: a menu that holds the entries after it
-  const char* shortcut = "";
-};
-// Undo and Redo show a message here; their usual keys belong to the text.
-constexpr FrmManEdit::MenuEntry FrmManEdit::kMenuEntries[] = {
-    {"MnuFile", "&File"},
-    {"MnuSave", "&Save", &FrmManEdit::save, "Ctrl+S"},
-    {"", ""},
-    {"MnuExit", "E&xit", &FrmManEdit::exitCommand},
-    {"MnuEdit", "&Edit"},
-    {"MnuUndo", "&Undo", &FrmManEdit::tellAboutUndo},
-    {"MnuRedo", "&Redo", &FrmManEdit::tellAboutUndo},
-    {"", ""},
-    {"MnuCut", "Cu&t", &FrmManEdit::cut},
-    {"MnuCopy", "&Copy", &FrmManEdit::copy},
-    {"MnuPaste", "&Paste", &FrmManEdit::paste},
-    {"MnuDelete", "&Delete", &FrmManEdit::deleteSelection},
-    {"", ""},
-    {"MnuFind", "&Find...", &FrmManEdit::focusFind, "Ctrl+F"},
-    {"MnuFindNext", "Find &Next", &FrmManEdit::findNext, "F3"},
-    {"MnuReplace", "R&eplace...", &FrmManEdit::showReplace, "Ctrl+H"},
-    {"", ""},
-    {"MnuSelAll", "Select &All", &FrmManEdit::selectAll},
-    {"MnuFormat", "F&ormat"},
-    {"MnuFont", "&Fonts", &FrmManEdit::chooseFont},
-    {"menuSearch", "&Search"},
-    {"findAnything", "Find &Anything", &FrmManEdit::findAnything, "Ctrl+P"},
-    {"goToDefinition", "Go to &Definition", &FrmManEdit::goToDefinition, "F4"},
-    {"findUses", "Find &Uses", &FrmManEdit::findUses, "Shift+F4"},
-    {"findInFiles", "Find &in Files...", &FrmManEdit::findInFiles, "Ctrl+Shift+F"},
-    {"checkData", "&Check the Data", &FrmManEdit::checkData, "Ctrl+Shift+M"},
-    {"", ""},
-    {"goBack", "Bac&k", &FrmManEdit::goBack, "Alt+Left"},
-    {"goForward", "F&orward", &FrmManEdit::goForward, "Alt+Right"},
-    {"", ""},
-    {"findPrevious", "Find &Previous", &FrmManEdit::findPrevious, "Shift+F3"},
-};
-
-struct FrmManEdit::ToolButton {
-  const char* key;
-  void (FrmManEdit::*run)();
-};
-constexpr FrmManEdit::ToolButton FrmManEdit::kToolButtons[] = {
-    {"Save", &FrmManEdit::save},          {"Cut", &FrmManEdit::cut},
-    {"Copy", &FrmManEdit::copy},          {"Paste", &FrmManEdit::paste},
-    {"Undo", &FrmManEdit::tellAboutUndo}, {"Redo", &FrmManEdit::tellAboutUndo}};
-
 FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const KeptVersions& versions,
                        FontChooser& fonts)
     : services_(services),
@@ -137,8 +86,7 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
   TxtManEdit_->setObjectName("TxtManEdit");
   setCentralWidget(NoticeBar::below(TxtManEdit_, notices_));
   openText_->setParent(this);
-  buildMenus();
-  buildTextMenus();
+  buildCommands();
   buildStatusBar();
   buildToolBar();
   resize(kDesignSize);
@@ -152,39 +100,26 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
   Timer1_->start(kClockInterval);
 }
 
-void FrmManEdit::buildMenus() {
-  QMenu* menu = nullptr;
-  for (const MenuEntry& entry : kMenuEntries) {
-    if (entry.run == nullptr && *entry.caption != '\0') {
-      menu = menuBar()->addMenu(entry.caption);
-      menu->setObjectName(entry.name);
-    } else if (menu == nullptr) {
-      continue;  // the table begins with a menu
-    } else if (entry.run == nullptr) {
-      menu->addSeparator();
-    } else {
-      QAction* action = menu->addAction(entry.caption, this, entry.run);
-      action->setObjectName(entry.name);
-      action->setShortcut(QKeySequence(QString(entry.shortcut)));
-    }
-  }
+void FrmManEdit::buildCommands() {
+  AddManualEditCommands(commands_, {*this, *new TextCommands(*TxtManEdit_),
+                                    *new MoveCommands(*TxtManEdit_, *outline_), *find_});
+  AddSearchCommands(commands_, [this](SearchCommand command) { Q_EMIT searchAsked(command); });
+  commands_.add(buildBlockPanel());
+  for (const QAction* action : commands_.all()) TxtManEdit_->freeKey(action->shortcut());
+  BuildManualEditMenu(*menuBar(), commands_);
 }
 
-void FrmManEdit::buildTextMenus() {
-  (new TextCommands(*TxtManEdit_))->addMenus(*menuBar());
-  auto* view = findChild<QMenu*>("menuView");
-  view->addSeparator();
-  (new MoveCommands(*TxtManEdit_, *outline_))->addTo(*findChild<QMenu*>("menuSearch"), *view);
+// The action that shows and hides the panel.
+QAction& FrmManEdit::buildBlockPanel() {
   auto* panel = new BlockPanel(*TxtManEdit_, *outline_, this);
   addDockWidget(Qt::LeftDockWidgetArea, panel);
   panel->setVisible(services_.settings.GetSet("ManEditBlocks", "False") == "True");
-  QAction* toggle = panel->toggleViewAction();
-  toggle->setObjectName("showBlocks");
+  QAction* toggle = Named("showBlocks", panel->toggleViewAction());
   toggle->setText("B&locks");
   toggle->setShortcut(Qt::Key_F7);
-  view->insertAction(view->actions().value(0), toggle);
   connect(toggle, &QAction::triggered, this,
           [this](bool shown) { services_.settings.SaveSet("ManEditBlocks", shown ? "True" : "False"); });
+  return *toggle;
 }
 
 void FrmManEdit::buildToolBar() {
@@ -192,14 +127,7 @@ void FrmManEdit::buildToolBar() {
   TB1_->setMovable(false);
   TB1_->setContextMenuPolicy(Qt::PreventContextMenu);
   TB1_->setIconSize(kIconSize);
-  QAction* beforeFind = TB1_->insertSeparator(TB1_->actions().value(0));
-  for (const auto& [key, run] : kToolButtons) {
-    auto* action = new QAction(ThemeIcon(QString(key).toLower()), key, TB1_);
-    action->setObjectName(key);
-    action->setToolTip(key);
-    TB1_->insertAction(beforeFind, action);
-    connect(action, &QAction::triggered, this, run);
-  }
+  AddManualEditButtons(*TB1_, commands_);
   TB1_->addWidget(Named("blockPath", new BlockPath(*TxtManEdit_, *outline_)));
   TB1_->setFixedHeight(std::max(kBarsHeight - statusBar()->height(), TB1_->sizeHint().height()));
 }
@@ -372,24 +300,6 @@ void FrmManEdit::save() {
   showState("Idle");
 }
 
-void FrmManEdit::cut() {
-  QGuiApplication::clipboard()->clear();
-  copy();
-  deleteSelection();
-}
-
-void FrmManEdit::copy() {
-  QGuiApplication::clipboard()->setText(TxtManEdit_->selectedText());
-}
-
-void FrmManEdit::paste() {
-  TxtManEdit_->replaceSelection(QGuiApplication::clipboard()->text());
-}
-
-void FrmManEdit::deleteSelection() {
-  TxtManEdit_->replaceSelection({});
-}
-
 void FrmManEdit::tellAboutUndo() {
   const WindowCalls::Running call(calls_);
   services_.messages.show(
@@ -397,46 +307,6 @@ void FrmManEdit::tellAboutUndo() {
            "I am working on this feature, I will realease a new version as soon as I have finished it.\r\n"
            "If yoy want to use 'Undo', Right-click on some text and click on 'Undo'"},
       this);
-}
-
-void FrmManEdit::focusFind() {
-  find_->focus();
-}
-
-void FrmManEdit::findNext() {
-  find_->findNext();
-}
-
-void FrmManEdit::findPrevious() {
-  find_->findPrevious();
-}
-
-void FrmManEdit::findAnything() {
-  Q_EMIT searchAsked(SearchCommand::anything);
-}
-
-void FrmManEdit::goToDefinition() {
-  Q_EMIT searchAsked(SearchCommand::definition);
-}
-
-void FrmManEdit::findUses() {
-  Q_EMIT searchAsked(SearchCommand::uses);
-}
-
-void FrmManEdit::findInFiles() {
-  Q_EMIT searchAsked(SearchCommand::files);
-}
-
-void FrmManEdit::checkData() {
-  Q_EMIT searchAsked(SearchCommand::problems);
-}
-
-void FrmManEdit::goBack() {
-  Q_EMIT searchAsked(SearchCommand::back);
-}
-
-void FrmManEdit::goForward() {
-  Q_EMIT searchAsked(SearchCommand::forward);
 }
 
 bool FrmManEdit::goToIn(const QString& file, const ManualEditPlace& place) {
@@ -481,10 +351,6 @@ std::optional<NameHere> FrmManEdit::nameHere() const {
 
 void FrmManEdit::showReplace() {
   replace_->showWith(find_->soughtText());
-}
-
-void FrmManEdit::selectAll() {
-  TxtManEdit_->selectAll();
 }
 
 void FrmManEdit::chooseFont() {

@@ -5,6 +5,7 @@
 
 #include <array>
 
+#include "app/Commands.h"
 #include "app/EditorLauncher.h"
 #include "app/ManualEditRequest.h"
 #include "app/NameSource.h"
@@ -64,6 +65,12 @@ class FrmManEdit : public QMainWindow, public NameSource {
   // The same for a program that ends in any case: nothing is asked.
   void keepAtEnd();
 
+  void save();
+  void tellAboutUndo();
+  void showReplace();
+  void chooseFont();
+  void exitCommand();
+
  Q_SIGNALS:
   void searchAsked(SearchCommand command);
   // The window can go, see WindowCalls.
@@ -75,13 +82,8 @@ class FrmManEdit : public QMainWindow, public NameSource {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  struct MenuEntry;
-  struct ToolButton;
-  static const MenuEntry kMenuEntries[];
-  static const ToolButton kToolButtons[];
-
-  void buildMenus();
-  void buildTextMenus();
+  void buildCommands();
+  QAction& buildBlockPanel();
   void buildToolBar();
   void buildStatusBar();
 
@@ -100,27 +102,6 @@ class FrmManEdit : public QMainWindow, public NameSource {
   void goTo(const ManualEditPlace& place);
   void showClock();
 
-  void save();
-  void cut();
-  void copy();
-  void paste();
-  void deleteSelection();
-  void tellAboutUndo();
-  void focusFind();
-  void findNext();
-  void findPrevious();
-  void findAnything();
-  void goToDefinition();
-  void findUses();
-  void findInFiles();
-  void checkData();
-  void goBack();
-  void goForward();
-  void showReplace();
-  void selectAll();
-  void chooseFont();
-  void exitCommand();
-
   const Services& services_;
   FontChooser& fonts_;
 
@@ -132,6 +113,7 @@ class FrmManEdit : public QMainWindow, public NameSource {
   NoticeBar* notices_;
   FrmReplace* replace_;
   QTimer* Timer1_;
+  Commands commands_{*this};
   std::array<QLabel*, 5> panels_{};
   int lineTotal_ = 0;
 

@@ -6,8 +6,6 @@
 #include "manualeditor/BlockOutline.h"
 #include "manualeditor/JumpPopup.h"
 
-class QMenu;
-
 namespace korvane {
 
 class IniTextEdit;
@@ -19,18 +17,14 @@ class MoveCommands : public QObject {
  public:
   MoveCommands(IniTextEdit& text, BlockOutline& outline);
 
-  void addTo(QMenu& search, QMenu& view);
-
- private:
-  struct Command;
-  static const Command kCommands[];
-
   void goToLine();
   void goToBlock();
   void jumpToMatch();
   void toggleFold();
   void foldAll();
   void unfoldAll();
+
+ private:
   void goTo(int line);
 
   IniTextEdit& text_;

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "manualeditor/TextCommands.h"
 
-#include <QAction>
-#include <QMenu>
-#include <QMenuBar>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <Qsci/qsciscintilla.h>
 
-#include "controls/Named.h"
 #include "manualeditor/IniTextEdit.h"
 #include "manualeditor/LineEdits.h"
 #include "manualeditor/LineMarks.h"
@@ -19,57 +17,30 @@ using Sci = QsciScintillaBase;
 
 }  // namespace
 
-struct TextCommands::Command {
-  const char* name;
-  const char* caption = "";               // empty: a separator
-  void (TextCommands::*run)() = nullptr;  // none: a menu that holds the entries after it
-  const char* shortcut = "";
-  bool checkable = false;
-};
-constexpr TextCommands::Command TextCommands::kCommands[] = {
-    {"menuText", "&Text"},
-    {"toggleComment", "Toggle &Comment", &TextCommands::toggleComment, "Ctrl+/"},
-    {"duplicateLines", "&Duplicate", &TextCommands::duplicate, "Ctrl+D"},
-    {"moveLinesUp", "Move Lines &Up", &TextCommands::moveUp, "Alt+Up"},
-    {"moveLinesDown", "Move Lines Do&wn", &TextCommands::moveDown, "Alt+Down"},
-    {""},
-    {"indentLines", "&Indent", &TextCommands::indent, "Ctrl+]"},
-    {"outdentLines", "&Outdent", &TextCommands::outdent, "Ctrl+["},
-    {"trimLines", "&Trim Trailing Blanks", &TextCommands::trim},
-    {"alignLines", "&Align \"=\"", &TextCommands::align},
-    {""},
-    {"toggleMark", "Set or Clear &Mark", &TextCommands::toggleMark, "Ctrl+F2"},
-    {"nextMark", "&Next Mark", &TextCommands::nextMark, "F2"},
-    {"previousMark", "&Previous Mark", &TextCommands::previousMark, "Shift+F2"},
-    {"menuView", "&View"},
-    {"zoomIn", "Zoom &In", &TextCommands::zoomIn, "Ctrl++"},
-    {"zoomOut", "Zoom &Out", &TextCommands::zoomOut, "Ctrl+-"},
-    {"zoomNormal", "&Normal Size", &TextCommands::zoomNormal, "Ctrl+0"},
-    {""},
-    {"showBlanks", "Show &Blanks and Tabs", &TextCommands::showBlanks, "", true},
-    {"wrapLines", "&Wrap Lines", &TextCommands::wrap, "", true},
-};
-
 TextCommands::TextCommands(IniTextEdit& text) : QObject(&text), text_(text) {
   text_.view().send(Sci::SCI_SETADDITIONALSELECTIONTYPING, 1);  // typing into a rectangle fills all its lines
 }
 
-void TextCommands::addMenus(QMenuBar& bar) {
-  QMenu* menu = nullptr;
-  for (const Command& entry : kCommands) {
-    if (entry.run == nullptr && *entry.caption != '\0') {
-      menu = Named(entry.name, bar.addMenu(entry.caption));
-    } else if (menu == nullptr) {
-      continue;  // the table begins with a menu
-    } else if (entry.run == nullptr) {
-      menu->addSeparator();
-    } else {
-      QAction* action = Named(entry.name, menu->addAction(entry.caption, this, entry.run));
-      action->setCheckable(entry.checkable);
-      action->setShortcut(QKeySequence(QString(entry.shortcut)));
-      text_.freeKey(action->shortcut());
-    }
-  }
+void TextCommands::cut() {
+  QGuiApplication::clipboard()->clear();
+  copy();
+  deleteSelection();
+}
+
+void TextCommands::copy() {
+  QGuiApplication::clipboard()->setText(text_.selectedText());
+}
+
+void TextCommands::paste() {
+  text_.replaceSelection(QGuiApplication::clipboard()->text());
+}
+
+void TextCommands::deleteSelection() {
+  text_.replaceSelection({});
+}
+
+void TextCommands::selectAll() {
+  text_.selectAll();
 }
 
 void TextCommands::send(unsigned message) {

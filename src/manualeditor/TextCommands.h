@@ -7,25 +7,22 @@
 #include <string>
 #include <string_view>
 
-class QMenuBar;
-
 namespace korvane {
 
 class IniTextEdit;
 
-// The commands that work on the text alone, in menus of their own.
+// The commands that work on the text alone.
 class TextCommands : public QObject {
   Q_OBJECT
 
  public:
   explicit TextCommands(IniTextEdit& text);
 
-  // Adds "Text" and "View" behind the menus that are there.
-  void addMenus(QMenuBar& bar);
-
- private:
-  struct Command;
-  static const Command kCommands[];
+  void cut();
+  void copy();
+  void paste();
+  void deleteSelection();
+  void selectAll();
 
   void toggleComment();
   void duplicate();
@@ -35,15 +32,18 @@ class TextCommands : public QObject {
   void outdent();
   void trim();
   void align();
+
   void toggleMark();
   void nextMark();
   void previousMark();
+
   void zoomIn();
   void zoomOut();
   void zoomNormal();
   void showBlanks();
   void wrap();
 
+ private:
   void send(unsigned message);
   void editLines(const std::function<std::string(std::string_view)>& edit);
   void goToMark(int line);
