@@ -57,7 +57,6 @@ constexpr std::array kPanelWidths = {PanelWidth{"Line 100000 of 100000", 3}, Pan
                                      PanelWidth{"Time: 00:00:00 AM", 3}, PanelWidth{"Date: 00 Mmm 0000", 3},
                                      PanelWidth{"", 10}};
 
-}  // namespace
 // Where the new text stands; that of a new line behind the line end that it brings.
 ManualEditPlace PlaceOfNew(const TextEdit& edit) {
   constexpr std::string_view kLineEnd = "\r\n";
@@ -67,6 +66,7 @@ ManualEditPlace PlaceOfNew(const TextEdit& edit) {
   return {edit.line + 1, 1, static_cast<int>(text.size())};
 }
 
+}  // namespace
 
 FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const KeptVersions& versions,
                        FontChooser& fonts)
@@ -322,14 +322,11 @@ void FrmManEdit::goTo(const ManualEditPlace& place) {
   } else {
     place_ = place;
   }
-  return true;
 }
 
 void FrmManEdit::goToLine(int line) {
   TxtManEdit_->goTo(line - 1, 0, 0);
   TxtManEdit_->setFocus();
-}
-
 }
 
 bool FrmManEdit::shows(const QString& file) const {
@@ -344,6 +341,9 @@ bool FrmManEdit::edit(const EditPlan& plan) {
   std::ranges::sort(edits, {}, [](const TextEdit& each) { return std::pair(each.line, each.column); });
   TxtManEdit_->apply(edits);
   goTo(PlaceOfNew(edits.front()));
+  return true;
+}
+
 std::optional<NameHere> FrmManEdit::nameHere() const {
   const QString word = TxtManEdit_->wordAtCursor();
   return word.isEmpty() ? std::nullopt : std::optional(NameHere{word});

@@ -153,12 +153,12 @@ FileBytesOfText IniTextEdit::fileBytes() const {
   return FileOfUtf8(utf8());
 }
 
-void IniTextEdit::setReadOnly(bool readOnly) {
-  text_->setReadOnly(readOnly);
 std::string IniTextEdit::legibleBytes() const {
   return LegibleBytesOfUtf8(utf8());
 }
 
+void IniTextEdit::setReadOnly(bool readOnly) {
+  text_->setReadOnly(readOnly);
 }
 
 bool IniTextEdit::isModified() const {
@@ -189,12 +189,12 @@ void IniTextEdit::moveToStart() {
 }
 
 void IniTextEdit::goTo(int line, int column, int length) {
-  line = std::min(line, lineCount() - 1);
-  const qsizetype end = send(Sci::SCI_GETLINEENDPOSITION, line);
   select(spanOf(line, column, length));
 }
 
 TextSpan IniTextEdit::spanOf(int line, int column, int length) const {
+  line = std::min(line, lineCount() - 1);
+  const qsizetype end = send(Sci::SCI_GETLINEENDPOSITION, line);
   const auto advanced = [&](qsizetype from, int characters) {
     const qsizetype to = send(Sci::SCI_POSITIONRELATIVE, from, std::max(characters, 0));
     return to == 0 || to > end ? end : to;  // 0: behind the text's end
@@ -313,8 +313,6 @@ void IniTextEdit::replaceAllText(const QByteArray& utf8) {
   send(Sci::SCI_SETFIRSTVISIBLELINE, topLine);
 }
 
-void IniTextEdit::setTextFont(const QFont& font) {
-  font_ = font;
 // From the last one on, so that none moves the place of another.
 void IniTextEdit::apply(std::span<const TextEdit> edits) {
   send(Sci::SCI_BEGINUNDOACTION);
@@ -327,6 +325,8 @@ void IniTextEdit::apply(std::span<const TextEdit> edits) {
   send(Sci::SCI_ENDUNDOACTION);
 }
 
+void IniTextEdit::setTextFont(const QFont& font) {
+  font_ = font;
   applyFont();
 }
 

@@ -41,9 +41,9 @@ class IniTextEdit : public QWidget {
   void setBytesAgain(std::string_view bytes);
   // The file that holds the text, see FileOfUtf8.
   FileBytesOfText fileBytes() const;
-
   // See LegibleBytesOfUtf8.
   std::string legibleBytes() const;
+
   void setReadOnly(bool readOnly);
   bool isModified() const;
   void setUnmodified();
@@ -86,10 +86,10 @@ class IniTextEdit : public QWidget {
   // Another text in the place of all of it, as one step to undo, the view as little moved as can be.
   void replaceAllText(const QByteArray& utf8);
 
-  // The control takes the keys of its own commands before any menu gets them.
   // Changes, in their order, as one step to undo.
   void apply(std::span<const TextEdit> edits);
 
+  // The control takes the keys of its own commands before any menu gets them.
   void freeKey(const QKeySequence& key);
 
   ScintillaView view() const { return view_; }
@@ -111,8 +111,8 @@ class IniTextEdit : public QWidget {
  private:
   void prepare();
   void fitNumberMargin();
-  void applyFont();
   TextSpan spanOf(int line, int column, int length) const;
+  void applyFont();
   void applyColours();
   void strikeOut();
   void showAtScrollBar(TextMark mark, const std::vector<TextSpan>& spans);
