@@ -92,11 +92,12 @@ std::error_code DiskFile::lock() {
   return ErrorUnless(::flock(handle_, LOCK_EX | LOCK_NB) == 0);
 }
 
-bool DiskFile::isAt(const fs::path& path) const {
+std::error_code DiskFile::whyNotAt(const fs::path& path) const {
   struct stat here {};
   struct stat there {};
-  return ::fstat(handle_, &here) == 0 && ::lstat(path.c_str(), &there) == 0 && here.st_dev == there.st_dev &&
-         here.st_ino == there.st_ino;
+  if (::fstat(handle_, &here) != 0 || ::lstat(path.c_str(), &there) != 0) return ErrorUnless(false);
+  const bool same = here.st_dev == there.st_dev && here.st_ino == there.st_ino;
+  return same ? std::error_code() : std::make_error_code(std::errc::no_such_file_or_directory);
 }
 
 std::optional<FileLook> LookAt(const fs::path& path) {

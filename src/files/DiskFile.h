@@ -40,8 +40,9 @@ class DiskFile {
   // resource_unavailable_try_again when somebody else holds it, another one where the file system knows no
   // locks.
   std::error_code lock();
-  // Whether the path still names this file.
-  bool isAt(const std::filesystem::path& path) const;
+  // No error when the path still names this file, no_such_file_or_directory when it does not, another one
+  // when that cannot be told.
+  std::error_code whyNotAt(const std::filesystem::path& path) const;
 
  private:
   std::error_code openAs(const std::filesystem::path& path, int flags, Access access);

@@ -84,8 +84,8 @@ std::error_code DiskFile::lock() {
   return ErrorUnless(handle_ >= 0);
 }
 
-bool DiskFile::isAt(const fs::path&) const {
-  return handle_ >= 0;
+std::error_code DiskFile::whyNotAt(const fs::path&) const {
+  return handle_ >= 0 ? std::error_code() : std::make_error_code(std::errc::no_such_file_or_directory);
 }
 
 std::optional<FileLook> LookAt(const fs::path& path) {

@@ -26,8 +26,12 @@ void FileLock::tryOnce() {
   taken_ = IsInUse(error);
   if (error) return;
   error = file_.lock();
-  held_ = !error && file_.isAt(path_);
-  taken_ = !held_ && (!error || error == std::errc::resource_unavailable_try_again);
+  taken_ = error == std::errc::resource_unavailable_try_again;
+  if (!error) {
+    error = file_.whyNotAt(path_);
+    taken_ = error == std::errc::no_such_file_or_directory;
+  }
+  held_ = !error;
   if (!held_) static_cast<void>(file_.close());
 }
 

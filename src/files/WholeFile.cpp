@@ -56,7 +56,7 @@ bool IsNameBeside(const std::string& name, const std::string& of) {
 
 void RemoveUnlessHeld(const fs::path& path) {
   DiskFile file;
-  if (file.open(path) || file.lock() || !file.isAt(path)) return;
+  if (file.open(path) || file.lock() || file.whyNotAt(path)) return;
 #ifdef _WIN32
   static_cast<void>(file.close());  // an open file cannot be removed
 #endif
@@ -131,7 +131,7 @@ void WholeFile::begin() {
     if (error_ == std::errc::file_exists) continue;
     if (error_) break;
     static_cast<void>(file_.lock());
-    if (!file_.isAt(part)) continue;
+    if (file_.whyNotAt(part)) continue;
     part_ = part;
     return;
   }

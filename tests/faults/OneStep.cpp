@@ -7,7 +7,11 @@
 //   unsaved FILE SIZE         keeps a text of SIZE bytes that was not saved
 //   start FILE -              keeps what the program's end left in FILE.versions
 //   setting FOLDER VALUE      the entry "InfoTab" of the settings in the folder
-//   restore GAME PROGRAM      the files of the stock database in the folder PROGRAM
+//   copy FILE -               what it reads of the file as FILE.copy
+//   draft FILE SIZE           notes three texts, each instead of the one before, and says which it has noted
+//   wizard GAME FOLDER        with the stock database and the settings in FOLDER
+#include <QApplication>
+#include <QFontInfo>
 #include <QString>
 
 #include <cstdlib>
@@ -21,12 +25,13 @@
 #include <vector>
 
 #include "faults/Texts.h"
+#include "faults/WizardRun.h"
+#include "files/FileBytes.h"
 #include "platform/FileSaving.h"
 #include "platform/FileWriter.h"
 #include "platform/KeptVersions.h"
+#include "platform/UnsavedJournal.h"
 #include "settings/SettingsStore.h"
-#include "stock/DBCtl.h"
-#include "stock/StockRestoration.h"
 
 namespace {
 
@@ -59,20 +64,34 @@ QString Start(const QString& file) {
   return versions.recovered().empty() ? "nothing was kept" : "";
 }
 
-// As the wizard does it. Gives all that was not restored.
-QString Restore(const QString& game, const std::string& program) {
-  DBCtl database;
-  StockRestoration restoration(database, game.toStdString());
-  std::string reasons;
-  try {
-    for (const RestoredFile& file : restoration.restoreAll(program, [](auto, auto) { return true; })) {
-      if (!file.reason.empty()) reasons += file.path + ": " + file.reason + '\n';
-    }
-  } catch (const DatabaseError& error) {
-    reasons += error.what();
+QString Copy(const QString& file) {
+  FileBytes bytes;
+  if (!bytes.read(file.toStdString(), {})) return "it cannot be read";
+  return FileWriter().create(file + ".copy", bytes.bytes());
+}
+
+// From the event loop, as while somebody types.
+QString NoteSoon(UnsavedJournal& journal, const UnsavedText& text) {
+  QString failure;
+  const auto told = QObject::connect(&journal, &UnsavedJournal::noted,
+                                     [&failure](const QString& reason) { failure = reason; });
+  journal.noteSoon(text);
+  while (journal.isNoting()) QCoreApplication::processEvents();
+  QObject::disconnect(told);
+  return failure;
+}
+
+QString Draft(const QString& file, const std::string& size) {
+  const FileWriter writer;
+  const KeptVersions versions(writer, VersionsOf(file));
+  UnsavedJournal journal(versions);
+  for (const int number : {1, 2, 3}) {
+    const UnsavedText text{file, false, DraftText(number, size)};
+    const QString reason = number < 3 ? NoteSoon(journal, text) : journal.note(text);
+    if (!reason.isEmpty()) return reason;
+    std::cout << "noted " << number << std::endl;
   }
-  for (const std::string& failure : restoration.archiveFailures()) reasons += failure + '\n';
-  return QString::fromStdString(reasons);
+  return {};
 }
 
 const std::map<std::string, Step> kSteps = {
@@ -90,7 +109,10 @@ const std::map<std::string, Step> kSteps = {
        store.SaveSet("InfoTab", QString::fromStdString(value));
        return store.trouble();
      }},
-    {"restore", [](const QString& game, const std::string& program) { return Restore(game, program); }},
+    {"copy", [](const QString& path, const std::string&) { return Copy(path); }},
+    {"draft", Draft},
+    {"wizard", [](const QString& game,
+                  const std::string& folder) { return RunWizard(game, QString::fromStdString(folder)); }},
 };
 
 int Do(const std::vector<std::string>& words) {
@@ -134,5 +156,8 @@ int Serve() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication app(argc, argv);
+  QFontInfo(QApplication::font()).family();  // fonts are found once for all orders
   return argc == 1 ? Serve() : Do({argv + 1, argv + argc});
 }

@@ -54,6 +54,19 @@ TEST(SaveFaults, AFileIsCreatedWholeWhereLinksAreMissing) {
   ExpectNothingLost(step, Sweep(step));
 }
 
+TEST(SaveFaults, WhatIsReadOfAFileIsAllOfItOrNothing) {
+  SweptStep step;
+  step.name = "read a file";
+  step.command = {KORVANE_ONE_STEP, "copy", "@/" + kFile, "-"};
+  step.prepare = [](const GameFolder& folder) { folder.write(kFile, NewText("90000")); };
+  step.isDone = [](const GameFolder& folder) { return folder.read(kFile + ".copy") == NewText("90000"); };
+  step.loss = [&step](const GameFolder& folder, const RunResult&) {
+    const bool absent = !std::filesystem::exists(folder.native(kFile + ".copy"));
+    return absent || step.isDone(folder) ? "" : "a part is taken for the whole";
+  };
+  ExpectNothingLost(step, Sweep(step));
+}
+
 TEST(SaveFaults, ASymbolicLinkStaysOneWhateverCallFails) {
   SweptStep step = Writing("replace", "300");
   step.name += " behind a link";

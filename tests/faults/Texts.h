@@ -13,4 +13,9 @@ inline std::string NewText(const std::string& size) {
   return text;
 }
 
+// The text that is noted as the first, second or third.
+inline std::string DraftText(int number, const std::string& size) {
+  return std::to_string(number) + NewText(size);
+}
+
 }  // namespace korvane

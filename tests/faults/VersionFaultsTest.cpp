@@ -117,6 +117,27 @@ TEST(VersionFaults, ATextThatIsKeptIsKeptWhole) {
   ExpectNothingLost(step, SweepFreeSpace(step, 600, 20));
 }
 
+// The last of the texts that were noted, or the next one.
+TEST(VersionFaults, ADraftIsReplacedByTheNextOneInOneStep) {
+  SweptStep step;
+  step.name = "three notes of a text that is typed";
+  step.command = {KORVANE_ONE_STEP, "draft", "@/" + kFile, "300"};
+  step.prepare = [](const GameFolder&) {};
+  const auto isKept = [](const GameFolder& folder, int number) {
+    return number == 0 || IsKept(folder, GameFolder::CrLf(DraftText(number, "300")));
+  };
+  step.isDone = [=](const GameFolder& folder) { return isKept(folder, 3); };
+  step.loss = [=](const GameFolder& folder, const RunResult& result) {
+    int noted = 3;
+    while (noted > 0 && result.text.find("noted " + std::to_string(noted)) == std::string::npos) --noted;
+    const bool fine = isKept(folder, noted) || isKept(folder, noted + 1);
+    return fine ? std::string() : "text " + std::to_string(noted) + " is gone";
+  };
+  step.survivesPowerCut = false;  // three seconds of typing are not worth a wait for the disk
+  ExpectNothingLost(step, Sweep(step));
+  ExpectNothingLost(step, SweepFreeSpace(step, 1100, 20));
+}
+
 TEST(VersionFaults, ATextLostInACrashIsStillThereAfterAStartThatFails) {
   SweptStep step;
   step.name = "a start after a crash";

@@ -39,6 +39,15 @@ TEST(Reading, GivesEveryByteOfAFileOfAnySize) {
   }
 }
 
+TEST(Reading, AFileThatShrinksMeanwhileIsNotReadWhole) {
+  const GameFolder game;
+  game.write("Data/INI/Weapon.ini", std::string(9 << 20, 'a'));
+  FileBytes file;
+  const auto shrink = [&] { std::filesystem::resize_file(game.native("Data/INI/Weapon.ini"), 1); };
+  EXPECT_FALSE(file.read(game.path() + "\\Data\\INI\\Weapon.ini", shrink));
+  EXPECT_TRUE(file.bytes().empty());
+}
+
 TEST(Reading, OpensOrdinaryFilesOnly) {
   const GameFolder game;
 #ifndef _WIN32
