@@ -12,6 +12,9 @@
 #include <QToolButton>
 #include <QTreeView>
 
+#include <memory>
+#include <string>
+
 #include "controls/InPlaceTable.h"
 #include "mainwindow/FrmEdit.h"
 #include "manualeditor/IniTextEdit.h"
@@ -23,6 +26,8 @@
 
 namespace korvane {
 namespace {
+
+const std::string kWeapons = "Weapon Gun\r\nEnd\r\n";
 
 // How the table editors are wired to the main window and to their own dialogs.
 class EditorWindowsTest : public testing::Test, protected TestDesk {
@@ -47,7 +52,35 @@ class EditorWindowsTest : public testing::Test, protected TestDesk {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
+  IniTextEdit& editedText() const {
+    return *WindowNamed("FrmManEdit")->findChild<IniTextEdit*>("TxtManEdit");
+  }
+  // Into the weapon file, which the manual editor shows from then on.
+  void type(const char* text) {
+    game.write("Data/INI/Weapon.ini", kWeapons);
+    program.mainWindow().show();
+    program.showManualEditor({weapons});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return WindowNamed("FrmManEdit")->windowTitle() == "Manual Editor"; }));
+    editedText().replaceSelection(text);
+  }
+  void exitBy(const char* command) {
+    FrmEdit& window = program.mainWindow();
+    command == nullptr ? static_cast<void>(window.close()) : window.findChild<QAction*>(command)->trigger();
+  }
+  // Nothing can be kept while the result is there.
+  std::unique_ptr<QFile> blockKeeping() const {
+    const QString folder = versions.folderOf(weapons);
+    QDir(folder).removeRecursively();
+    QDir().mkpath(QFileInfo(folder).path());
+    auto inTheWay = std::make_unique<QFile>(folder);
+    EXPECT_TRUE(inTheWay->open(QIODevice::WriteOnly));
+    return inTheWay;
+  }
+
+  const QString weapons = game.qpath() + "\\Data\\INI\\Weapon.ini";
   Program program{services, folders, {}};
+  FileWriter files;
+  KeptVersions versions{files};
 };
 
 TEST_F(EditorWindowsTest, TheArmourEditorFollowsTheArmourListWhetherItIsOpenOrNot) {
@@ -76,31 +109,59 @@ TEST_F(EditorWindowsTest, ClearingTheSearchHistoryEmptiesTheOpenManualEditorsLis
   EXPECT_EQ(finds->count(), 0);
 }
 
-TEST_F(EditorWindowsTest, ExitKeepsWhatIsTypedAndStaysWhenThatFails) {
-  const QString path = game.qpath() + "\\Data\\INI\\Weapon.ini";
-  game.ini("Weapon.ini", "Weapon Gun\nEnd\n");
-  program.showManualEditor({path});
-  EXPECT_TRUE(QTest::qWaitFor([&] { return WindowNamed("FrmManEdit")->windowTitle() == "Manual Editor"; }));
-  WindowNamed("FrmManEdit")->findChild<IniTextEdit*>("TxtManEdit")->replaceSelection("typed");
-  const FileWriter files;
-  const KeptVersions versions(files);
-  const QString folder = versions.folderOf(path);
-  QDir(folder).removeRecursively();
-  ASSERT_TRUE(QDir().mkpath(QFileInfo(folder).path()));
-  auto* exit = program.mainWindow().findChild<QAction*>("MnuExit");
-  {
-    QFile inTheWay(folder);
-    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-    exit->trigger();
-    EXPECT_EQ(process.ends, 0);
-    EXPECT_EQ(messages.asked.size(), 1U);
-    inTheWay.remove();
-  }
-  exit->trigger();
+TEST_F(EditorWindowsTest, ExitKeepsWhatIsTypedAndAsksNothing) {
+  type("typed");
+  exitBy("MnuExit");
   EXPECT_EQ(process.ends, 1);
-  const std::vector<KeptVersion> kept = KeptVersions::versionsIn(folder);
+  EXPECT_TRUE(messages.asked.empty());
+  const std::vector<KeptVersion> kept = KeptVersions::versionsIn(versions.folderOf(weapons));
   ASSERT_EQ(kept.size(), 1U);
   EXPECT_TRUE(KeptVersions::read(kept.front()).value_or(QString()).startsWith("typed"));
+}
+
+struct ExitCase {
+  const char* exit;  // a command, or none: the window's title bar
+  const char* answer;
+  bool ends;
+  bool isSaved;
+};
+// The command comes last: after it the window closes without a question.
+constexpr ExitCase kExitCases[] = {
+    {nullptr, "Cancel", false, false},
+    {nullptr, "Save", true, true},
+    {nullptr, "Close anyway", true, false},
+    {"MnuExit", "Cancel", false, false},
+    {"MnuExit", "", false, false},
+    {"MnuExit", "Save", true, true},
+    {"MnuExit", "Close anyway", true, false},
+};
+
+// The question comes before the command's first step, which stores where the window stands.
+TEST_F(EditorWindowsTest, AnExitThatCannotKeepWhatIsTypedDoesAsTheUserSays) {
+  for (const ExitCase& each : kExitCases) {
+    SCOPED_TRACE(std::string(each.exit == nullptr ? "closing" : each.exit) + ", " + each.answer);
+    settings.deleteSection("EditWH");
+    process.ends = 0;
+    messages.asked.clear();
+    messages.answers = {each.answer};
+    type("typed");
+    const auto inTheWay = blockKeeping();
+    exitBy(each.exit);
+    ASSERT_EQ(messages.asked.size(), 1U);
+    EXPECT_EQ(messages.asked[0].answers, QStringList({"Close anyway", "Save", "Cancel"}));
+    EXPECT_EQ(process.ends, each.ends ? 1 : 0);
+    EXPECT_EQ(settings.find("EditWH", "FrmEdit_Width").has_value(), each.ends);
+    EXPECT_EQ(program.mainWindow().isVisible(), !each.ends);
+    EXPECT_EQ(game.read("Data/INI/Weapon.ini"), each.isSaved ? "typed" + kWeapons : kWeapons);
+    EXPECT_TRUE(each.ends || editedText().fileBytes().bytes == "typed" + kWeapons);
+    inTheWay->remove();
+    // What was given up is tried again at the next start.
+    const KeptVersions next(files);
+    EXPECT_EQ(next.recovered().size(), each.ends && !each.isSaved ? 1U : 0U);
+    QDir(versions.folderOf(weapons)).removeRecursively();
+    editedText().setUnmodified();
+    closeAndWait("FrmManEdit");
+  }
 }
 
 TEST_F(EditorWindowsTest, AFindingOpensItsPlaceAndTheStatusBarCountsThem) {
