@@ -30,6 +30,7 @@ struct RunResult {
   int exitCode = -1;
   std::string text{};     // what it wrote to its output and its errors
   bool diskGone = false;  // nothing worked from some call on, undoing included
+  bool passing = false;   // one call failed, and all later ones worked
 };
 RunResult RunWithFaults(const FaultRun& run);
 

@@ -111,6 +111,7 @@ SweepCounts Sweep(const SweptStep& step) {
       run.faults.push_back(fault);
       RunResult result = RunWithFaults(run);
       result.diskGone = fault.kind == "any" && fault.how == "on";
+      result.passing = fault.how == "once";
       attempt.judge(result, kinds[i] + ", " + TextOf(fault), counts);
     }
   }

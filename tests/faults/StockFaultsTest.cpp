@@ -79,12 +79,15 @@ SweptStep ExtractStep(bool overwrite) {
     folder.write("out/Data/INI/Weapon.ini.part", kMine);
     folder.write("out/Data/INI/Armor.ini.part", kMine);
   };
-  step.survivesPowerCut = false;  // extracting once more brings the files back
-  step.loss = [overwrite](const GameFolder& folder, const RunResult&) -> std::string {
+  // Only what is replaced: extracting once more brings new files back.
+  step.survivesPowerCut = overwrite;
+  step.loss = [overwrite](const GameFolder& folder, const RunResult& result) -> std::string {
     const std::string weapons = folder.read("out/Data/INI/Weapon.ini");
     if (weapons != kMine && !(overwrite && weapons == kNew[1].second)) return "the user's file is gone";
     const bool there = std::filesystem::exists(folder.native("out/Data/INI/Armor.ini"));
-    if (there && folder.read("out/Data/INI/Armor.ini") != kNew[0].second) return "a part of a file is there";
+    const bool mayBePart = overwrite && result.killed;
+    if (there && !mayBePart && folder.read("out/Data/INI/Armor.ini") != kNew[0].second)
+      return "a part of a file is there";
     for (const char* name : {"Weapon", "Armor"}) {
       if (folder.read("out/Data/INI/" + std::string(name) + ".ini.part") != kMine)
         return "a stranger's file is gone";

@@ -17,8 +17,9 @@ void SetVariable(const char* name, const std::string& value) {
 
 TEST(NativePath, FindsWhatTheGameSpellsInItsOwnWay) {
   const GameFolder disk;
-  for (const char* file : {"Data/INI/Weapon.ini", "Data/b.ini", "Data/B.INI",
-                           "prefix/dosdevices/c:/Game/a.txt", "home/.wine/dosdevices/d:/a.txt"}) {
+  for (const char* file : {"Data/INI/Weapon.ini", "Data/b.ini", "Data/B.INI", "Data/abc.INI", "Data/aBc.ini",
+                           "Data/ABC.ini", "Data/Abc.ini", "Data/abC.ini", "prefix/dosdevices/c:/Game/a.txt",
+                           "home/.wine/dosdevices/d:/a.txt"}) {
     disk.write(file, "");
   }
   SetVariable("HOME", disk.native("home").string());
@@ -34,6 +35,7 @@ TEST(NativePath, FindsWhatTheGameSpellsInItsOwnWay) {
       {"slashes", disk.path() + "/data/ini/weapon.ini", "Data/INI/Weapon.ini"},
       {"exact before byte order", disk.path() + "\\Data\\b.ini", "Data/b.ini"},
       {"first in byte order", disk.path() + "\\Data\\b.INI", "Data/B.INI"},
+      {"first of many", disk.path() + "\\Data\\aBC.INI", "Data/ABC.ini"},
       {"nothing matches", disk.path() + "\\data\\New\\None.ini", "Data/New/None.ini"},
       {"drive", "C:\\game\\A.TXT", "prefix/dosdevices/c:/Game/a.txt"},
       {"small drive letter", "c:\\Game\\a.txt", "prefix/dosdevices/c:/Game/a.txt"},

@@ -66,9 +66,9 @@ TEST_F(SafeReplaceTest, WhatCannotBeAnOrdinaryFileIsRefusedWithTheReason) {
   std::vector<std::string> targets = {"kept", "missing/a.ini", "kept/inner.ini/a.ini", std::string(300, 'n')};
 #ifndef _WIN32
   ASSERT_EQ(mkfifo(pathOf("pipe").c_str(), 0666), 0);
-  fs::create_symlink("/dev/null", pathOf("device"));
+  fs::create_symlink("pipe", pathOf("linked pipe"));  // no device: broken code would replace it
   fs::create_symlink("loop", pathOf("loop"));
-  targets.insert(targets.end(), {"pipe", "device", "loop"});
+  targets.insert(targets.end(), {"pipe", "linked pipe", "loop"});
 #endif
   const auto before = entries();
   for (const std::string& target : targets) {

@@ -115,7 +115,7 @@ TEST(SettingsStore, AFileThatIsNoneOfSettingsIsLeftAlone) {
       {"a section without an end", "[Settings\nExit=0\n"},
       {"quotes without an end", "[Settings]\nExit=\"0\n"},
       {"zeros", QByteArray("[Settings]\nExit=0\n") + QByteArray(100, '\0')},
-      {"an entry with a zero", QByteArray("[Settings]\nExit=\0 0\n", 21)},
+      {"an entry with a zero", QByteArray("[Settings]\nExit=\0 0\n", 20)},
       {"larger than 8 MB", "[Settings]\n;" + QByteArray(8 << 20, ' ')},
   };
   for (const auto& [name, bytes] : cases) {

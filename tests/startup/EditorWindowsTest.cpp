@@ -119,6 +119,12 @@ TEST_F(EditorWindowsTest, ExitKeepsWhatIsTypedAndAsksNothing) {
   EXPECT_TRUE(KeptVersions::read(kept.front()).value_or(QString()).startsWith("typed"));
 }
 
+TEST_F(EditorWindowsTest, AProgramThatIsEndedKeepsWhatIsTyped) {
+  type("typed");
+  program.keepAtEnd();
+  EXPECT_EQ(KeptVersions::versionsIn(versions.folderOf(weapons)).size(), 1U);
+}
+
 struct ExitCase {
   const char* exit;  // a command, or none: the window's title bar
   const char* answer;
