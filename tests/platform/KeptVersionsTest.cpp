@@ -171,6 +171,11 @@ TEST_F(KeptVersionsTest, NoVersionIsASecondNameOfTheFileAsItIsNow) {
   write("written by another program");
   EXPECT_EQ(save("new").reason, "");
   EXPECT_EQ(texts(), Texts{"replaced: written by another program"});
+  EXPECT_EQ(former.keep(ReplaceWay::renamed), "");  // once more, and the next save writes in place
+  FormerVersion next(versions_, path_, "new");
+  EXPECT_EQ(next.keep(ReplaceWay::inPlace), "");
+  write("in place");
+  EXPECT_EQ(texts().count("replaced: new"), 1U);
 }
 
 TEST_F(KeptVersionsTest, WhatCannotBeKeptIsReportedAndTheSaveGoesOn) {
