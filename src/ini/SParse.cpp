@@ -5,21 +5,15 @@
 #include <array>
 #include <utility>
 
+#include "ini/BlockParts.h"
 #include "ini/Blocks.h"
 #include "ini/DataFiles.h"
+#include "ini/DisplayGrammar.h"
 #include "ini/IniText.h"
 
 namespace korvane {
 
 namespace {
-
-constexpr std::string_view kWeaponSetHeader = "  WeaponSet";
-constexpr std::string_view kWeaponSetEnd = "  End";
-
-constexpr std::array<std::string_view, 9> kLocomotorKeys = {
-    "Surfaces",        "Speed",        "SpeedDamaged",        "TurnRate",
-    "TurnRateDamaged", "Acceleration", "AccelerationDamaged", "Braking",
-    "MinTurnSpeed"};
 
 std::string Key(std::string_view name) {
   std::string key(name);
@@ -155,24 +149,35 @@ void SParse::GetLocomotorData(const SelectedObject& object, int selectedTab, int
 }
 
 void SParse::ExtractWeapons(std::string_view StrData) {
-  const std::vector<std::string_view> lines = Split(StrData, kLineEnd);
   Collecting = true;
   InBlock_ = false;
+  weaponSetTexts_ = WeaponSetsOf(StrData, yield_);
+}
+
+bool IsNoWeapon(std::string_view word) {
+  constexpr std::array<std::string_view, 4> kNoWeapons = {"weaponset", "yes", "no", kLineEnd};
+  return std::ranges::find(kNoWeapons, ToLowerAscii(word)) != kNoWeapons.end();
+}
+
+std::vector<std::string> WeaponSetsOf(std::string_view objectText, const Yield& yield) {
+  const std::vector<std::string_view> lines = Split(objectText, kLineEnd);
   const auto sets = static_cast<std::size_t>(std::count_if(
       lines.begin(), lines.end(), [](std::string_view line) { return line.starts_with(kWeaponSetHeader); }));
-  weaponSetTexts_.assign(sets + 1, {});
+  std::vector<std::string> texts(sets + 1);
   std::size_t k = 0;
+  bool inSet = false;
   for (const std::string_view line : lines) {
-    if (yield_) yield_();
-    if (line.starts_with(kWeaponSetHeader)) InBlock_ = true;
-    if (!InBlock_) continue;
+    if (yield) yield();
+    inSet = inSet || line.starts_with(kWeaponSetHeader);
+    if (!inSet) continue;
     if (k == sets) break;
-    weaponSetTexts_[k] += line;
-    weaponSetTexts_[k] += kLineEnd;
+    texts[k] += line;
+    texts[k] += kLineEnd;
     if (!line.starts_with(kWeaponSetEnd)) continue;
     ++k;
-    InBlock_ = false;
+    inSet = false;
   }
+  return texts;
 }
 
 }  // namespace korvane

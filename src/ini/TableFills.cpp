@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <span>
 #include <string>
+#include <utility>
+#include <vector>
 
+#include "ini/BlockParts.h"
 #include "ini/DataFiles.h"
 #include "ini/IniText.h"
 #include "ini/ParameterRows.h"
@@ -78,23 +81,38 @@ std::string SParse::GetArmourData(std::string_view selected, TableSink& table) {
 
 void SParse::SParseArmourText(std::string_view StrText, TableSink& table) {
   const std::string text = RemVBCrLf(StrText);
-  const std::vector<std::string_view> lines = Split(text, kLineEnd);
   table.clearRows();
-  for (std::size_t i = 1; i + 1 < lines.size(); ++i) {  // between the header and the End line
-    SParseArmourLine(std::string(lines[i]));
+  for (const std::string_view line : ArmourLinesOf(text)) {
+    SParseArmourLine(std::string(line));
     table.addCell(damageType_, 0);
     table.addCell(percentage_, 1, EditKind::typed);
   }
 }
 
 void SParse::SParseArmourLine(std::string StrLine) {
-  damageType_ = DamageType(StrLine);
-  if (StrLine.find(';') == std::string::npos) StrLine += " ;A Comment";
-  const std::vector<std::string_view> pieces = Split(StrLine, ";");
+  ArmourLine line = ArmourLineOf(std::move(StrLine));
+  damageType_ = std::move(line.damageType);
+  percentage_ = std::move(line.percentage);
+}
+
+std::vector<std::string_view> ArmourLinesOf(std::string_view text) {
+  std::vector<std::string_view> lines;
+  ForEachPiece(text, kLineEnd, [&lines](std::string_view line) {
+    if (!TrimSpaces(line).empty()) lines.push_back(line);
+  });
+  if (lines.size() < 2) return {};
+  return {lines.begin() + 1, lines.end() - 1};
+}
+
+ArmourLine ArmourLineOf(std::string line) {
+  std::string type(DamageType(line));
+  if (line.find(';') == std::string::npos) line += " ;A Comment";
+  const std::vector<std::string_view> pieces = Split(line, ";");
   const std::string_view piece = pieces[pieces.size() - 2];
-  percentage_ = piece.substr(0, piece.find('%'));
-  percentage_ += '%';
-  percentage_.erase(0, percentage_.rfind(' ') + 1);  // without a space nothing
+  std::string percentage(piece.substr(0, piece.find('%')));
+  percentage += '%';
+  percentage.erase(0, percentage.rfind(' ') + 1);  // without a space nothing
+  return {std::move(type), std::move(percentage)};
 }
 
 }  // namespace korvane

@@ -14,6 +14,7 @@
 #include "controls/MaskedField.h"
 #include "controls/ShownText.h"
 #include "files/NativePath.h"
+#include "ini/BlockParts.h"
 #include "ini/DataFiles.h"
 #include "mainwindow/BusyWindow.h"
 #include "mainwindow/FrmColData.h"
@@ -359,9 +360,7 @@ void ObjectDisplay::clearHandlingField(std::size_t field) {
 }
 
 QString CleanWeaponName(const QString& text) {
-  const QString lower = text.toLower();
-  const bool namesNothing = lower == "weaponset" || lower == "yes" || lower == "no" || lower == kCrLf;
-  return namesNothing ? QString() : text;
+  return IsNoWeapon(ToBytes(text)) ? QString() : text;
 }
 
 }  // namespace korvane
