@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QApplication>
 
+#include "controls/FullTextTips.h"
 #include "controls/Icons.h"
 #include "startup/Desktop.h"
 #include "startup/EndSignals.h"
@@ -11,6 +12,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("Korvane");
   QApplication::setDesktopFileName("korvane");
   QApplication::setWindowIcon(korvane::ApplicationIcon());
+  korvane::FullTextTips::install();
   korvane::Desktop desktop;
   korvane::Program program(desktop.services(), desktop.folders(), QApplication::arguments().mid(1).join(' '));
   korvane::EndSignals endSignals;

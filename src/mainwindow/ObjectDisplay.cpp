@@ -9,6 +9,7 @@
 #include <QTabWidget>
 #include <QTreeView>
 
+#include <algorithm>
 #include <utility>
 
 #include "controls/MaskedField.h"
@@ -16,6 +17,7 @@
 #include "files/NativePath.h"
 #include "ini/BlockParts.h"
 #include "ini/DataFiles.h"
+#include "ini/IniText.h"
 #include "mainwindow/BusyWindow.h"
 #include "mainwindow/FrmColData.h"
 #include "mainwindow/ObjectNotices.h"
@@ -32,6 +34,7 @@ namespace korvane {
 namespace {
 
 constexpr std::string_view kObject = "Object";
+constexpr std::string_view kConditions = "Conditions";
 
 struct TextField {
   std::string_view key;
@@ -60,6 +63,25 @@ enum Stage {
 
 QString WithoutLineBreaks(std::string_view bytes) {
   return FromBytes(bytes).remove(kCrLf);
+}
+
+// All words of the conditions, of which the lists show the last one.
+QString AllConditions(std::string_view weaponSet) {
+  QStringList all;
+  ForEachPiece(weaponSet, kLineEnd, [&](std::string_view line) {
+    if (!TrimSpaces(line).starts_with(kConditions)) return;
+    const std::string_view value = line.substr(0, line.find(';'));
+    all += FromBytes(TrimSpaces(value.substr(std::min(value.find('='), value.size() - 1) + 1)));
+  });
+  return all.join('\n');
+}
+
+void AddCondition(QComboBox& list, const std::string& weaponSet) {
+  const std::string value = SParse::GetParameterValueNoINI("Weapon", kConditions, weaponSet);
+  const QString shown = ShownText(WithoutLineBreaks(value));
+  const QString all = ShownText(AllConditions(weaponSet));
+  list.addItem(shown);
+  if (all != shown) list.setItemData(list.count() - 1, all, Qt::ToolTipRole);
 }
 
 void Select(QComboBox& list, int index) {
@@ -264,16 +286,11 @@ void ObjectDisplay::readTextFields(const std::string& file, FrmColData& progress
 
 void ObjectDisplay::readWeaponSets(const std::string& file) {
   parser_.ExtractWeapons(parser_.GetObjectText(kObject, file));
-  QStringList conditions;
   const std::vector<std::string>& sets = parser_.WeaponSetTexts();
-  for (std::size_t i = 0; i + 1 < sets.size(); ++i) {
-    conditions +=
-        ShownText(WithoutLineBreaks(SParse::GetParameterValueNoINI("Weapon", "Conditions", sets[i])));
-  }
   for (QComboBox* list : {fields_.CondCombo, fields_.Conditions}) {
     list->clear();
-    list->addItems(conditions);
-    Select(*list, conditions.isEmpty() ? -1 : 0);
+    for (std::size_t i = 0; i + 1 < sets.size(); ++i) AddCondition(*list, sets[i]);
+    Select(*list, list->count() == 0 ? -1 : 0);
   }
   showWeaponsOf(fields_.Conditions->currentIndex());
 }

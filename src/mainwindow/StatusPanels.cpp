@@ -34,7 +34,6 @@ StatusPanels::StatusPanels(QStatusBar& bar) : problems_(new QToolButton), troubl
 void StatusPanels::show(Panel panel, const QString& text) {
   QLabel& shown = *panels_[panel];
   shown.setText(text);
-  shown.setToolTip(text);  // in case the panel is too narrow
   shown.show();
 }
 

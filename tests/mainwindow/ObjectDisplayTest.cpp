@@ -263,5 +263,24 @@ TEST_F(ObjectDisplayTest, AClickWhileStartUpReadsTheWeaponsIsIgnored) {
   EXPECT_FALSE(get<QTreeView>("TVMenu").selectionModel()->hasSelection());
 }
 
+TEST_F(ObjectDisplayTest, ConditionsThatLookAlikeTellAllTheirWords) {
+  game.objects("FactionUnit.ini",
+               "Object Jeep\n"
+               "  WeaponSet\n    Conditions = None\n  End\n"
+               "  WeaponSet\n    Conditions = PLAYER_UPGRADE VETERAN ; both\n  End\n"
+               "  WeaponSet\n    Conditions VETERAN\n  End\n"
+               "End\n");
+  open();
+  click("Jeep");
+  for (const char* name : {"Conditions", "CondCombo"}) {
+    const auto& list = get<QComboBox>(name);
+    ASSERT_EQ(list.count(), 3) << name;
+    EXPECT_EQ(list.itemText(1), "VETERAN");
+    EXPECT_EQ(list.itemData(1, Qt::ToolTipRole).toString(), "PLAYER_UPGRADE VETERAN");
+    EXPECT_EQ(list.itemData(0, Qt::ToolTipRole).toString(), "");
+    EXPECT_EQ(list.itemData(2, Qt::ToolTipRole).toString(), "");
+  }
+}
+
 }  // namespace
 }  // namespace korvane
