@@ -9,7 +9,7 @@ cd "$root"
 
 # Debian packages, one need a line.
 packages='
-build   cmake ninja-build g++ ccache git python3 qt6-base-dev qt6-svg-dev libqscintilla2-qt6-dev libcli11-dev libgtest-dev
+build   cmake ninja-build g++ ccache git python3 qt6-base-dev qt6-svg-dev libqscintilla2-qt6-dev libcli11-dev libdtl-dev libgtest-dev
 run     libqt6svg6 fonts-dejavu-core xvfb openbox
 test    python3 fonts-dejavu-core libdbd-xbase-perl python3-dbf python3-dbfread desktop-file-utils appstream
 package dpkg-dev file fakeroot xdotool

@@ -58,16 +58,6 @@ std::string WithBackslashes(std::string_view path) {
   return text;
 }
 
-std::string WhyNoText(std::string_view bytes) {
-  if (!bytes.empty() && std::memchr(bytes.data(), '\0', bytes.size()) != nullptr) return "it is no text";
-  while (bytes.size() > kLongestSourceLine) {
-    const std::size_t end = bytes.find_last_of("\r\n", kLongestSourceLine);
-    if (end == std::string_view::npos) return "it has a line of more than 1 MB";
-    bytes.remove_prefix(end + 1);
-  }
-  return {};
-}
-
 class Lister {
  public:
   explicit Lister(const std::stop_token& stop) : stop_(stop) {}
@@ -223,6 +213,16 @@ std::optional<SourceFile> LooseSource(const std::string& folder, const std::stri
 
 std::string WholePath(const SourceFile& file) {
   return file.archived ? file.container + " (" + file.path + ")" : file.container + '\\' + file.path;
+}
+
+std::string WhyNoText(std::string_view bytes) {
+  if (!bytes.empty() && std::memchr(bytes.data(), '\0', bytes.size()) != nullptr) return "it is no text";
+  while (bytes.size() > kLongestSourceLine) {
+    const std::size_t end = bytes.find_last_of("\r\n", kLongestSourceLine);
+    if (end == std::string_view::npos) return "it has a line of more than 1 MB";
+    bytes.remove_prefix(end + 1);
+  }
+  return {};
 }
 
 std::string SourceReader::read(const SourceFile& file) {

@@ -71,6 +71,8 @@ std::string ComparedPath(std::string_view path);
 // A text that no INI file needs is refused: larger than this, with a zero byte, or with a longer line.
 inline constexpr std::uint64_t kLargestSource = std::uint64_t{256} << 20;
 inline constexpr std::size_t kLongestSourceLine = std::size_t{1} << 20;
+// Why the bytes are refused, as a clause; empty when they are a text. Their size is not looked at.
+std::string WhyNoText(std::string_view bytes);
 
 // Reads files one after the other; an archive stays open for the next file.
 class SourceReader {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <ostream>
 
-#include "JsonText.h"
+#include "files/JsonText.h"
 #include "check/Report.h"
 
 namespace korvane {

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "JsonText.h"
+#include "files/JsonText.h"
 #include "Printable.h"
 #include "catalogue/StructureReader.h"
 #include "files/Windows1252.h"

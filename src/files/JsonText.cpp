@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "JsonText.h"
+#include "files/JsonText.h"
 
 #include <array>
 #include <cstddef>
