@@ -17,15 +17,20 @@ void CatalogueService::ensure() {
 void CatalogueService::refresh() {
   if (isReading()) {
     wanted_ = true;
+    if (reading_ != sources()) worker_.request_stop();
   } else if (!folders_.game.isEmpty()) {
     start();
   }
 }
 
+void CatalogueService::filesChanged() {
+  if (catalogue_ != nullptr || isReading()) refresh();
+}
+
 void CatalogueService::setFurtherData(std::vector<std::string> paths) {
   if (paths == further_) return;
   further_ = std::move(paths);
-  if (catalogue_ != nullptr || isReading()) refresh();
+  filesChanged();
 }
 
 CatalogueSources CatalogueService::sources() const {
@@ -35,7 +40,8 @@ CatalogueSources CatalogueService::sources() const {
 // The worker has its own copy of the sources, and what it hands over never changes.
 void CatalogueService::start() {
   wanted_ = false;
-  worker_ = std::jthread([this, sources = sources(), previous = catalogue_](const std::stop_token& stop) {
+  reading_ = sources();
+  worker_ = std::jthread([this, sources = reading_, previous = catalogue_](const std::stop_token& stop) {
     const auto tell = [this](std::size_t done, std::size_t all) {
       QMetaObject::invokeMethod(
           this, [this, done, all] { Q_EMIT progress(static_cast<int>(done), static_cast<int>(all)); },
@@ -48,15 +54,13 @@ void CatalogueService::start() {
   });
 }
 
+// Whoever hears of a change can tell by isReading() that a newer one is on its way.
 void CatalogueService::take(const CataloguePtr& read) {
   worker_.join();
   worker_ = {};
-  const bool again = wanted_ || (read != nullptr && read->sources() != sources());
-  if (read != nullptr) {
-    catalogue_ = read;
-    Q_EMIT changed();
-  }
-  if (again) refresh();
+  if (read != nullptr) catalogue_ = read;
+  if (wanted_ || (read != nullptr && read->sources() != sources())) refresh();
+  if (read != nullptr) Q_EMIT changed();
 }
 
 }  // namespace korvane

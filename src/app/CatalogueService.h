@@ -27,10 +27,13 @@ class CatalogueService : public QObject {
   const CataloguePtr& catalogue() const { return catalogue_; }
   bool isReading() const { return worker_.joinable(); }
 
-  // Looks which files have changed, and reads those. While that goes on, another wish waits for its end.
+  // Looks which files have changed, and reads those. While that goes on, another wish waits for its end; a
+  // reading of another folder is given up.
   void refresh();
   // The same at the first need only.
   void ensure();
+  // The same when there has been a need already: the program has written files, or has another folder.
+  void filesChanged();
   // Folders and archives behind the game folder, such as the original game's data.
   void setFurtherData(std::vector<std::string> paths);
   // What the catalogue is made of.
@@ -47,7 +50,8 @@ class CatalogueService : public QObject {
   const Folders& folders_;
   std::vector<std::string> further_;
   CataloguePtr catalogue_;
-  bool wanted_ = false;  // again, once the worker is done
+  CatalogueSources reading_;  // what the worker reads
+  bool wanted_ = false;       // again, once the worker is done
   std::jthread worker_;
 };
 

@@ -11,12 +11,13 @@ namespace korvane {
 
 struct ManualEditPlace;
 struct ManualEditRequest;
+struct NameHere;
 
 // Each has a window of its own, with the list of the file's entries.
 enum class TableEditorId { weapons, armours, commandSets, commandButtons };
 
 // What all windows offer for the names of a game folder.
-enum class SearchCommand { anything, definition, uses, files, problems, back, forward };
+enum class SearchCommand { anything, definition, uses, namesUsed, files, problems, back, forward };
 
 // What the windows ask of each other. Every window is made at its first use and shown modeless.
 class EditorLauncher {
@@ -52,6 +53,11 @@ class EditorLauncher {
 
   // Carries out a command that a window was asked for.
   virtual void search(SearchCommand command, QWidget& window) = 0;
+  // The window that shows what the name means best.
+  virtual void showDefinition(const NameHere& name) = 0;
+  // What the name means, where it is defined and how often it is used: for a tooltip. Empty as long as
+  // nothing is known of it.
+  virtual QString tellOfName(const NameHere& name) = 0;
 
   virtual void showOptions() = 0;
   virtual void showAbout() = 0;

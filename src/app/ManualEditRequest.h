@@ -23,7 +23,8 @@ struct ManualEditRequest {
   int ManualEditPartial = 0;          // 1: only a part of that file, which cannot be saved
   std::optional<std::string> text{};  // in the file's bytes; none: the file as it is on the disk
   ManualEditPlace place{};            // gone to when the window is set up
-  QString archive{};                  // the name of what has the file; the text can then only be read
+  // The archive or further folder that has the file, the program's path; the text can then only be read.
+  QString archive{};
 };
 
 // Where a data file lies.

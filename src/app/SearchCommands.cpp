@@ -19,6 +19,7 @@ constexpr std::array kRows = {
     Row{SearchCommand::anything, "findAnything", "Find &Anything", "Ctrl+P"},
     Row{SearchCommand::definition, "goToDefinition", "Go to &Definition", "F4"},
     Row{SearchCommand::uses, "findUses", "Find &Uses", "Shift+F4"},
+    Row{SearchCommand::namesUsed, "namesUsed", "&Names Used by This Block", ""},
     Row{SearchCommand::files, "findInFiles", "Find &in Files...", "Ctrl+Shift+F"},
     Row{SearchCommand::problems, "checkData", "&Check the Data", "Ctrl+Shift+M"},
     Row{SearchCommand::back, "goBack", "Bac&k", "Alt+Left"},

@@ -32,7 +32,7 @@ constexpr int kWidth = 860;  // at least, or the list would be narrow
 constexpr int kHeight = 480;
 
 // Behind the given entry of the context menu.
-constexpr const char* kNameCommands[] = {"", "goToDefinition", "findUses"};
+constexpr const char* kNameCommands[] = {"", "goToDefinition", "findUses", "namesUsed"};
 
 // The parts of the notice bar.
 enum Notices { soughtNotices, entryNotices, typedNotices };
@@ -196,9 +196,21 @@ std::optional<NameHere> TableEditor::nameHere() const {
     const auto name = selectedName();
     return name ? std::optional(NameHere{*name, GameStructure::get().space(entry_.kind)}) : std::nullopt;
   }
-  const QModelIndex cell = pane_->table().currentIndex();
-  const QString text = cell.isValid() ? cell.data().toString().trimmed() : QString();
-  return text.isEmpty() ? std::nullopt : std::optional(NameHere{text});
+  return nameAt(pane_->table().currentIndex());
+}
+
+// The name in the value of a table's row.
+std::optional<NameHere> TableEditor::nameAt(const QModelIndex& cell) const {
+  const QString value = cell.siblingAtColumn(1).data().toString().trimmed();
+  if (value.isEmpty()) return std::nullopt;
+  return NameInValue(entry_.kind, cell.siblingAtColumn(0).data().toString(), value);
+}
+
+std::optional<ItemPlace> TableEditor::placeHere() const {
+  const auto name = selectedName();
+  if (!name || name->isEmpty()) return std::nullopt;
+  const QString path = "Data\\INI\\" + QString::fromUtf8(entry_.file);
+  return ItemPlace{GameStructure::get().kind(entry_.kind), *name, {.path = path}};
 }
 
 std::optional<QString> TableEditor::selectedName() const {

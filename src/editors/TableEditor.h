@@ -58,6 +58,7 @@ class TableEditor : public QMainWindow, public NameSource {
   bool clickEntry(const QString& name);
 
   std::optional<NameHere> nameHere() const override;
+  std::optional<ItemPlace> placeHere() const override;
 
  Q_SIGNALS:
   // The window can go, see WindowCalls.
@@ -87,6 +88,7 @@ class TableEditor : public QMainWindow, public NameSource {
   void select(const QModelIndex& entry);
   void tellSought(const QString& name, const QModelIndex& found);
   std::optional<QString> selectedName() const;
+  std::optional<NameHere> nameAt(const QModelIndex& cell) const;
   void showNamed(const QString& name);
   void showEntry(const QModelIndex& entry);
   void tellTyped();

@@ -41,6 +41,10 @@ constexpr int kTreeWidth = 4200;
 constexpr int kDesignHeight = 10200;
 constexpr auto kFileButtonInterval = std::chrono::milliseconds(100);
 
+bool IsNamedObject(const ObjectNode& node) {
+  return (node.kind == NodeKind::object || node.kind == NodeKind::listed) && !node.text.empty();
+}
+
 }  // namespace
 
 FrmEdit::FrmEdit(const Services& services, EditorLauncher& launcher)
@@ -177,9 +181,8 @@ bool FrmEdit::showObject(const QString& path, const QString& name) {
 std::optional<NameHere> FrmEdit::nameHere() const {
   const GameStructure& structure = GameStructure::get();
   if (TVMenu_->hasFocus()) {
-    const ObjectNode* node = display_->selectedNode();
-    if (node == nullptr || node->kind != NodeKind::object) return std::nullopt;
-    return NameHere{ObjectTreeModel::shownText(*node), structure.space("Object")};
+    const auto object = placeHere();
+    return object ? std::optional(NameHere{object->name, structure.space("Object")}) : std::nullopt;
   }
   const std::pair<const QComboBox*, const char*> kLists[] = {
       {fields_.CboArmour, "Armor"}, {fields_.PWeapon, "Weapon"},         {fields_.SWeapon, "Weapon"},
@@ -190,6 +193,13 @@ std::optional<NameHere> FrmEdit::nameHere() const {
     if (here && !list->currentText().isEmpty()) return NameHere{list->currentText(), structure.space(kind)};
   }
   return std::nullopt;
+}
+
+std::optional<ItemPlace> FrmEdit::placeHere() const {
+  const ObjectNode* node = display_->selectedNode();
+  if (node == nullptr || !IsNamedObject(*node)) return std::nullopt;
+  const QString path = "Data\\INI\\" + QString::fromStdString(node->file);
+  return ItemPlace{GameStructure::get().kind("Object"), FromBytes(node->text), {.path = path}};
 }
 
 QStringList FrmEdit::weaponNames() const {

@@ -58,6 +58,8 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   // such object that can be loaded. `path`: of its file, below the game folder.
   bool showObject(const QString& path, const QString& name);
   std::optional<NameHere> nameHere() const override;
+  // The selected object.
+  std::optional<ItemPlace> placeHere() const override;
 
   // Takes the tree's font and the selected tab from the settings.
   void applyOptions();

@@ -63,6 +63,9 @@ void LaunchCommands::goToDefinition() {
 void LaunchCommands::findUses() {
   launcher_.search(SearchCommand::uses, window_);
 }
+void LaunchCommands::listNamesUsed() {
+  launcher_.search(SearchCommand::namesUsed, window_);
+}
 void LaunchCommands::findInFiles() {
   launcher_.search(SearchCommand::files, window_);
 }

@@ -32,6 +32,7 @@ class LaunchCommands {
   void findAnything();
   void goToDefinition();
   void findUses();
+  void listNamesUsed();
   void findInFiles();
   void checkData();
   void goBack();

@@ -15,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/Places.h"
 #include "app/SearchCommands.h"
 #include "app/Services.h"
 #include "controls/FontDialog.h"
@@ -31,6 +32,7 @@
 #include "manualeditor/IniTextEdit.h"
 #include "manualeditor/ManualEditCommands.h"
 #include "manualeditor/MoveCommands.h"
+#include "manualeditor/NamesInText.h"
 #include "manualeditor/OpenText.h"
 #include "manualeditor/TextCommands.h"
 #include "platform/EventYield.h"
@@ -286,7 +288,7 @@ void FrmManEdit::showClock() {
   const QDateTime now = QDateTime::currentDateTime();
   const QLocale locale;
   QString file = openText_->isPart() ? QString() : openText_->file();
-  if (!openText_->archive().isEmpty()) file += " (from " + openText_->archive() + ')';
+  if (!openText_->archive().isEmpty()) file += " (from " + ArchiveName(openText_->archive()) + ')';
   panels_[timePanel]->setText("Time: " + locale.toString(now.time(), QLocale::ShortFormat));
   panels_[datePanel]->setText("Date: " + locale.toString(now.date(), QLocale::ShortFormat));
   panels_[filePanel]->setText(file);
@@ -296,7 +298,7 @@ void FrmManEdit::showClock() {
 void FrmManEdit::save() {
   const WindowCalls::Running call(calls_);
   showState("Saving...");
-  openText_->save();
+  if (openText_->save()) Q_EMIT fileSaved();
   showState("Idle");
 }
 
@@ -345,8 +347,21 @@ bool FrmManEdit::edit(const EditPlan& plan) {
 }
 
 std::optional<NameHere> FrmManEdit::nameHere() const {
-  const QString word = TxtManEdit_->wordAtCursor();
-  return word.isEmpty() ? std::nullopt : std::optional(NameHere{word});
+  return NameAtCursor(*TxtManEdit_, *outline_);
+}
+
+std::optional<ItemPlace> FrmManEdit::placeHere() const {
+  const auto place = openText_->place();
+  return place ? std::optional(ItemPlace{.place = *place}) : std::nullopt;
+}
+
+// The files know the lines of a text only as long as it is theirs.
+std::optional<ItemPlace> FrmManEdit::blockHere() const {
+  const auto place = openText_->place();
+  if (place && !openText_->isUnsaved()) return placeHere();
+  auto item = ItemAtCursor(*TxtManEdit_, *outline_);
+  if (item && place) item->place = *place;
+  return item;
 }
 
 void FrmManEdit::showReplace() {

@@ -53,6 +53,8 @@ class FrmManEdit : public QMainWindow, public NameSource {
   bool goToIn(const QString& file, const ManualEditPlace& place);
   void goToLine(int line);  // from 1
   std::optional<NameHere> nameHere() const override;
+  std::optional<ItemPlace> placeHere() const override;
+  std::optional<ItemPlace> blockHere() const override;
 
   // The whole of this file is shown, and can be changed.
   bool shows(const QString& file) const;
@@ -73,6 +75,7 @@ class FrmManEdit : public QMainWindow, public NameSource {
 
  Q_SIGNALS:
   void searchAsked(SearchCommand command);
+  void fileSaved();
   // The window can go, see WindowCalls.
   void closedForGood();
 

@@ -98,6 +98,7 @@ constexpr std::array kMenuBar = {
     MenuRow{1, "findAnything"},
     MenuRow{1, "goToDefinition"},
     MenuRow{1, "findUses"},
+    MenuRow{1, "namesUsed"},
     MenuRow{1, "findInFiles"},
     MenuRow{1, "checkData"},
     kSeparator,

@@ -66,7 +66,7 @@ bool OpenText::open(const ManualEditRequest& request) {
 
 bool OpenText::save() {
   if (!archive_.isEmpty()) {
-    tell("This text is in " + archive_ + "; extract it first.");
+    tell("This text is in " + ArchiveName(archive_) + "; extract it first.");
     return false;
   }
   if (part_) {
@@ -179,6 +179,13 @@ void OpenText::tell(const QString& text) {
 
 int OpenText::ask(const QString& text, const QStringList& answers) {
   return services_.messages.ask({.text = text, .answers = answers}, text_.window());
+}
+
+std::optional<FilePlace> OpenText::place() const {
+  const QString folder = services_.folders.game + '\\';
+  if (part_ || !file_.startsWith(folder, Qt::CaseInsensitive)) return std::nullopt;
+  const IniTextEdit::Place cursor = text_.placeOf(text_.selection().from);
+  return FilePlace{file_.mid(folder.size()), archive_, cursor.line + 1, cursor.column + 1};
 }
 
 bool OpenText::isUnsaved() const {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string_view>
 
+#include "app/Places.h"
 #include "files/StillFile.h"
 #include "platform/FileSaving.h"
 #include "platform/UnsavedJournal.h"
@@ -37,8 +38,10 @@ class OpenText : public QObject {
   // handed over.
   const QString& file() const { return file_; }
   bool isPart() const { return part_; }
-  // What has the file, if that is not on the disk; empty for all others.
+  // The archive or further folder that has the file, the program's path; empty for all others.
   const QString& archive() const { return archive_; }
+  // Of the cursor; nothing for a part, and for a file outside of the game folder.
+  std::optional<FilePlace> place() const;
   // Closing it would lose something.
   bool isUnsaved() const;
 

@@ -127,6 +127,18 @@ LineFinder::Search NamesUsedAt(CataloguePtr names, const FilePlace& place) {
   };
 }
 
+FilePlace StartOfBlock(const Catalogue& names, const ItemPlace& block) {
+  if (block.kind == kNoKind) return block.place;
+  const SpaceId space = GameStructure::get().kinds()[block.kind].space;
+  std::optional<FilePlace> first;
+  for (const FoundDefinition& each : names.definitions(space, ToBytes(block.name))) {
+    const FilePlace place = ItemOf(each).place;
+    if (place.path.compare(block.place.path, Qt::CaseInsensitive) == 0) return place;
+    if (!first) first = place;
+  }
+  return first.value_or(block.place);
+}
+
 QString BlockCaption(const Catalogue& names, const FilePlace& place) {
   const CatalogueFile* file = FileAt(names, place);
   const std::uint32_t block = file == nullptr ? CatalogueFile::kNone : OutermostAt(*file, place);

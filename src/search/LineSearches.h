@@ -17,6 +17,10 @@ LineFinder::Search UsesOf(CataloguePtr names, NameHere name);
 // The names that the outermost block at the place uses: the kind and the name, then the lines.
 LineFinder::Search NamesUsedAt(CataloguePtr names, const FilePlace& place);
 
+// Where the block of blockHere() starts in the files. An item's first definition in the file of its place, or
+// in any; without an item it is the place itself.
+FilePlace StartOfBlock(const Catalogue& names, const ItemPlace& block);
+
 // The header of the outermost block at the place; empty when there is none.
 QString BlockCaption(const Catalogue& names, const FilePlace& place);
 

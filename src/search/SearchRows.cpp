@@ -55,7 +55,9 @@ const Prefix* TakePrefix(QString& typed) {
   return found;
 }
 
-SearchRow RowOfLine(int line) {
+SearchRow RowOfLine(int line, bool hasLines) {
+  if (!hasLines) return {SearchRow::What::hint, "A line of the open file", "works in the manual editor"};
+  if (line <= 0) return {SearchRow::What::hint, ":120", "a line of the open file"};
   SearchRow row{SearchRow::What::line, QStringLiteral("Line %1").arg(line), {}, "in the open file"};
   row.item.place.line = line;
   return row;
@@ -116,29 +118,25 @@ void SearchRows::addFiles(std::vector<SearchRow>& rows, const QString& pattern) 
   }
 }
 
-std::vector<SearchRow> SearchRows::start() const {
+std::vector<SearchRow> SearchRows::start(const WindowOffers& offers) const {
   std::vector<SearchRow> rows = chosen_;
   for (const Prefix& prefix : kPrefixes) {
     rows.push_back({SearchRow::What::hint, QStringLiteral("%1:").arg(QChar(prefix.letter)), prefix.meaning});
   }
-  rows.push_back({SearchRow::What::hint, ":120", "a line of the open file"});
+  if (offers.hasLines) rows.push_back(RowOfLine(0, true));
   return rows;
 }
 
-std::vector<SearchRow> SearchRows::find(const QString& typed, const QList<QAction*>& commands) const {
+std::vector<SearchRow> SearchRows::find(const QString& typed, const WindowOffers& offers) const {
   QString pattern = typed.trimmed();
-  if (pattern.isEmpty()) return start();
+  if (pattern.isEmpty()) return start(offers);
+  if (pattern.startsWith(':')) return {RowOfLine(pattern.mid(1).toInt(), offers.hasLines)};
   std::vector<SearchRow> rows;
-  if (pattern.startsWith(':')) {
-    const int line = pattern.mid(1).toInt();
-    if (line > 0) rows.push_back(RowOfLine(line));
-    return rows;
-  }
   const Prefix* prefix = TakePrefix(pattern);
   const bool read = names_.catalogue() != nullptr;
   if (read) addItems(rows, pattern, prefix == nullptr ? std::vector<KindId>() : KindsOf(*prefix));
   if (prefix == nullptr && read) addFiles(rows, pattern);
-  if (prefix == nullptr) AddCommands(rows, pattern, commands);
+  if (prefix == nullptr) AddCommands(rows, pattern, offers.commands);
   if (!read) rows.push_back({SearchRow::What::hint, "Reading the names...", {}});
   return rows;
 }

@@ -28,6 +28,12 @@ struct SearchRow {
   QAction* command = nullptr;
 };
 
+// What the window has in which somebody looks for anything.
+struct WindowOffers {
+  QList<QAction*> commands{};
+  bool hasLines = false;  // it shows a file
+};
+
 // Finds rows for what is typed. One for all windows: it also remembers what was chosen.
 class SearchRows {
  public:
@@ -37,13 +43,13 @@ class SearchRows {
 
   // The best rows first. ":120" is a line of the open file, a letter with a colon narrows to a kind. Without
   // a text: what was chosen last, and hints.
-  std::vector<SearchRow> find(const QString& typed, const QList<QAction*>& commands) const;
+  std::vector<SearchRow> find(const QString& typed, const WindowOffers& offers) const;
   void remember(const SearchRow& row);
 
  private:
   void addItems(std::vector<SearchRow>& rows, const QString& pattern, std::vector<KindId> kinds) const;
   void addFiles(std::vector<SearchRow>& rows, const QString& pattern) const;
-  std::vector<SearchRow> start() const;
+  std::vector<SearchRow> start(const WindowOffers& offers) const;
 
   CatalogueService& names_;
   std::vector<SearchRow> chosen_;  // the last first

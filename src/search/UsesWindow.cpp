@@ -147,13 +147,13 @@ QWidget* UsesWindow::makeButtonRow() {
 void UsesWindow::makeCommands() {
   AddSearchCommands(commands_, [this](SearchCommand command) {
     if (command == SearchCommand::files) return askForText({});
+    if (command == SearchCommand::namesUsed) return showNamesOfChosen();
     Q_EMIT searchAsked(command);
   });
   commands_.add("refresh", "&Refresh", "F5", [this] { askAgain(); });
-  commands_.add("usedNames", "&Names Used by This Block", {}, [this] { showNamesOfChosen(); });
   commands_.add("copyText", "&Copy as Text", {}, [this] { copyAsText(); });
   auto* menu = Named("foundMenu", new QMenu(this));
-  constexpr const char* kNames[] = {"goToDefinition", "findUses", "usedNames", "", "copyText", "refresh"};
+  constexpr const char* kNames[] = {"goToDefinition", "findUses", "namesUsed", "", "copyText", "refresh"};
   FillMenu(*menu, commands_, kNames);
   connect(
       new MenuButton(*tree_), &MenuButton::pressed, menu, [menu](const QPoint& at) { menu->popup(at); },
@@ -165,8 +165,8 @@ void UsesWindow::showUses(const NameHere& name) {
   follow(Subject::uses);
 }
 
-void UsesWindow::showNamesUsedAt(const FilePlace& place) {
-  place_ = place;
+void UsesWindow::showNamesUsedBy(const ItemPlace& block) {
+  block_ = block;
   follow(Subject::namesUsed);
 }
 
@@ -206,6 +206,7 @@ void UsesWindow::ask() {
   skipped_.clear();
   full_ = false;
   asked_ = names_.catalogue();
+  place_ = asked_ == nullptr ? block_.place : StartOfBlock(*asked_, block_);
   const bool asksFiles = subject_ == Subject::text;
   progress_->setVisible(asksFiles);
   progress_->setRange(0, 0);
@@ -230,7 +231,7 @@ void UsesWindow::askAgain() {
 
 void UsesWindow::namesChanged() {
   if (!wanted_ || subject_ == Subject::text) return;
-  wanted_ = false;
+  wanted_ = names_.isReading();  // a newer one
   if (asked_ == nullptr || asked_->files() != names_.catalogue()->files()) ask();
 }
 
@@ -274,7 +275,7 @@ void UsesWindow::showTitle() {
   if (subject_ == Subject::uses) title = counted("use", "uses") + " of " + Quoted(name_.name);
   if (subject_ == Subject::text) title = counted("line", "lines") + " with " + Quoted(sought_.text);
   if (subject_ == Subject::namesUsed) {
-    const QString block = asked_ == nullptr ? QString() : BlockCaption(*asked_, place_);
+    const QString block = asked_ == nullptr ? block_.name : BlockCaption(*asked_, place_);
     title = counted("name", "names") + " used by " + Quoted(block.isEmpty() ? ShownPlace(place_) : block);
   }
   const bool waits = asked_ == nullptr && (subject_ == Subject::uses || subject_ == Subject::namesUsed);
@@ -313,8 +314,8 @@ void UsesWindow::openPlace(const QModelIndex& index) {
 void UsesWindow::showNamesOfChosen() {
   const FoundLine* line = found_->lineAt(filtered_.mapToSource(tree_->currentIndex()));
   if (line == nullptr) return;
-  const FilePlace place = line->place;  // the line goes with the tree
-  showNamesUsedAt(place);
+  const ItemPlace block{kNoKind, {}, line->place};  // the line goes with the tree
+  showNamesUsedBy(block);
 }
 
 void UsesWindow::copyAsText() const {

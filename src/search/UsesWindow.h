@@ -33,7 +33,8 @@ class UsesWindow : public ToolDialog, public NameSource {
   UsesWindow(SettingsStore& settings, CatalogueService& names, PlaceLauncher& places);
 
   void showUses(const NameHere& name);
-  void showNamesUsedAt(const FilePlace& place);
+  // The names in the block, see NameSource::blockHere.
+  void showNamesUsedBy(const ItemPlace& block);
   // Puts the keyboard into the field for a text to find in all files, the text in it unless that is empty.
   void askForText(const QString& text);
 
@@ -88,7 +89,8 @@ class UsesWindow : public ToolDialog, public NameSource {
 
   Subject subject_ = Subject::nothing;
   NameHere name_;
-  FilePlace place_;
+  ItemPlace block_;
+  FilePlace place_;  // of the block, in asked_
   TextToFind sought_;
   CataloguePtr asked_;   // that the answer comes from
   bool wanted_ = false;  // an answer of the next catalogue, if that is another one

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "startup/PlaceOpener.h"
 
+#include <QApplication>
+
 #include <algorithm>
 #include <array>
 #include <string_view>
 
 #include "app/EditorLauncher.h"
 #include "app/ManualEditRequest.h"
+#include "app/NameSource.h"
+#include "catalogue/Extraction.h"
 #include "catalogue/SourceFiles.h"
 #include "mainwindow/FrmEdit.h"
 #include "platform/MessageBoxes.h"
@@ -54,21 +58,26 @@ std::string ReadArchived(const FilePlace& place, std::string& text) {
   return fault;
 }
 
+std::optional<ItemPlace> PlaceOfUser() {
+  const auto* source = dynamic_cast<const NameSource*>(QApplication::activeWindow());
+  return source == nullptr ? std::nullopt : source->placeHere();
+}
+
 }  // namespace
 
 void PlaceOpener::showPlace(const FilePlace& place) {
   const ItemPlace item{kNoKind, {}, place};
-  history_.visit(item);
+  history_.visit(item, PlaceOfUser());
   show(item);
 }
 
 void PlaceOpener::showItem(const ItemPlace& item) {
-  history_.visit(item);
+  history_.visit(item, PlaceOfUser());
   show(item);
 }
 
 void PlaceOpener::goBack() {
-  if (const auto item = history_.back()) show(*item);
+  if (const auto item = history_.back(PlaceOfUser())) show(*item);
 }
 
 void PlaceOpener::goForward() {
@@ -93,7 +102,7 @@ void PlaceOpener::edit(const FilePlace& place) {
   request.place = {place.line, place.column, place.length};
   request.ManualEditFile = services_.folders.game + '\\' + place.path;
   if (!place.archive.isEmpty()) {
-    request.archive = ArchiveName(place.archive);
+    request.archive = place.archive;
     const std::string fault = ReadArchived(place, request.text.emplace());
     if (!fault.empty()) {
       const QString text = ShownPlace(place) + ": " + QString::fromStdString(fault) + '.';
@@ -104,6 +113,27 @@ void PlaceOpener::edit(const FilePlace& place) {
     return;
   }
   launcher_.showManualEditor(request);
+}
+
+bool PlaceOpener::extract(const FilePlace& place, QWidget& window) {
+  const QString path = '\\' + place.path;
+  const QString question =
+      "Extract this file from " + ArchiveName(place.archive) + "?\r\n" + path +
+      "\r\nThe loose file will overrule the archive: the game reads it in place of the text there.";
+  if (services_.messages.ask({question, {"Extract", "Cancel"}}, &window) != 0) return false;
+  std::string bytes;
+  std::string fault = ReadArchived(place, bytes);
+  if (fault.empty())
+    fault = ExtractText(services_.folders.game.toStdString(), place.path.toStdString(), bytes);
+  if (!fault.empty()) {
+    const QString text = "The file was not extracted: \r\n" + path + "\r\n" + QString::fromStdString(fault);
+    services_.messages.show({.text = text}, &window);
+    return false;
+  }
+  FilePlace extracted = place;
+  extracted.archive.clear();
+  edit(extracted);
+  return true;
 }
 
 }  // namespace korvane

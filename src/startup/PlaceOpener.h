@@ -7,6 +7,8 @@
 #include "app/Places.h"
 #include "app/Services.h"
 
+class QWidget;
+
 namespace korvane {
 
 class EditorLauncher;
@@ -22,6 +24,10 @@ class PlaceOpener : public PlaceLauncher {
   void showItem(const ItemPlace& item) override;
   void goBack() override;
   void goForward() override;
+
+  // Asks, and writes what the manual editor shows of an archive as a file of its own, which it then shows.
+  // True when that is done.
+  bool extract(const FilePlace& place, QWidget& window);
 
  private:
   void show(const ItemPlace& item);

@@ -90,6 +90,7 @@ void Program::keepAtEnd() {
 void Program::runSplash() {
   frmSplash splash(services_, folders_, *this, arguments_);
   splash.load();
+  names_.filesChanged();  // the wizard restores files, and may have chosen another folder
 }
 
 FrmEdit& Program::mainWindow() {
@@ -222,6 +223,7 @@ FrmManEdit* Program::makeManualEditor() {
   auto* window = new FrmManEdit(services_, files_, *versions_, fonts_);
   QObject::connect(window, &FrmManEdit::searchAsked, window,
                    [this, window](SearchCommand command) { search(command, *window); });
+  QObject::connect(window, &FrmManEdit::fileSaved, window, [this] { names_.filesChanged(); });
   searchDesk_.addPopup(*window, [window](int line) { window->goToLine(line); });
   return window;
 }
@@ -271,6 +273,14 @@ void Program::search(SearchCommand command, QWidget& window) {
   }
 }
 
+void Program::showDefinition(const NameHere& name) {
+  searchDesk_.goToDefinition(name);
+}
+
+QString Program::tellOfName(const NameHere& name) {
+  return searchDesk_.tellOfName(name);
+}
+
 bool Program::keepUnsavedTexts() {
   FrmManEdit* editor = manualEditor_.existing();
   return editor == nullptr || editor->keepUnsavedText();
@@ -282,7 +292,9 @@ QString Program::fileWithUnsavedText() const {
 }
 
 QString Program::convertLineEnds(const QString& path) {
-  return ConvertLineEnds(path, files_, *versions_);
+  const QString problem = ConvertLineEnds(path, files_, *versions_);
+  names_.filesChanged();
+  return problem;
 }
 
 }  // namespace korvane

@@ -57,6 +57,8 @@ class Program : public EditorLauncher, public StartupWindows {
   bool editInManualEditor(const QString& file, const EditPlan& plan) override;
   bool showEntry(TableEditorId editor, const QString& name) override;
   void search(SearchCommand command, QWidget& window) override;
+  void showDefinition(const NameHere& name) override;
+  QString tellOfName(const NameHere& name) override;
   void showWeaponEditor() override;
   void showArmourEditor() override;
   void showCommandSetEditor() override;

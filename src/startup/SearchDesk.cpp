@@ -7,9 +7,11 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QPointer>
 #include <QToolTip>
 
 #include "app/CatalogueService.h"
+#include "catalogue/SourceFiles.h"
 #include "controls/Present.h"
 #include "controls/ShownText.h"
 #include "platform/TextEncoding.h"
@@ -22,6 +24,7 @@ namespace korvane {
 namespace {
 
 const QString kNoName = QStringLiteral("There is no name here.");
+const QString kNoBlock = QStringLiteral("There is no block here.");
 
 // In passing, beside what the keyboard is in.
 void Tell(const QString& text) {
@@ -60,6 +63,7 @@ void SearchDesk::addPopup(QWidget& window, std::function<void(int)> goToLine) {
 void SearchDesk::carryOut(SearchCommand command, QWidget& window) {
   const auto* source = dynamic_cast<const NameSource*>(&window);
   const auto name = source == nullptr ? std::nullopt : source->nameHere();
+  const auto block = source == nullptr ? std::nullopt : source->blockHere();
   switch (command) {
     case SearchCommand::anything:
       if (auto* popup = window.findChild<FindAnything*>()) popup->open();
@@ -69,6 +73,9 @@ void SearchDesk::carryOut(SearchCommand command, QWidget& window) {
       break;
     case SearchCommand::uses:
       name ? findUses(*name) : Tell(kNoName);
+      break;
+    case SearchCommand::namesUsed:
+      block ? listNamesUsed(*block) : Tell(kNoBlock);
       break;
     case SearchCommand::files:
       findInFiles(name ? name->name : QString());
@@ -84,13 +91,51 @@ void SearchDesk::carryOut(SearchCommand command, QWidget& window) {
   }
 }
 
-void SearchDesk::goToDefinition(const NameHere& name) {
+// Nothing when it is not known, or when the file has changed since.
+std::optional<ItemPlace> SearchDesk::definitionOf(const NameHere& name) const {
   const CataloguePtr& names = rows_.names().catalogue();
-  rows_.names().ensure();
-  if (names == nullptr) return Tell("The names are being read. Try again in a moment.");
+  if (names == nullptr || names->sources() != rows_.names().sources()) return std::nullopt;
   const auto found = names->definitions(name.space, ToBytes(name.name));
-  if (found.empty()) return Tell("No file defines '" + ShownText(name.name) + "'.");
-  places_.showItem(ItemOf(found.front()));
+  if (found.empty()) return std::nullopt;
+  const SourceFile& source = found.front().file->source();
+  if (!source.archived && LooseSource(source.container, source.path) != source) return std::nullopt;
+  return ItemOf(found.front());
+}
+
+void SearchDesk::goToDefinition(const NameHere& name) {
+  QObject::disconnect(waiting_);
+  if (const auto item = definitionOf(name)) return places_.showItem(*item);
+  CatalogueService& names = rows_.names();
+  const QPointer<QWidget> window = QApplication::activeWindow();
+  waiting_ = QObject::connect(&names, &CatalogueService::changed, &names, [this, name, window] {
+    if (rows_.names().isReading()) return;
+    QObject::disconnect(waiting_);
+    if (window != QApplication::activeWindow()) return;
+    if (const auto item = definitionOf(name)) return places_.showItem(*item);
+    Tell("No file defines '" + ShownText(name.name) + "'.");
+  });
+  names.refresh();
+  if (names.catalogue() == nullptr) Tell("Reading the names...");
+}
+
+void SearchDesk::listNamesUsed(const ItemPlace& block) {
+  usesWindow_().showNamesUsedBy(block);
+  Present(usesWindow_());
+}
+
+QString SearchDesk::tellOfName(const NameHere& name) const {
+  rows_.names().ensure();
+  const CataloguePtr& names = rows_.names().catalogue();
+  const std::string bytes = ToBytes(name.name);
+  if (names == nullptr || bytes.empty() || GameStructure::get().isSpecial(bytes, name.space)) return {};
+  const auto found = names->definitions(name.space, bytes);
+  const std::size_t uses = names->countUses(name.space, bytes);
+  if (found.empty() && name.space == kNoSpace && uses == 0) return {};
+  const QString used = uses == 1 ? QStringLiteral("1 use") : QStringLiteral("%1 uses").arg(uses);
+  if (found.empty()) return ShownText(name.name) + "\nDefined nowhere\n" + used;
+  const ItemPlace item = ItemOf(found.front());
+  return QStringList{KindName(item.kind) + ' ' + ShownText(item.name), ShownPlace(item.place), used}.join(
+      '\n');
 }
 
 void SearchDesk::findUses(const NameHere& name) {

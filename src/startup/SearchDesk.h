@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QList>
+#include <QObject>
 
 #include <functional>
 
@@ -29,15 +30,21 @@ class SearchDesk {
   void addPopup(QWidget& window, std::function<void(int)> goToLine = {});
 
   void carryOut(SearchCommand command, QWidget& window);
+  // Goes there once the names are read as the files are now, unless the user goes elsewhere meanwhile.
+  void goToDefinition(const NameHere& name);
+  // See EditorLauncher.
+  QString tellOfName(const NameHere& name) const;
 
  private:
-  void goToDefinition(const NameHere& name);
+  std::optional<ItemPlace> definitionOf(const NameHere& name) const;
+  void listNamesUsed(const ItemPlace& block);
   void findUses(const NameHere& name);
   void findInFiles(const QString& text);
 
   SearchRows& rows_;
   PlaceLauncher& places_;
   std::function<UsesWindow&()> usesWindow_;
+  QMetaObject::Connection waiting_;  // for the names, with a definition to go to
 };
 
 }  // namespace korvane

@@ -9,6 +9,7 @@
 
 #include "app/EditorLauncher.h"
 #include "app/ManualEditRequest.h"
+#include "app/NameSource.h"
 #include "app/Services.h"
 #include "settings/SettingsStore.h"
 #include "support/Fakes.h"
@@ -33,6 +34,8 @@ class FakeLauncher : public EditorLauncher {
     return true;
   }
   void search(SearchCommand, QWidget&) override { calls += "search"; }
+  void showDefinition(const NameHere& name) override { calls += "definition of " + name.name; }
+  QString tellOfName(const NameHere& name) override { return "about " + name.name; }
   void showWeaponEditor() override { calls += "weapons"; }
   void showArmourEditor() override { calls += "armours"; }
   void showCommandSetEditor() override { calls += "command sets"; }
