@@ -19,6 +19,7 @@
 #include <chrono>
 
 #include "app/EditorLauncher.h"
+#include "controls/InPlaceTable.h"
 #include "controls/Placement.h"
 #include "controls/Present.h"
 #include "controls/StoredFont.h"
@@ -191,6 +192,25 @@ std::optional<NameHere> FrmEdit::nameHere() const {
   for (const auto& [list, kind] : kLists) {
     const bool here = list->hasFocus() || list->lineEdit()->hasFocus();
     if (here && !list->currentText().isEmpty()) return NameHere{list->currentText(), structure.space(kind)};
+  }
+  return fields_.LstInfo->hasFocus() ? nameInList() : std::nullopt;
+}
+
+// The name in the value of the information list's selected row.
+std::optional<NameHere> FrmEdit::nameInList() const {
+  constexpr std::pair<const char*, const char*> kRows[] = {
+      {"Name", "Object"},
+      {"Primary Weapon", "Weapon"},
+      {"Secondary Weapon", "Weapon"},
+      {"Tertiary Weapon", "Weapon"},
+      {"Locomotor", "Locomotor"},
+  };
+  const auto* row = fields_.LstInfo->selectedRow();
+  if (row == nullptr) return std::nullopt;
+  for (const auto& [caption, kind] : kRows) {
+    const QString name = row->value.section(", ", 0, 0);
+    if (row->caption == caption && !name.isEmpty() && name != "N/A")
+      return NameHere{name, GameStructure::get().space(kind)};
   }
   return std::nullopt;
 }

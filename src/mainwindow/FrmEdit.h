@@ -86,6 +86,7 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   void load();
   void applyTreeFont();
   void nameFileButton();
+  std::optional<NameHere> nameInList() const;
   void showSettingsTrouble();
   bool exitConfirmed();
   void exitCommand();

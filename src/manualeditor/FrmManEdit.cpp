@@ -109,6 +109,7 @@ void FrmManEdit::buildCommands() {
   commands_.add(buildBlockPanel());
   for (const QAction* action : commands_.all()) TxtManEdit_->freeKey(action->shortcut());
   BuildManualEditMenu(*menuBar(), commands_);
+  commands_.action("extractText").setVisible(false);
 }
 
 // The action that shows and hides the panel.
@@ -151,6 +152,7 @@ void FrmManEdit::buildStatusBar() {
 bool FrmManEdit::open(const ManualEditRequest& request) {
   const WindowCalls::Running call(calls_);
   if (!openText_->open(request)) return false;
+  tellArchive();
   place_ = request.place;
   ManEditInitDone_ = false;
   calls_.reopen();
@@ -159,6 +161,21 @@ bool FrmManEdit::open(const ManualEditRequest& request) {
   if (!isVisible() || !isMaximized()) RestorePlacement(services_.settings, *this);
   setUpSoon();
   return true;
+}
+
+void FrmManEdit::tellArchive() {
+  const bool archived = !openText_->archive().isEmpty();
+  commands_.action("extractText").setVisible(archived);
+  if (!archived) return notices_->clear(OpenText::ofArchive);
+  Notice notice("This text is in " + ArchiveName(openText_->archive()) + " and can only be read here. ");
+  notice.link("Extract to Data\\INI...", [this] { askForExtract(); });
+  notices_->tell(OpenText::ofArchive, {notice});
+}
+
+void FrmManEdit::askForExtract() {
+  const WindowCalls::Running call(calls_);
+  const auto place = openText_->place();
+  if (place && !place->archive.isEmpty()) Q_EMIT extractAsked(*place);
 }
 
 void FrmManEdit::forgetFinds() {

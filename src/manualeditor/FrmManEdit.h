@@ -68,6 +68,7 @@ class FrmManEdit : public QMainWindow, public NameSource {
   void keepAtEnd();
 
   void save();
+  void askForExtract();
   void tellAboutUndo();
   void showReplace();
   void chooseFont();
@@ -76,6 +77,8 @@ class FrmManEdit : public QMainWindow, public NameSource {
  Q_SIGNALS:
   void searchAsked(SearchCommand command);
   void fileSaved();
+  // The text of an archive is to become a file of the game folder.
+  void extractAsked(const FilePlace& place);
   // The window can go, see WindowCalls.
   void closedForGood();
 
@@ -99,6 +102,7 @@ class FrmManEdit : public QMainWindow, public NameSource {
   bool prepareSearchList();
   void finishSetUp();
   void storeState();
+  void tellArchive();
 
   void showState(const QString& state);
   void showLine();

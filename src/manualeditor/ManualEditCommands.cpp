@@ -25,6 +25,7 @@ using Find = Command<FindBar>;
 // Undo and Redo show a message here; their usual keys belong to the text.
 constexpr std::array kWindowCommands = {
     Window{"MnuSave", "&Save", &FrmManEdit::save, "Ctrl+S"},
+    Window{"extractText", "&Extract to Data\\INI...", &FrmManEdit::askForExtract},
     Window{"MnuExit", "E&xit", &FrmManEdit::exitCommand},
     Window{"MnuUndo", "&Undo", &FrmManEdit::tellAboutUndo},
     Window{"MnuRedo", "&Redo", &FrmManEdit::tellAboutUndo},
@@ -76,6 +77,7 @@ constexpr MenuRow kSeparator{1};
 constexpr std::array kMenuBar = {
     MenuRow{0, "MnuFile", "&File"},
     MenuRow{1, "MnuSave"},
+    MenuRow{1, "extractText"},
     kSeparator,
     MenuRow{1, "MnuExit"},
     MenuRow{0, "MnuEdit", "&Edit"},

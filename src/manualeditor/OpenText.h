@@ -58,7 +58,7 @@ class OpenText : public QObject {
   void lookAgain();
 
   // What there is to be said of the text, each in a place of its own in the window.
-  enum Notice { ofFile, ofDraft };
+  enum Notice { ofFile, ofDraft, ofArchive };
 
  Q_SIGNALS:
   // An empty text takes back what was said.

@@ -223,6 +223,9 @@ FrmManEdit* Program::makeManualEditor() {
   auto* window = new FrmManEdit(services_, files_, *versions_, fonts_);
   QObject::connect(window, &FrmManEdit::searchAsked, window,
                    [this, window](SearchCommand command) { search(command, *window); });
+  QObject::connect(window, &FrmManEdit::extractAsked, window, [this, window](const FilePlace& place) {
+    if (places_.extract(place, *window)) names_.filesChanged();
+  });
   QObject::connect(window, &FrmManEdit::fileSaved, window, [this] { names_.filesChanged(); });
   searchDesk_.addPopup(*window, [window](int line) { window->goToLine(line); });
   return window;

@@ -52,6 +52,13 @@ class SearchJourney : public testing::Test, protected TestDesk {
     }));
   }
 
+  // Of what the manual editor shows, with this answer.
+  void extract(const QString& answer) {
+    ASSERT_TRUE(part<QAction>("FrmManEdit", "extractText").isVisible());
+    messages.answers = {answer};
+    part<QAction>("FrmManEdit", "extractText").trigger();
+  }
+
   Program program{services, folders, {}};
 };
 
@@ -93,6 +100,13 @@ TEST_F(SearchJourney, ATextInAnArchiveIsFoundAndShownButNeverSaved) {
   ASSERT_EQ(messages.shown.size(), 1U);
   EXPECT_EQ(messages.shown[0].text, "This text is in INI.big; extract it first.");
   EXPECT_FALSE(std::filesystem::exists(game.native("Data/INI/Packed.ini")));
+  extract("Cancel");
+  EXPECT_FALSE(std::filesystem::exists(game.native("Data/INI/Packed.ini")));
+  extract("Extract");
+  EXPECT_EQ(game.read("Data/INI/Packed.ini"), "Science SCIENCE_Packed\r\nEnd\r\n");
+  EXPECT_TRUE(
+      QTest::qWaitFor([] { return part<QLabel>("FrmManEdit", "Panel5").text().endsWith("Packed.ini"); }));
+  EXPECT_FALSE(part<QAction>("FrmManEdit", "extractText").isVisible());
   program.showManualEditor({.ManualEditFile = game.qpath() + "\\Data\\INI\\CommandSet.ini"});
   EXPECT_TRUE(
       QTest::qWaitFor([] { return part<QLabel>("FrmManEdit", "Panel5").text().endsWith("CommandSet.ini"); }));
