@@ -71,7 +71,7 @@ BenchDesk::BenchDesk(const BenchFolders& where)
 }
 
 QString ProgramText(const fs::path& native) {
-  return QString::fromStdString(ProgramPath(native));
+  return QString::fromStdString(ProgramText(native));
 }
 
 }  // namespace korvane

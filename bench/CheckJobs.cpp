@@ -12,7 +12,7 @@ namespace korvane {
 namespace {
 
 CatalogueSources SourcesOf(const BenchFolders& folders) {
-  return {.gameFolder = ProgramPath(folders.game())};
+  return {.gameFolder = ProgramText(folders.game())};
 }
 
 // The catalogue alone stands beside the catalogue with the check of all files.

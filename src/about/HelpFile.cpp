@@ -20,7 +20,8 @@ const QString kHeading = QStringLiteral("## ");
 
 QString ProblemWith(const QString& path, std::string_view bytes) {
   const QString name = '"' + path + '"';
-  if (!FileExists(path.toStdString())) return "The help file " + name + " is missing or cannot be read.";
+  if (!FileExists(ProgramPath(path.toStdString())))
+    return "The help file " + name + " is missing or cannot be read.";
   if (bytes.empty()) return "The help file " + name + " is empty.";
   if (!bytes.starts_with(kFirstLine)) return "The file " + name + " is not a help file of this program.";
   return {};
@@ -62,7 +63,7 @@ HelpPage PageOf(const QString& text) {
 
 HelpFile::HelpFile(const QString& path) {
   FileBytes file;
-  file.read(path.toStdString(), [] {});
+  file.read(ProgramPath(path.toStdString()), [] {});
   problem_ = ProblemWith(path, file.bytes());
   if (!problem_.isEmpty()) return;
   const std::string_view pages = file.bytes().substr(kFirstLine.size());

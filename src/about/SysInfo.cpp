@@ -32,7 +32,7 @@ QString RegisteredProgram(const Registry& registry) {
   if (GetKeyValue(registry, root, kProgramKey, kProgramValue, value)) return value;
   if (!GetKeyValue(registry, root, kFolderKey, kFolderValue, value)) return {};
   const QString program = value + kProgramInFolder;
-  return FileExists(program.toStdString()) ? program : QString();
+  return FileExists(ProgramPath(program.toStdString())) ? program : QString();
 }
 
 }  // namespace

@@ -98,7 +98,7 @@ std::vector<Notice> NoticesOf(const ShownBlock& block, const LookedFor& sought, 
 
 std::optional<ShownBlock> ReadShownBlock(const LookedFor& sought) {
   FileBytes file;
-  if (!file.read(sought.file.toStdString(), {})) return std::nullopt;
+  if (!file.read(ProgramPath(sought.file.toStdString()), {})) return std::nullopt;
   return FindShownBlock(file.bytes(), sought.kind, ToBytes(sought.name));
 }
 

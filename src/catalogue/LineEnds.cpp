@@ -19,7 +19,7 @@ LineEnds LineEndsOf(std::string_view piece, char before) {
   return ends;
 }
 
-LineEnds LineEndsOf(FilePieces& file, const std::string& path) {
+LineEnds LineEndsOf(FilePieces& file, const ProgramPath& path) {
   LineEnds all;
   if (!file.open(path)) return all;
   char before = '\0';

@@ -41,7 +41,7 @@ std::string_view ObjectName(std::string_view line) {
 class HeaderScan {
  public:
   // False when the file holds no header at all.
-  bool read(const std::string& path, OtherFile& file);
+  bool read(const ProgramPath& path, OtherFile& file);
 
  private:
   std::string_view takeLines(std::string_view bytes);
@@ -55,7 +55,7 @@ class HeaderScan {
   bool found_ = false;
 };
 
-bool HeaderScan::read(const std::string& path, OtherFile& file) {
+bool HeaderScan::read(const ProgramPath& path, OtherFile& file) {
   if (!pieces_.open(path)) return false;
   file_ = &file;
   behindLf_ = continues_ = found_ = false;
@@ -126,7 +126,7 @@ void AddCandidate(const fs::directory_entry& entry, const fs::path& folder,
                   std::vector<Candidate>& candidates) {
   std::error_code error;
   if (!entry.is_regular_file(error) || error) return;
-  const std::string path = ProgramPath(entry.path().lexically_relative(folder));
+  const std::string path = ProgramText(entry.path().lexically_relative(folder));
   const std::string lower = ToLowerAscii(path);
   if (!lower.ends_with(kLowerExtension)) return;
   const bool inside = lower.starts_with(kLowerObjects);

@@ -63,9 +63,9 @@ class Lister {
   explicit Lister(const std::stop_token& stop) : stop_(stop) {}
 
   void addSource(const std::string& source, bool own) {
-    if (EndsWithFolded(source, kArchiveEnding) && !FolderExists(source)) {
+    if (EndsWithFolded(source, kArchiveEnding) && !FolderExists(ProgramPath(source))) {
       addArchive(source, own);
-    } else if (FolderExists(source)) {
+    } else if (FolderExists(ProgramPath(source))) {
       addFolder(source, own);
     } else {
       skip(source, "it is no folder and no archive");
@@ -82,7 +82,7 @@ class Lister {
   void addFolder(const std::string& folder, bool own) {
     own_ = own;
     container_ = folder;
-    const fs::path native = NativePath(folder);
+    const fs::path native = NativePath(ProgramPath(folder));
     for (const fs::path& ini : iniFolders(native)) walk(ini, pathBelow(native, ini), 0);
     addArchives(native);
   }
@@ -92,7 +92,7 @@ class Lister {
   }
 
   static std::string pathBelow(const fs::path& folder, const fs::path& file) {
-    return ProgramPath(file.lexically_relative(folder));
+    return ProgramText(file.lexically_relative(folder));
   }
 
   static std::vector<fs::path> matching(const std::vector<fs::path>& folders, std::string_view name) {
@@ -100,7 +100,7 @@ class Lister {
     for (const fs::path& folder : folders) {
       std::error_code error;
       for (const fs::directory_entry& entry : EntriesOf(folder, error))
-        if (entry.is_directory(error) && EqualFolded(ProgramPath(entry.path().filename()), name))
+        if (entry.is_directory(error) && EqualFolded(ProgramText(entry.path().filename()), name))
           found.push_back(entry.path());
     }
     return found;
@@ -115,14 +115,14 @@ class Lister {
     std::error_code error;
     const fs::path real = fs::canonical(folder, error);
     if (error || depth > kDeepestFolder || !walked_.insert(real).second) {
-      skip(ProgramPath(folder), "it leads to a folder that is read already");
+      skip(ProgramText(folder), "it leads to a folder that is read already");
       return;
     }
     for (const fs::directory_entry& entry : EntriesOf(folder, error)) {
       if (stop_.stop_requested()) return;
-      take(entry, below + '\\' + ProgramPath(entry.path().filename()), depth);
+      take(entry, below + '\\' + ProgramText(entry.path().filename()), depth);
     }
-    if (error) skip(ProgramPath(folder), "it cannot be read");
+    if (error) skip(ProgramText(folder), "it cannot be read");
   }
 
   void take(const fs::directory_entry& entry, const std::string& path, int depth) {
@@ -133,7 +133,7 @@ class Lister {
       if (entry.is_regular_file(error)) {
         addLoose(entry.path(), path);
       } else {
-        skip(ProgramPath(entry.path()), "it is no ordinary file");
+        skip(ProgramText(entry.path()), "it is no ordinary file");
       }
     }
   }
@@ -142,7 +142,7 @@ class Lister {
     if (seen_.insert(ComparedPath(path)).second) {
       list_.files.push_back({.path = path, .container = container_, .own = own_, .stamp = StampOf(native)});
     } else if (own_) {
-      skip(ProgramPath(native), "another file has this path in other letter case");
+      skip(ProgramText(native), "another file has this path in other letter case");
     }
   }
 
@@ -150,19 +150,19 @@ class Lister {
     std::error_code error;
     std::vector<fs::path> archives;
     for (const fs::directory_entry& entry : EntriesOf(folder, error))
-      if (entry.is_regular_file(error) && EndsWithFolded(ProgramPath(entry.path()), kArchiveEnding))
+      if (entry.is_regular_file(error) && EndsWithFolded(ProgramText(entry.path()), kArchiveEnding))
         archives.push_back(entry.path());
     std::stable_sort(archives.begin(), archives.end(), [](const fs::path& a, const fs::path& b) {
-      return LessFolded(ProgramPath(a), ProgramPath(b));
+      return LessFolded(ProgramText(a), ProgramText(b));
     });
-    for (const fs::path& archive : archives) addArchive(ProgramPath(archive), own_);
+    for (const fs::path& archive : archives) addArchive(ProgramText(archive), own_);
   }
 
   void addArchive(const std::string& path, bool own) {
     if (stop_.stop_requested()) return;
     try {
       const BigArchive archive(path);
-      const FileStamp stamp = StampOf(NativePath(path));
+      const FileStamp stamp = StampOf(NativePath(ProgramPath(path)));
       for (std::size_t i = 0; i < archive.entries().size(); ++i)
         addEntry(archive.entries()[i].path,
                  {.container = path, .archived = true, .own = own, .entry = i, .stamp = stamp});
@@ -207,8 +207,9 @@ std::optional<SourceList> ListSourceFiles(const CatalogueSources& sources, const
 }
 
 std::optional<SourceFile> LooseSource(const std::string& folder, const std::string& path) {
-  if (!FileExists(folder + '\\' + path)) return std::nullopt;
-  return SourceFile{.path = path, .container = folder, .stamp = StampOf(NativePath(folder + '\\' + path))};
+  if (!FileExists(ProgramPath(folder + '\\' + path))) return std::nullopt;
+  return SourceFile{
+      .path = path, .container = folder, .stamp = StampOf(NativePath(ProgramPath(folder + '\\' + path)))};
 }
 
 std::string WholePath(const SourceFile& file) {
@@ -239,7 +240,7 @@ std::string SourceReader::read(const SourceFile& file) {
 }
 
 std::string SourceReader::readLoose(const SourceFile& file) {
-  const std::string path = file.container + '\\' + file.path;
+  const ProgramPath path(file.container + '\\' + file.path);
   std::error_code error;
   if (const auto size = fs::file_size(NativePath(path), error); !error && size > kLargestSource)
     return "it is larger than 256 MB";

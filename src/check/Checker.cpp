@@ -49,7 +49,7 @@ std::vector<std::string> SidesOf(const Catalogue& catalogue) {
 }
 
 bool IsArchive(const std::string& path) {
-  return ToLowerAscii(path).ends_with(".big") && !FolderExists(path);
+  return ToLowerAscii(path).ends_with(".big") && !FolderExists(ProgramPath(path));
 }
 
 // Hands out the files to the threads, and takes their findings.

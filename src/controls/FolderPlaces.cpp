@@ -37,9 +37,9 @@ QList<FolderPlace> StandardPlaces() {
       {"/", "\\", "/", ThemeIcon("drive")},
       {QString("Home (%1)").arg(home), WithBackslashes(home), home, ThemeIcon("home")}};
   const std::string driveC = "C:\\";
-  if (FolderExists(driveC)) {
-    places += {QString::fromStdString(driveC), QString::fromStdString(driveC), NativeText(driveC),
-               ThemeIcon("drive")};
+  if (FolderExists(ProgramPath(driveC))) {
+    places += {QString::fromStdString(driveC), QString::fromStdString(driveC),
+               NativeText(ProgramPath(driveC)), ThemeIcon("drive")};
   }
   return places + GameLibraries(places);
 }

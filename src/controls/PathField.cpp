@@ -29,7 +29,7 @@ QString NativeOf(const QString& typed) {
   if (path == "~" || path.startsWith("~/")) path.replace(0, 1, QDir::homePath());
   const bool isFull = path.startsWith('/') || (path.size() >= 2 && path[1] == ':' && path[0].isLetter());
   if (!isFull) return {};
-  return QDir::cleanPath(NativeText(path.replace('/', '\\').toStdString()));
+  return QDir::cleanPath(NativeText(ProgramPath(path.replace('/', '\\').toStdString())));
 }
 
 // The path up to and with its last separator.

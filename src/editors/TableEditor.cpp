@@ -245,7 +245,7 @@ void TableEditor::tellTyped() {
 
 void TableEditor::tellAboutEntry(const QString& name, const std::string& text) {
   if (name.isEmpty()) return notices_->tell(entryNotices, {Notice("This entry has no name.")});
-  const QString file = QString::fromStdString(IniPath(context_.parser.gameFolder(), entry_.file));
+  const QString file = QString::fromStdString(IniPath(context_.parser.gameFolder(), entry_.file).text());
   ShownBlock block;
   std::vector<Notice> notices = ReadNotices({file, entry_.kind, name}, context_.launcher, block);
   for (Notice& notice : noticesOf(text, block, file)) notices.push_back(std::move(notice));

@@ -26,7 +26,7 @@ void FileBytes::reserve(std::size_t capacity) {
   capacity_ = capacity;
 }
 
-bool FileBytes::read(std::string_view path, const std::function<void()>& yield) {
+bool FileBytes::read(const ProgramPath& path, const std::function<void()>& yield) {
   size_ = 0;
   try {
     return readNative(NativePath(path), yield);

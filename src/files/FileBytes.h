@@ -7,6 +7,8 @@
 #include <memory>
 #include <string_view>
 
+#include "files/NativePath.h"
+
 namespace korvane {
 
 // A whole file in one buffer. The buffer is kept from one read to the next, the contents are not: every read
@@ -15,7 +17,7 @@ class FileBytes {
  public:
   // Reads the file at the program's path (see NativePath.h). Long reads call `yield` from time to time.
   // False, and bytes() is empty, when the path names no ordinary file or not all of it can be read.
-  bool read(std::string_view path, const std::function<void()>& yield);
+  bool read(const ProgramPath& path, const std::function<void()>& yield);
   // The same at a native path.
   bool readNative(const std::filesystem::path& path, const std::function<void()>& yield = {});
 

@@ -8,7 +8,7 @@
 
 namespace korvane {
 
-bool FilePieces::open(std::string_view path) {
+bool FilePieces::open(const ProgramPath& path) {
   size_ = 0;
   return OpenOrdinaryFile(path, file_);
 }

@@ -6,6 +6,8 @@
 #include <memory>
 #include <string_view>
 
+#include "files/NativePath.h"
+
 namespace korvane {
 
 // A file that is read from its start to its end in pieces that stay in the processor's cache, so that no
@@ -16,7 +18,7 @@ class FilePieces {
 
   // Opens the file at the program's path (see NativePath.h). False when it names no ordinary file or cannot
   // be opened.
-  bool open(std::string_view path);
+  bool open(const ProgramPath& path);
 
   // Returns the last `unused` bytes of the previous piece followed by the next bytes of the file. Valid until
   // the next call. A read error ends the file.

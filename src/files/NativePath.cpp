@@ -61,14 +61,14 @@ fs::path MatchEachComponent(fs::path folder, const fs::path& rest) {
 
 #ifdef _WIN32
 
-fs::path NativePath(std::string_view path) {
-  return FromUtf8(path);
+fs::path NativePath(const ProgramPath& path) {
+  return FromUtf8(path.text());
 }
 
 #else
 
-fs::path NativePath(std::string_view path) {
-  std::string text(path);
+fs::path NativePath(const ProgramPath& path) {
+  std::string text = path.text();
   std::replace(text.begin(), text.end(), '\\', '/');
   if (HasDrive(text)) return MatchEachComponent(WineDrive(text[0]), FromUtf8(text.substr(2)));
   fs::path exact = FromUtf8(text);
@@ -79,14 +79,14 @@ fs::path NativePath(std::string_view path) {
 
 #endif
 
-std::string ProgramPath(const fs::path& native) {
+std::string ProgramText(const fs::path& native) {
   const std::u8string text = native.u8string();
   std::string path(text.begin(), text.end());
   std::replace(path.begin(), path.end(), '/', '\\');
   return path;
 }
 
-bool FileExists(std::string_view path) {
+bool FileExists(const ProgramPath& path) {
   try {
     std::error_code error;
     const fs::path native = NativePath(path);
@@ -96,7 +96,7 @@ bool FileExists(std::string_view path) {
   }
 }
 
-bool FolderExists(std::string_view path) {
+bool FolderExists(const ProgramPath& path) {
   try {
     std::error_code error;
     return fs::is_directory(NativePath(path), error) && !error;

@@ -7,21 +7,33 @@
 
 namespace korvane {
 
-// Where a path of the program lies on this machine. The program's paths are UTF-8 text with backslashes, in
-// the game's own spelling. On Windows they are used as they are. Elsewhere a backslash is a separator, a
-// component that does not exist in its exact spelling is matched without regard to letter case (of several
-// matches the first in byte order), and a drive letter is looked up in the Wine prefix ($WINEPREFIX, else
-// ~/.wine). A component that matches nothing is kept as it is written.
-std::filesystem::path NativePath(std::string_view path);
+// A path as the program writes it: UTF-8 text with backslashes, in the game's own spelling. It is no path of
+// this machine, and does not become one by itself.
+class ProgramPath {
+ public:
+  ProgramPath() = default;
+  explicit ProgramPath(std::string_view text) : text_(text) {}
 
-// The program's text of a path on this machine: UTF-8 with backslashes.
-std::string ProgramPath(const std::filesystem::path& native);
+  const std::string& text() const { return text_; }
 
-// True when the program's path names an ordinary file, even an empty one. Whether it can be read is not
-// asked. Anything else, a folder or a text that is no path included, gives false.
-bool FileExists(std::string_view path);
+ private:
+  std::string text_;
+};
 
-// True when the program's path names a folder.
-bool FolderExists(std::string_view path);
+// Where a path of the program lies on this machine. On Windows it is used as it is. Elsewhere a backslash is
+// a separator, a component that does not exist in its exact spelling is matched without regard to letter case
+// (of several matches the first in byte order), and a drive letter is looked up in the Wine prefix
+// ($WINEPREFIX, else ~/.wine). A component that matches nothing is kept as it is written.
+std::filesystem::path NativePath(const ProgramPath& path);
+
+// A path on this machine, or a part of one, as the program writes it.
+std::string ProgramText(const std::filesystem::path& native);
+
+// True when the path names an ordinary file, even an empty one. Whether it can be read is not asked. Anything
+// else, a folder or a text that is no path included, gives false.
+bool FileExists(const ProgramPath& path);
+
+// True when the path names a folder.
+bool FolderExists(const ProgramPath& path);
 
 }  // namespace korvane

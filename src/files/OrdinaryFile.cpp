@@ -7,7 +7,7 @@
 
 namespace korvane {
 
-bool OpenOrdinaryFile(std::string_view path, std::ifstream& file) {
+bool OpenOrdinaryFile(const ProgramPath& path, std::ifstream& file) {
   try {
     return OpenOrdinaryFile(NativePath(path), file);
   } catch (const std::exception&) {  // text that is no path at all

@@ -28,12 +28,12 @@ bool EndsBlock(std::string_view line) {
   return BeginsWithIgnoringCase(line, kBlockEnd);
 }
 
-void ReadHeaders(TVItem& reader, std::string_view path, std::string_view begin,
+void ReadHeaders(TVItem& reader, const ProgramPath& path, std::string_view begin,
                  const std::function<void(const HeaderLine&)>& take) {
   reader.NewLine = [&](std::string_view line) {
     if (const auto header = HeaderIn(line, begin)) take(*header);
   };
-  reader.OpenFile(path);
+  reader.OpenFile(path.text());
   reader.NewLine = nullptr;
 }
 

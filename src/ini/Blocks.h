@@ -30,7 +30,7 @@ bool EndsBlock(std::string_view line);
 std::size_t LinesInEditor(std::string_view line);
 
 // Reads a file and hands out its headers, in their order; those inside unfinished blocks too.
-void ReadHeaders(TVItem& reader, std::string_view path, std::string_view begin,
+void ReadHeaders(TVItem& reader, const ProgramPath& path, std::string_view begin,
                  const std::function<void(const HeaderLine&)>& take);
 
 // A block in the bytes of a file. Lines are counted from 1 as an editor counts them.

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "files/NativePath.h"
+
 namespace korvane {
 
 // The game's data files that the program knows, and where they lie below the game folder.
@@ -41,9 +43,9 @@ inline constexpr auto kDataFiles = [] {
 }();
 
 // The program's path of a file below "\Data\INI\" of the game folder.
-std::string IniPath(std::string_view gameFolder, std::string_view relative);
+ProgramPath IniPath(std::string_view gameFolder, std::string_view relative);
 
 // The program's path of an object file.
-std::string ObjectFilePath(std::string_view gameFolder, std::string_view fileName);
+ProgramPath ObjectFilePath(std::string_view gameFolder, std::string_view fileName);
 
 }  // namespace korvane

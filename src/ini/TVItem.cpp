@@ -22,11 +22,11 @@ std::optional<int> FileIndex(std::string_view name) {
 }  // namespace
 
 void TVItem::OpenFile(std::string_view strFileName) {
-  readLines(strFileName);
+  readLines(ProgramPath(strFileName));
 }
 
 void TVItem::GetFUnitData(std::optional<std::string_view> IniName) {
-  const std::string path = IniPath(GamePath, IniName.value_or(kDefaultFile));
+  const ProgramPath path = IniPath(GamePath, IniName.value_or(kDefaultFile));
   Ready = false;
   if (ProcStart) ProcStart();
   yield();
@@ -52,7 +52,7 @@ bool TVItem::FindText(std::string_view StrString, std::string_view StringToFind)
   return ToLowerAscii(StrString).find(ToLowerAscii(StringToFind)) != std::string::npos;
 }
 
-void TVItem::readLines(std::string_view path) {
+void TVItem::readLines(const ProgramPath& path) {
   if (!file_.open(path)) return;
   const auto take = [this](std::string_view line) { deliver(line); };
   std::string_view rest = file_.next(0);  // what is not handed out yet

@@ -51,7 +51,7 @@ class TVItem {
   static bool FindText(std::string_view StrString, std::string_view StringToFind);
 
  private:
-  void readLines(std::string_view path);
+  void readLines(const ProgramPath& path);
   void deliver(std::string_view line);
   void yield() const;
 

@@ -119,7 +119,7 @@ void LaunchCommands::openDataFile(const QString& filename) {
 
 void LaunchCommands::openFile(DataFolder folder, const QString& filename, const ManualEditPlace& place) {
   const QString wanted = DataFilePath(services_.folders, folder, filename);
-  if (!FileExists(wanted.toStdString())) {
+  if (!FileExists(ProgramPath(wanted.toStdString()))) {
     services_.messages.show({.text = "The following files do not exist: " + kCrLf + wanted}, &window_);
     return;
   }

@@ -93,7 +93,7 @@ void LineEndNotices::show() {
 }
 
 QString LineEndNotices::pathOf(const UnixFile& file) const {
-  return QString::fromStdString(IniPath(services_.folders.game.toStdString(), file.path));
+  return QString::fromStdString(IniPath(services_.folders.game.toStdString(), file.path).text());
 }
 
 bool LineEndNotices::confirmed() {

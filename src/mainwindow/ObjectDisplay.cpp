@@ -172,7 +172,7 @@ SelectedObject ObjectDisplay::selectedObject() const {
   return {node->text, node->tag.empty() ? std::string(kObjectsBelowIni) : node->file};
 }
 
-std::string ObjectDisplay::objectPath(const ObjectNode& node) const {
+ProgramPath ObjectDisplay::objectPath(const ObjectNode& node) const {
   return IniPath(services_.folders.game.toStdString(), node.file);
 }
 

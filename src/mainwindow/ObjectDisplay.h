@@ -7,6 +7,7 @@
 #include <string>
 
 #include "app/Services.h"
+#include "files/NativePath.h"
 #include "ini/SParse.h"
 #include "mainwindow/ChoiceLists.h"
 #include "mainwindow/InformationList.h"
@@ -56,7 +57,7 @@ class ObjectDisplay : public QObject {
   void showNode(const ObjectNode& node);
   void tellWhoseValues(const ObjectNode& node, bool shown);
   void reportNode(const ObjectNode& node);
-  std::string objectPath(const ObjectNode& node) const;
+  ProgramPath objectPath(const ObjectNode& node) const;
 
   void showObject(const ObjectNode& node, BusyWindow& busy);
   void readTextFields(const std::string& file, FrmColData& progress);

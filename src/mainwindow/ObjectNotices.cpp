@@ -10,10 +10,10 @@
 namespace korvane {
 
 void ObjectNotices::tellAbout(const ObjectNode& node) {
-  const std::string path = IniPath(services_.folders.game.toStdString(), node.file);
+  const ProgramPath path = IniPath(services_.folders.game.toStdString(), node.file);
   ShownBlock block;
-  bar_.tell(objectNotices,
-            ReadNotices({QString::fromStdString(path), "Object", FromBytes(node.text)}, launcher_, block));
+  bar_.tell(objectNotices, ReadNotices({QString::fromStdString(path.text()), "Object", FromBytes(node.text)},
+                                       launcher_, block));
 }
 
 void ObjectNotices::clear() {

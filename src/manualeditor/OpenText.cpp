@@ -121,7 +121,7 @@ void OpenText::saved(std::string_view bytes) {
   text_.setUnmodified();
   vanished_ = false;
   onDisk_ = MarkOf(bytes);
-  look_ = LookAt(NativePath(file_.toStdString())).value_or(FileLook());
+  look_ = LookAt(NativePath(ProgramPath(file_.toStdString()))).value_or(FileLook());
   noteTimer_.stop();
   journal_.discard();
   Q_EMIT said(ofFile, {});
@@ -148,7 +148,7 @@ void OpenText::showAnew(std::string_view bytes, const FileLook& look) {
 
 void OpenText::lookAgain() {
   if (!onDisk_ || text_.isModified()) return;
-  const std::optional<FileLook> look = LookAt(NativePath(file_.toStdString()));
+  const std::optional<FileLook> look = LookAt(NativePath(ProgramPath(file_.toStdString())));
   if (!look && !vanished_) {
     vanished_ = true;
     Q_EMIT said(ofFile, fileName() + " is no longer there. Its text is not saved.");

@@ -57,7 +57,7 @@ QString WhyNotShown(std::string_view bytes) {
 }
 
 QString ReadToShow(const QString& path, FileBytes& file, FileLook& look) {
-  switch (ReadStill(NativePath(path.toStdString()), kLargest, file, look)) {
+  switch (ReadStill(NativePath(ProgramPath(path.toStdString())), kLargest, file, look)) {
     case StillRead::done:
       return WhyNotShown(file.bytes());
     case StillRead::tooLarge:

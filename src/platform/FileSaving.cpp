@@ -69,9 +69,10 @@ BytesMark MarkOf(std::string_view bytes) {
 
 FileSaved SaveFile(const FileToSave& file, const FileWriter& writer, const KeptVersions& versions) {
   const std::unique_ptr<FileLock> lock = versions.lock(file.path);
+  const ProgramPath path(file.path.toStdString());
   FileBytes former;
-  const bool read = former.read(file.path.toStdString(), {});
-  if (!read && FileExists(file.path.toStdString()) && !file.formerMayGo) {
+  const bool read = former.read(path, {});
+  if (!read && FileExists(path) && !file.formerMayGo) {
     return {.stop = FileSaved::Stop::formerUnreadable};
   }
   const bool expected =

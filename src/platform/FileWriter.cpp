@@ -18,7 +18,7 @@ QString ReasonOf(const std::error_code& error) {
 }
 
 fs::path NativeOf(const QString& path) {
-  return NativePath(path.toStdString());
+  return NativePath(ProgramPath(path.toStdString()));
 }
 
 QString Create(const QString& path, std::string_view bytes, DiskFile::Access access) {

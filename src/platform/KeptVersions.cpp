@@ -36,7 +36,7 @@ QString FileName(const QString& path) {
 }
 
 fs::path Native(const QString& path) {
-  return NativePath(path.toStdString());
+  return NativePath(ProgramPath(path.toStdString()));
 }
 
 bool Holds(const QString& file, std::string_view bytes) {

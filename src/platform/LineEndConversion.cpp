@@ -14,7 +14,7 @@ QString ConvertLineEnds(const QString& path, const FileWriter& writer, const Kep
   FileBytes file;
   FileLook look;
   constexpr std::uint64_t kAnySize = std::numeric_limits<std::uint64_t>::max();
-  if (ReadStill(NativePath(path.toStdString()), kAnySize, file, look) != StillRead::done)
+  if (ReadStill(NativePath(ProgramPath(path.toStdString())), kAnySize, file, look) != StillRead::done)
     return QStringLiteral("it cannot be read");
   const QByteArray text = Utf8OfFile(file.bytes());
   const std::string_view utf8(text.constData(), static_cast<std::size_t>(text.size()));

@@ -15,8 +15,8 @@ QString TextOfNative(const std::filesystem::path& native) {
 #endif
 }
 
-QString NativeText(std::string_view programPath) {
-  return TextOfNative(NativePath(programPath));
+QString NativeText(const ProgramPath& path) {
+  return TextOfNative(NativePath(path));
 }
 
 }  // namespace korvane

@@ -18,7 +18,7 @@ bool IsWebAddress(const QString& text) {
 }
 
 QString Native(const QString& path) {
-  return IsWebAddress(path) ? path : NativeText(path.toStdString());
+  return IsWebAddress(path) ? path : NativeText(ProgramPath(path.toStdString()));
 }
 
 #ifdef Q_OS_WIN

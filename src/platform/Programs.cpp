@@ -17,7 +17,8 @@ bool SystemPrograms::installed(const QString& name) const {
 
 bool SystemPrograms::start(const QString& program, const QStringList& arguments) {
   const bool isPath = program.contains('\\') || program.contains('/');
-  return QProcess::startDetached(isPath ? NativeText(program.toStdString()) : program, arguments);
+  return QProcess::startDetached(isPath ? NativeText(ProgramPath(program.toStdString())) : program,
+                                 arguments);
 }
 
 void RealProcessEnd::end() {

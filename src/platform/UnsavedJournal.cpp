@@ -29,8 +29,9 @@ QString UnsavedJournal::begin() {
   const QString folder = versions_.journalFolder();
   const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces) + kJournalEnding;
   if (!QDir().mkpath(folder)) return QStringLiteral("The folder %1 cannot be made").arg(folder);
-  file_ = NativePath((folder + '/' + name).toStdString());
-  const bool held = lock_.take(NativePath((folder + '/' + name + kLockEnding).toStdString()), kPatience);
+  file_ = NativePath(ProgramPath((folder + '/' + name).toStdString()));
+  const bool held =
+      lock_.take(NativePath(ProgramPath((folder + '/' + name + kLockEnding).toStdString())), kPatience);
   return held ? QString() : QStringLiteral("The folder %1 cannot be written").arg(folder);
 }
 

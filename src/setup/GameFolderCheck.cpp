@@ -15,7 +15,7 @@ constexpr int kRestPerLook = 50;  // pause after a look, as a multiple of its du
 }  // namespace
 
 bool HoldsGame(const QString& folder) {
-  return FileExists(folder.toStdString().append("\\").append(kGameProgram));
+  return FileExists(ProgramPath(folder.toStdString().append("\\").append(kGameProgram)));
 }
 
 bool GameFolderCheck::holdsGame(const QString& folder) {

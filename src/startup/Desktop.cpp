@@ -11,7 +11,7 @@ namespace {
 
 QString ProgramFolder() {
   const std::filesystem::path native(QCoreApplication::applicationDirPath().toStdU16String());
-  return QString::fromStdString(ProgramPath(native));
+  return QString::fromStdString(ProgramText(native));
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ std::vector<Notice> MissingGameFiles(std::string_view gameFolder) {
   QStringList names;
   for (const DataFile& file : kDataFiles) {
     const std::string path = std::string(gameFolder).append(file.folder).append(file.name);
-    if (!FileExists(path)) names += QString::fromUtf8(file.name);
+    if (!FileExists(ProgramPath(path))) names += QString::fromUtf8(file.name);
   }
   if (names.isEmpty()) return {};
   const QString which = names.join(", ");

@@ -43,7 +43,7 @@ constexpr int kPictureSize = 112;   // device-independent pixels
 constexpr int kWidth = 460;
 
 bool Exists(const QString& path) {
-  return FileExists(path.toStdString());
+  return FileExists(ProgramPath(path.toStdString()));
 }
 
 QLabel* TitleLabel() {
@@ -148,7 +148,7 @@ void frmSplash::IdentifyFixProblems() {
 bool frmSplash::removeManifest() {
   const QString manifest = services_.folders.program + "\\Korvane.exe.manifest";
   if (!Exists(manifest)) return false;
-  QFile::remove(NativeText(manifest.toStdString()));
+  QFile::remove(NativeText(ProgramPath(manifest.toStdString())));
   services_.messages.show(
       {.text = manifest + " has been detected," + kCrLf + "This file will be deleted, Click OK and Run " +
                ApplicationTitle() + " again."},
@@ -184,7 +184,7 @@ QString frmSplash::iniFolder() const {
 }
 
 bool frmSplash::INIExist() const {
-  return FolderExists(iniFolder().toStdString());
+  return FolderExists(ProgramPath(iniFolder().toStdString()));
 }
 
 void frmSplash::openEditor() {

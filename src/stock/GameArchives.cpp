@@ -21,8 +21,8 @@ std::string NameOf(const std::string& path) {
 
 std::vector<std::string> ArchivesIn(std::string_view folder) {
   std::vector<std::string> found;
-  for (const fs::directory_entry& entry : fs::directory_iterator(NativePath(folder))) {
-    const std::string path = ProgramPath(entry.path());
+  for (const fs::directory_entry& entry : fs::directory_iterator(NativePath(ProgramPath(folder)))) {
+    const std::string path = ProgramText(entry.path());
     if (ToLowerAscii(path).ends_with(".big") && entry.is_regular_file()) found.push_back(path);
   }
   std::sort(found.begin(), found.end());

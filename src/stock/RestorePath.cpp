@@ -58,7 +58,7 @@ bool IsBelow(const fs::path& folder, const fs::path& path) {
 // What is wrong with the way to a path; empty when it stays below the folder. A link that leads nowhere must
 // not be followed either: writing through it would make a file there.
 std::string Obstacle(const fs::path& folder, std::string_view path) {
-  const fs::path native = NativePath(path);
+  const fs::path native = NativePath(ProgramPath(path));
   std::error_code error;
   if (fs::symlink_status(native, error).type() == fs::file_type::not_found) return {};
   const fs::path real = fs::canonical(native, error);
@@ -84,7 +84,7 @@ RestoreTarget TargetOf(std::string_view gameFolder, std::string_view relative) {
   if (!IsSafeRelativePath(relative)) return {{}, "its path is none of a file in the game folder"};
   std::string path(relative);
   try {
-    const fs::path folder = fs::canonical(NativePath(gameFolder));
+    const fs::path folder = fs::canonical(NativePath(ProgramPath(gameFolder)));
     std::string target(gameFolder);
     for (const std::string_view piece : Pieces(path)) {
       target.append("\\").append(piece);

@@ -38,7 +38,7 @@ std::vector<RestoredFile> StockRestoration::restoreAll(std::string_view programF
 
 std::optional<RestoredFile> StockRestoration::restoreCurrent() {
   const std::string recordPath = database_.GetData(kPathField);
-  if (FileExists(gameFolder_ + '\\' + Utf8FromBytes(recordPath))) return std::nullopt;
+  if (FileExists(ProgramPath(gameFolder_ + '\\' + Utf8FromBytes(recordPath)))) return std::nullopt;
   return restore(recordPath);
 }
 

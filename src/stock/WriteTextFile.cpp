@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 std::error_code MakeFolders(std::string_view path) {
   std::error_code error;
   for (std::size_t end = path.find('\\'); end != std::string::npos; end = path.find('\\', end + 1)) {
-    const fs::path folder = NativePath(path.substr(0, end + 1));
+    const fs::path folder = NativePath(ProgramPath(path.substr(0, end + 1)));
     fs::create_directory(folder, error);
     std::error_code ignored;
     if (error && !fs::is_directory(folder, ignored)) break;  // what is there may be another user's
@@ -30,7 +30,7 @@ std::error_code MakeFolders(std::string_view path) {
 
 std::string WriteTextFile(std::string_view path, const GiveText& give) {
   if (const std::error_code error = MakeFolders(path)) return error.message();
-  WholeFile file(NativePath(path));
+  WholeFile file(NativePath(ProgramPath(path)));
   give([&file](std::string_view piece) { file.write(piece); });
   return file.create();
 }

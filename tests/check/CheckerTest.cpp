@@ -17,7 +17,7 @@ constexpr const char* kEffects = "FXList FX_Bang\nEnd\n";
 constexpr const char* kGun = "Weapon Gun\n  FireFX = FX_Boom\nEnd\n";
 
 TEST(Checker, FindsNoErrorInTheSample) {
-  const Findings findings = *Checker(ReadCatalogue({ProgramPath(KORVANE_SAMPLE)})).check();
+  const Findings findings = *Checker(ReadCatalogue({ProgramText(KORVANE_SAMPLE)})).check();
   EXPECT_EQ(Brief(findings), Texts());
 }
 

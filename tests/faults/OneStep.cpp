@@ -66,7 +66,7 @@ QString Start(const QString& file) {
 
 QString Copy(const QString& file) {
   FileBytes bytes;
-  if (!bytes.read(file.toStdString(), {})) return "it cannot be read";
+  if (!bytes.read(ProgramPath(file.toStdString()), {})) return "it cannot be read";
   return FileWriter().create(file + ".copy", bytes.bytes());
 }
 

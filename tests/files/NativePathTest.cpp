@@ -44,7 +44,7 @@ TEST(NativePath, FindsWhatTheGameSpellsInItsOwnWay) {
   };
   for (const Case& test : cases) {
     SetVariable("WINEPREFIX", *test.prefix == '\0' ? "" : disk.native(test.prefix).string());
-    EXPECT_EQ(NativePath(test.path), disk.native(test.native)) << test.name;
+    EXPECT_EQ(NativePath(ProgramPath(test.path)), disk.native(test.native)) << test.name;
   }
 }
 
@@ -55,13 +55,13 @@ TEST(NativePath, WhatIsNoPathDoesNotExist) {
   disk.write("a.txt", "");
   for (const std::string& wrong :
        {std::string(5000, 'x'), std::string("\xff\\?*"), disk.path() + "\\a.txt\\b"}) {
-    EXPECT_FALSE(FileExists(wrong)) << wrong;
-    EXPECT_FALSE(FolderExists(wrong)) << wrong;
+    EXPECT_FALSE(FileExists(ProgramPath(wrong))) << wrong;
+    EXPECT_FALSE(FolderExists(ProgramPath(wrong))) << wrong;
   }
-  EXPECT_TRUE(FileExists(disk.path() + "\\a.txt"));
-  EXPECT_FALSE(FolderExists(disk.path() + "\\a.txt"));
-  EXPECT_FALSE(FileExists(disk.path()));
-  EXPECT_TRUE(FolderExists(disk.path()));
+  EXPECT_TRUE(FileExists(ProgramPath(disk.path() + "\\a.txt")));
+  EXPECT_FALSE(FolderExists(ProgramPath(disk.path() + "\\a.txt")));
+  EXPECT_FALSE(FileExists(ProgramPath(disk.path())));
+  EXPECT_TRUE(FolderExists(ProgramPath(disk.path())));
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ std::string InPieces(FilePieces& file) {
 TEST(Reading, GivesEveryByteOfAFileOfAnySize) {
   constexpr std::size_t kMegabyte = 1 << 20;
   const GameFolder game;
-  const std::string path = game.path() + "\\Data\\INI\\Weapon.ini";
+  const ProgramPath path(game.path() + "\\Data\\INI\\Weapon.ini");
   FileBytes whole;
   FilePieces pieces;
   for (const std::size_t size :
@@ -44,7 +44,7 @@ TEST(Reading, AFileThatShrinksMeanwhileIsNotReadWhole) {
   game.write("Data/INI/Weapon.ini", std::string(9 << 20, 'a'));
   FileBytes file;
   const auto shrink = [&] { std::filesystem::resize_file(game.native("Data/INI/Weapon.ini"), 1); };
-  EXPECT_FALSE(file.read(game.path() + "\\Data\\INI\\Weapon.ini", shrink));
+  EXPECT_FALSE(file.read(ProgramPath(game.path() + "\\Data\\INI\\Weapon.ini"), shrink));
   EXPECT_TRUE(file.bytes().empty());
 }
 
@@ -54,8 +54,8 @@ TEST(Reading, OpensOrdinaryFilesOnly) {
   ASSERT_EQ(::mkfifo(game.native("Data/INI/pipe.ini").c_str(), 0600), 0);
 #endif
   for (const char* name : {"\\Data\\INI", "\\Data\\INI\\pipe.ini", "\\Data\\INI\\none.ini"}) {
-    EXPECT_FALSE(FileBytes().read(game.path() + name, {})) << name;
-    EXPECT_FALSE(FilePieces().open(game.path() + name)) << name;
+    EXPECT_FALSE(FileBytes().read(ProgramPath(game.path() + name), {})) << name;
+    EXPECT_FALSE(FilePieces().open(ProgramPath(game.path() + name))) << name;
   }
 }
 

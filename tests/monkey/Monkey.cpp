@@ -39,7 +39,7 @@ constexpr std::array kValues = {"0",    "1",        "-7", "99999999999", "DejaVu
                                 "True", "nonsense", "",   "6",           "12"};
 
 QString Text(const fs::path& path) {
-  return QString::fromStdString(ProgramPath(path));
+  return QString::fromStdString(ProgramText(path));
 }
 
 fs::path Game(const fs::path& root) {
@@ -190,7 +190,8 @@ void Monkey::begin() {
   roundLeft_ = 1 + chance_.below(longestRound_);
   for (int i = chance_.below(4); i > 0; --i) ledger_.changeOutside(chance_);
   const QString game = settings_.gameFolder();
-  const bool elsewhere = game != Text(ledger_.folder()) && FolderExists(game.toStdString() + "\\Data\\INI");
+  const bool elsewhere =
+      game != Text(ledger_.folder()) && FolderExists(ProgramPath(game.toStdString() + "\\Data\\INI"));
   if (elsewhere || !chance_.oneIn(6)) settings_.saveGameFolder(Text(ledger_.folder()));
   ticker_ = std::make_unique<Ticker>(*this);
   ticker_->startTimer(0);
@@ -256,7 +257,7 @@ void Monkey::stayInGame() {
     auto* tree = window->findChild<QTreeView*>("BrowseTree");
     if (tree == nullptr) continue;
     const QString folder = tree->currentIndex().data(FolderModel::PathRole).toString();
-    const bool isGame = HoldsGame(folder) || FolderExists(folder.toStdString() + "\\Data\\INI");
+    const bool isGame = HoldsGame(folder) || FolderExists(ProgramPath(folder.toStdString() + "\\Data\\INI"));
     if (isGame && folder != Text(ledger_.folder())) tree->setCurrentIndex(tree->model()->index(0, 0));
   }
 }
@@ -279,7 +280,8 @@ bool Monkey::isSaved(const GameLedger::Change& change) const {
   for (QWidget* window : QApplication::topLevelWidgets()) {
     const auto* open = window->findChild<OpenText*>();
     if (window->objectName() != "FrmManEdit" || open == nullptr || open->isPart()) continue;
-    const bool isItsFile = NativePath(open->file().toStdString()) == ledger_.folder() / change.path;
+    const bool isItsFile =
+        NativePath(ProgramPath(open->file().toStdString())) == ledger_.folder() / change.path;
     const auto* text = window->findChild<IniTextEdit*>("TxtManEdit");
     if (isItsFile && text->fileBytes().bytes == *change.after) return true;
   }

@@ -164,7 +164,7 @@ TEST_F(KeptVersionsTest, NoVersionIsASecondNameOfTheFileAsItIsNow) {
   write("old");
   FormerVersion former(versions_, path_, "old");
   EXPECT_EQ(former.keep(ReplaceWay::renamed), "");
-  EXPECT_TRUE(fs::equivalent(native(), NativePath(former.file().toStdString())));
+  EXPECT_TRUE(fs::equivalent(native(), NativePath(ProgramPath(former.file().toStdString()))));
   former.undo();
   EXPECT_EQ(texts(), Texts());
   EXPECT_EQ(former.keep(ReplaceWay::renamed), "");  // and the program is killed before the replacing
@@ -292,7 +292,7 @@ TEST_F(KeptVersionsTest, AFileThatWasCutOffInPlaceIsNamedWithItsFormerVersion) {
 #ifndef _WIN32
 
 fs::perms Rights(const QString& file) {
-  return fs::status(NativePath(file.toStdString())).permissions();
+  return fs::status(NativePath(ProgramPath(file.toStdString()))).permissions();
 }
 
 TEST_F(KeptVersionsTest, NobodyElseReadsDraftsAndVersions) {

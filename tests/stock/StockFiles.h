@@ -16,7 +16,7 @@ namespace korvane {
 
 // Stores files the simplest way.
 inline std::string StoreBytes(std::string_view path, std::string_view bytes) {
-  std::ofstream(NativePath(path), std::ios::binary) << bytes;
+  std::ofstream(NativePath(ProgramPath(path)), std::ios::binary) << bytes;
   return {};
 }
 

@@ -25,20 +25,21 @@ namespace fs = std::filesystem;
 
 // A path as the user wrote it, as the program's.
 std::string PathOf(const std::string& written) {
-  return ProgramPath(fs::path(written));
+  return ProgramText(fs::path(written));
 }
 
 bool IsArchive(const std::string& path) {
-  return ToLowerAscii(path).ends_with(".big") && FileExists(path);
+  return ToLowerAscii(path).ends_with(".big") && FileExists(ProgramPath(path));
 }
 
 CatalogueSources SourcesOf(const Arguments& arguments) {
   CatalogueSources sources{.gameFolder = PathOf(arguments.game)};
-  const bool hasData = IsArchive(sources.gameFolder) || FolderExists(sources.gameFolder + "\\Data\\INI");
+  const bool hasData =
+      IsArchive(sources.gameFolder) || FolderExists(ProgramPath(sources.gameFolder + "\\Data\\INI"));
   if (!hasData) throw std::runtime_error(arguments.game + ": has no Data/INI and is no archive");
   for (const std::string& also : arguments.also) {
     sources.also.push_back(PathOf(also));
-    if (!IsArchive(sources.also.back()) && !FolderExists(sources.also.back()))
+    if (!IsArchive(sources.also.back()) && !FolderExists(ProgramPath(sources.also.back())))
       throw std::runtime_error(also + ": is no folder and no archive");
   }
   return sources;
@@ -46,7 +47,7 @@ CatalogueSources SourcesOf(const Arguments& arguments) {
 
 std::string ReadBaseline(const std::string& written) {
   FileBytes file;
-  if (!file.read(PathOf(written), {})) throw std::runtime_error(written + ": cannot be read");
+  if (!file.read(ProgramPath(PathOf(written)), {})) throw std::runtime_error(written + ": cannot be read");
   return std::string(file.bytes());
 }
 
@@ -70,7 +71,7 @@ std::string PrefixOf(const std::string& game) {
 
 bool SaySkipped(const Catalogue& catalogue) {
   for (const SkippedFile& skipped : catalogue.skipped())
-    std::cerr << "korvane-check: " << NativePath(skipped.path).string() << ": not read, for "
+    std::cerr << "korvane-check: " << NativePath(ProgramPath(skipped.path)).string() << ": not read, for "
               << skipped.reason << '\n';
   return !catalogue.skipped().empty();
 }

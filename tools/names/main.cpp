@@ -83,7 +83,7 @@ void TellSkipped(const Catalogue& catalogue) {
 }
 
 int Answer(const Options& options, const Command& answer) {
-  const CataloguePtr catalogue = ReadCatalogue({ProgramPath(options.game)});
+  const CataloguePtr catalogue = ReadCatalogue({ProgramText(options.game)});
   TellSkipped(*catalogue);
   if (catalogue->files().empty()) {
     std::cerr << "korvane-names: " << options.game.string() << ": no INI files below Data/INI\n";

@@ -49,7 +49,7 @@ bool IsArchive(const std::string& path) {
 
 std::unique_ptr<Container> OpenContainer(const std::string& path) {
   if (IsArchive(path)) return std::make_unique<ArchiveContainer>(path);
-  if (FileExists(path) && !ToLowerAscii(path).ends_with(".dbf")) {
+  if (FileExists(ProgramPath(path)) && !ToLowerAscii(path).ends_with(".dbf")) {
     throw std::runtime_error(path + ": neither a dBASE table (.DBF) nor an archive");
   }
   return std::make_unique<DatabaseContainer>(path);

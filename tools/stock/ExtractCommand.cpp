@@ -37,11 +37,11 @@ class Extraction {
     if (!options_.files.empty() && notFound_.erase(Comparable(path)) == 0) return;
     const std::optional<std::string> target = SafeTarget(options_.folder, path);
     if (!target) throw std::runtime_error(path + ": would leave the folder");
-    if (!options_.overwrite && FileExists(*target)) {
+    if (!options_.overwrite && FileExists(ProgramPath(*target))) {
       ++kept_;
       return;
     }
-    write(NativePath(*target), files);
+    write(NativePath(ProgramPath(*target)), files);
   }
 
   void fail(const std::string& why) {
@@ -60,10 +60,10 @@ class Extraction {
   void write(const std::filesystem::path& target, Container& files) {
     std::filesystem::create_directories(target.parent_path());
     // What can be extracted once more need not be forced to the disk; what it replaces cannot.
-    WholeFile file(target, {.sync = FileExists(ProgramPath(target))});
+    WholeFile file(target, {.sync = FileExists(ProgramPath(ProgramText(target)))});
     files.read([&file](std::string_view piece) { file.write(piece); });
     const std::string reason = options_.overwrite ? file.replace() : file.create();
-    if (!reason.empty()) throw std::runtime_error(ProgramPath(target) + ": " + reason);
+    if (!reason.empty()) throw std::runtime_error(ProgramText(target) + ": " + reason);
     ++written_;
   }
 
@@ -78,7 +78,7 @@ class Extraction {
 
 bool Extract(const ExtractOptions& options) {
   const auto files = OpenContainer(options.container);
-  std::filesystem::create_directories(NativePath(options.folder));
+  std::filesystem::create_directories(NativePath(ProgramPath(options.folder)));
   Extraction extraction(options);
   Progress progress("Extracting", files->count());
   for (std::int64_t i = 0; i < files->count(); ++i) {

@@ -99,9 +99,9 @@ bool Pack(const PackOptions& options) {
   if (!missing.empty() && !options.partial) {
     throw std::runtime_error("nothing was packed, since files are missing (--partial leaves them out)");
   }
-  const std::filesystem::path folder = NativePath(options.output);
+  const std::filesystem::path folder = NativePath(ProgramPath(options.output));
   std::filesystem::create_directories(folder);
-  StockTable table(folder / NativePath(options.name));
+  StockTable table(folder / NativePath(ProgramPath(options.name)));
   const std::uint64_t bytes = PackFiles(paths, sources, table);
   table.commit();
   std::cout << Counted(paths.size(), "file") << ", " << Counted(bytes, "byte") << " packed into "

@@ -18,9 +18,11 @@ class FolderSource : public PackSource {
  public:
   explicit FolderSource(std::string folder) : folder_(std::move(folder)) {}
 
-  bool has(std::string_view path) override { return FileExists(full(path)); }
+  bool has(std::string_view path) override { return FileExists(ProgramPath(full(path))); }
 
-  std::uint64_t size(std::string_view path) override { return fs::file_size(NativePath(full(path))); }
+  std::uint64_t size(std::string_view path) override {
+    return fs::file_size(NativePath(ProgramPath(full(path))));
+  }
 
   void read(std::string_view path, const TakePiece& take) override {
     RandomFile file;
@@ -31,11 +33,11 @@ class FolderSource : public PackSource {
 
   std::vector<std::string> filesBelow(std::string_view folder) override {
     std::vector<std::string> found;
-    const fs::path start = NativePath(full(folder));
+    const fs::path start = NativePath(ProgramPath(full(folder)));
     if (!fs::is_directory(start)) return found;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(start)) {
       if (entry.is_regular_file())
-        found.push_back(std::string(folder) + ProgramPath(entry.path().lexically_relative(start)));
+        found.push_back(std::string(folder) + ProgramText(entry.path().lexically_relative(start)));
     }
     return found;
   }
@@ -75,7 +77,7 @@ class ArchiveSource : public PackSource {
 PackSources OpenPackSources(const std::vector<std::string>& paths) {
   PackSources sources;
   for (const std::string& path : paths) {
-    const bool isFolder = FolderExists(path);
+    const bool isFolder = FolderExists(ProgramPath(path));
     if (isFolder) sources.push_back(std::make_unique<FolderSource>(path));
     for (const std::string& archive : isFolder ? ArchivesIn(path) : std::vector<std::string>{path}) {
       sources.push_back(std::make_unique<ArchiveSource>(archive));
