@@ -3,6 +3,11 @@
 
 #include <QString>
 
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
 #include "app/TextEdit.h"
 
 class QWidget;
@@ -31,10 +36,16 @@ class EditorLauncher {
   // Goes to the place when the manual editor shows the whole file already, unsaved text included.
   virtual bool goToInManualEditor(const QString& file, const ManualEditPlace& place) = 0;
 
-  // Changes the whole file's text in the manual editor as the plan says, unsaved text included, as one step to
-  // undo, and shows it with the first change selected. Nothing is saved. False when nothing was changed: the
-  // opening failed, which has been told, or the plan names no change.
+  // Changes the whole file's text in the manual editor as the plan says, unsaved text included, as one step
+  // to undo, and shows it with the first change selected. Nothing is saved. False when nothing was changed:
+  // the opening failed, which has been told, or the plan names no change.
   virtual bool editInManualEditor(const QString& file, const EditPlan& plan) = 0;
+
+  // The whole file's text as the manual editor has it, see EditPlan; nothing when it does not show the file.
+  virtual std::optional<std::string> textInManualEditor(const QString& file) const = 0;
+
+  // How many objects name the item of this kind (in the file's bytes); nothing as long as that is not known.
+  virtual std::optional<std::size_t> objectsThatName(std::string_view kind, std::string_view name) = 0;
 
   virtual void showWeaponEditor() = 0;
   virtual void showArmourEditor() = 0;

@@ -15,6 +15,7 @@ struct ManualEditPlace {
   int line = 0;    // from 1; 0: nowhere in particular
   int column = 1;  // from 1, in characters, which are the file's bytes
   int length = 0;  // characters to select
+  int header = 0;  // a line above it that stays in sight with it, where the window is high enough; 0: none
 };
 
 // What to open in the manual editor.

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <exception>
 #include <filesystem>
+#include <set>
+#include <utility>
 
 #include "catalogue/FoldedText.h"
 #include "files/NativePath.h"
@@ -115,6 +117,19 @@ FoundDefinition FoundIn(const CatalogueFile& file, const CatalogueFile::Definiti
 
 FoundUse FoundIn(const CatalogueFile& file, const CatalogueFile::Use& use) {
   return {&file, file.space(use.name), file.name(use.name), use.block, use.line, use.column, use.key};
+}
+
+std::size_t CountUsers(const Catalogue& catalogue, std::string_view kindOfItem, std::string_view name,
+                       std::string_view kindOfUsers) {
+  const GameStructure& structure = GameStructure::get();
+  const KindId users = structure.kind(kindOfUsers);
+  std::set<std::pair<const CatalogueFile*, std::uint32_t>> found;
+  for (const FoundUse& use : catalogue.uses(structure.space(kindOfItem), name)) {
+    if (use.block == CatalogueFile::kNone) continue;
+    const std::uint32_t block = use.file->outermost(use.block);
+    if (structure.type(use.file->blocks()[block].type).kind == users) found.emplace(use.file, block);
+  }
+  return found.size();
 }
 
 CataloguePtr ReadCatalogue(const CatalogueSources& sources, const Catalogue* previous,

@@ -64,6 +64,10 @@ class Catalogue {
   std::vector<SkippedFile> skipped_;
 };
 
+// How many blocks of the one kind name the item of the other, letter case of the name ignored.
+std::size_t CountUsers(const Catalogue& catalogue, std::string_view kindOfItem, std::string_view name,
+                       std::string_view kindOfUsers);
+
 using CataloguePtr = std::shared_ptr<const Catalogue>;
 
 FoundDefinition FoundIn(const CatalogueFile& file, const CatalogueFile::Definition& definition);

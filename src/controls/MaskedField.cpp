@@ -75,6 +75,11 @@ void MaskedField::insertValue(const QString& value) {
   setCursorPosition(0);
 }
 
+bool MaskedField::isMasked(const QString& shown) const {
+  const QString digits = shown.left(digits_).remove(kPrompt);
+  return mask_.isEmpty() || (shown.mid(digits_).trimmed() == unit_ && fits(digits));
+}
+
 QString MaskedField::clipText() const {
   const QString shown = displayText();
   if (mask_.isEmpty()) return shown;

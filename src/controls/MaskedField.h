@@ -27,6 +27,9 @@ class MaskedField : public QLineEdit {
   // What the field shows, prompts and literal text included.
   QString fullText() const { return wholeValue_.isEmpty() ? displayText() : text(); }
 
+  // Whether a text that the field showed is its mask, with nothing but digits in their places.
+  bool isMasked(const QString& shown) const;
+
   // What was entered, without prompts and without the mask's literal text.
   QString clipText() const;
 

@@ -70,6 +70,7 @@ FrmEdit::FrmEdit(const Services& services, EditorLauncher& launcher)
   buildLayout();
   display_ = new ObjectDisplay(*this, *TVMenu_, objects_, fields_, panels_, objectNotices_, typed_, SParse1_,
                                services_);
+  fileEdits_.emplace(*this, fields_, typed_, *notices_, *display_, SParse1_, services_, launcher_);
   buildCommands();
   connectButtons();
   load();
@@ -105,6 +106,7 @@ void FrmEdit::buildCommands() {
   Toolbar1_->setMovable(false);
   Toolbar1_->setContextMenuPolicy(Qt::PreventContextMenu);
   AddMainCommands(commands_, launch_, [this] { exitCommand(); });
+  commands_.add("showInFile", "Show in &File", "F6", [this] { fileEdits_->showInFile(); });
   BuildMainMenu(*menuBar(), commands_);
   BuildMainToolBar(*Toolbar1_, commands_, launch_);
   menus_.emplace(*TVMenu_, objects_, *fields_.LstInfo, launch_, commands_);

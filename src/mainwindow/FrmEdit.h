@@ -16,6 +16,7 @@
 #include "controls/ClickView.h"
 #include "controls/NoticeBar.h"
 #include "ini/SParse.h"
+#include "mainwindow/FileEdits.h"
 #include "mainwindow/LaunchCommands.h"
 #include "mainwindow/LineEndNotices.h"
 #include "mainwindow/ObjectDisplay.h"
@@ -108,6 +109,7 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   ObjectDisplay* display_ = nullptr;
   LaunchCommands launch_;
   Commands commands_{*this};
+  std::optional<FileEdits> fileEdits_;
   std::optional<RowMenus> menus_;
   QTimer Timer1_{this};
   bool ConfirmExit_ = true;

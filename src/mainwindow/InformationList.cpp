@@ -26,16 +26,6 @@ constexpr int kValueWidth = 7440;
 constexpr int kFontSize = 11;    // points
 constexpr int kCentsLength = 3;  // the point and two decimals
 
-constexpr std::array<const char*, kHandlingFields> kHandlingLabels = {"Surfaces",
-                                                                      "Top Speed",
-                                                                      "Top Speed When Damaged",
-                                                                      "Turn Rate",
-                                                                      "Turn Rate When Damaged",
-                                                                      "Acceleration",
-                                                                      "Acceleration When Damaged",
-                                                                      "Braking",
-                                                                      "Min Turn Speed"};
-
 constexpr bool BlankFollows(std::size_t field) {
   return field == 0 || field == 2 || field == 4 || field == 6;
 }

@@ -74,6 +74,7 @@ constexpr std::array kMenuBar = {
     MenuRow{0, "menuSearch", "&Search"},
     MenuRow{1, "findAnything"},
     MenuRow{1, "goToDefinition"},
+    MenuRow{1, "showInFile"},
     MenuRow{1, "findUses"},
     MenuRow{1, "namesUsed"},
     MenuRow{1, "findInFiles"},

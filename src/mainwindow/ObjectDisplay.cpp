@@ -252,6 +252,7 @@ void ObjectDisplay::reportNode(const ObjectNode& node) {
 
 void ObjectDisplay::showObject(const ObjectNode& node, BusyWindow& busy) {
   const std::string& file = node.file;
+  shownObject_ = {node.text, file};
   fields_.F_Tab->setEnabled(true);
   FrmColData progress(window_);
   connect(&progress, &FrmColData::cameUp, &progress, [&busy] { busy.showChanges(); });

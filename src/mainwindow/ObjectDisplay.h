@@ -48,6 +48,8 @@ class ObjectDisplay : public QObject {
   const ObjectNode* selectedNode() const;
   // The selected node as an object of the parser; empty texts when nothing is selected.
   SelectedObject selectedObject() const;
+  // The object whose values the fields hold; empty texts before the first.
+  const SelectedObject& shownObject() const { return shownObject_; }
 
  private:
   void connectFields();
@@ -83,6 +85,7 @@ class ObjectDisplay : public QObject {
   const Services& services_;
   InformationList information_;
   ChoiceLists choices_;
+  SelectedObject shownObject_;
   bool DisplayReady_ = false;
   bool takingKeys_ = false;       // those that came in during a read
   QPersistentModelIndex wanted_;  // where they stopped

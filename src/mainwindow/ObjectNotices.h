@@ -9,7 +9,7 @@ struct ObjectNode;
 struct Services;
 
 // The parts of the main window's notice bar, in the order in which they are seen.
-enum MainNotices { missingFileNotices, lineEndNotices, objectNotices, typedNotices };
+enum MainNotices { missingFileNotices, lineEndNotices, objectNotices, typedNotices, editNotices };
 
 // Says where what is shown is not what the chosen node promises.
 class ObjectNotices {

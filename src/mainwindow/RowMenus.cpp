@@ -30,10 +30,11 @@ constexpr std::array kListCommands = {
 };
 
 // Each may name commands of its own view, of the tree and of the window.
-constexpr const char* kTreeMenu[] = {"copyName",       "",         "manualEdit", "",
+constexpr const char* kTreeMenu[] = {"copyName",       "",         "showInFile", "manualEdit", "",
                                      "goToDefinition", "findUses", "namesUsed"};
-constexpr const char* kListMenu[] = {"copyRow", "copyRowName",    "copyRowValue", "",         "manualEdit",
-                                     "",        "goToDefinition", "findUses",     "namesUsed"};
+constexpr const char* kListMenu[] = {
+    "copyRow", "copyRowName",    "copyRowValue", "",         "showInFile", "manualEdit",
+    "",        "goToDefinition", "findUses",     "namesUsed"};
 
 void Copy(const QString& text) {
   QGuiApplication::clipboard()->setText(text);

@@ -71,6 +71,7 @@ void TypedMarks::mark(Watched& field, bool isTyped) {
 }
 
 void TypedMarks::tell() {
+  bar_.clear(editNotices);  // said of what was typed before
   if (std::ranges::none_of(watched_, &Watched::isTyped)) return bar_.clear(typedNotices);
   Notice notice("What is typed here is not saved.");
   if (editInFile_) notice.say(" ").link("Edit in file", editInFile_);
@@ -83,6 +84,11 @@ std::vector<TypedMarks::Typed> TypedMarks::typed() const {
     if (each.isTyped) all.push_back({each.field, each.read});
   }
   return all;
+}
+
+QString TypedMarks::readText(const QLineEdit* field) const {
+  const auto found = std::ranges::find(watched_, field, &Watched::field);
+  return found == watched_.end() ? QString() : found->read;
 }
 
 TypedMarks::Reading TypedMarks::readsAll() {

@@ -42,6 +42,8 @@ class TypedMarks : public QObject {
     QString before;
   };
   std::vector<Typed> typed() const;
+  // What was last read into a field of the marked ones.
+  QString readText(const QLineEdit* field) const;
 
   // What the link "Edit in file" does; without it there is no link.
   void setEditInFile(std::function<void()> edit) { editInFile_ = std::move(edit); }

@@ -19,6 +19,16 @@ class InPlaceTable;
 class MaskedField;
 
 inline constexpr int kHandlingFields = 9;
+// What the information list calls them.
+inline constexpr std::array<const char*, kHandlingFields> kHandlingLabels = {"Surfaces",
+                                                                             "Top Speed",
+                                                                             "Top Speed When Damaged",
+                                                                             "Turn Rate",
+                                                                             "Turn Rate When Damaged",
+                                                                             "Acceleration",
+                                                                             "Acceleration When Damaged",
+                                                                             "Braking",
+                                                                             "Min Turn Speed"};
 
 // The tab box of the main window with the fields that show an object. It builds them and holds them; what
 // they show and do is decided elsewhere. All widgets belong to the tab box.

@@ -276,7 +276,7 @@ void FrmManEdit::finishSetUp() {
   showState("Idle");
   TxtManEdit_->setFocus();
   ManEditInitDone_ = true;
-  if (place_.line > 0) TxtManEdit_->goTo(place_.line - 1, place_.column - 1, place_.length);
+  if (place_.line > 0) goToNow(place_);
 }
 
 void FrmManEdit::storeState() {
@@ -336,11 +336,20 @@ bool FrmManEdit::goToIn(const QString& file, const ManualEditPlace& place) {
 
 void FrmManEdit::goTo(const ManualEditPlace& place) {
   if (ManEditInitDone_) {
-    TxtManEdit_->goTo(place.line - 1, place.column - 1, place.length);
+    goToNow(place);
     TxtManEdit_->setFocus();
   } else {
     place_ = place;
   }
+}
+
+void FrmManEdit::goToNow(const ManualEditPlace& place) {
+  TxtManEdit_->goTo(place.line - 1, place.column - 1, place.length);
+  if (place.header > 0) TxtManEdit_->keepInSight(place.header - 1);
+}
+
+std::string FrmManEdit::bytes() const {
+  return TxtManEdit_->legibleBytes();
 }
 
 void FrmManEdit::goToLine(int line) {

@@ -4,6 +4,7 @@
 #include <QMainWindow>
 
 #include <array>
+#include <string>
 
 #include "app/Commands.h"
 #include "app/EditorLauncher.h"
@@ -58,6 +59,8 @@ class FrmManEdit : public QMainWindow, public NameSource {
 
   // The whole of this file is shown, and can be changed.
   bool shows(const QString& file) const;
+  // Its text, unsaved changes included; see EditPlan.
+  std::string bytes() const;
   // Changes the text as one step to undo and goes to the first change. False when the plan names none, or
   // when the text cannot be changed.
   bool edit(const EditPlan& plan);
@@ -107,6 +110,7 @@ class FrmManEdit : public QMainWindow, public NameSource {
   void showState(const QString& state);
   void showLine();
   void goTo(const ManualEditPlace& place);
+  void goToNow(const ManualEditPlace& place);
   void showClock();
 
   const Services& services_;

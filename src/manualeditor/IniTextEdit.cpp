@@ -204,6 +204,13 @@ TextSpan IniTextEdit::spanOf(int line, int column, int length) const {
   return {from, length > 0 ? advanced(from, length) : from};
 }
 
+void IniTextEdit::keepInSight(int line) {
+  const qsizetype first = send(Sci::SCI_VISIBLEFROMDOCLINE, line);
+  const qsizetype cursor = send(Sci::SCI_VISIBLEFROMDOCLINE, cursorLine());
+  const bool fits = cursor - first < send(Sci::SCI_LINESONSCREEN);
+  if (fits && first < send(Sci::SCI_GETFIRSTVISIBLELINE)) send(Sci::SCI_SETFIRSTVISIBLELINE, first);
+}
+
 void IniTextEdit::selectCharacterAt(qsizetype position) {
   select({position, send(Sci::SCI_POSITIONAFTER, position)});
 }

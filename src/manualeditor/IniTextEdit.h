@@ -60,6 +60,9 @@ class IniTextEdit : public QWidget {
   // Selects `length` characters from the column of the line, both from 0; stops at the line's end, and at the
   // text's.
   void goTo(int line, int column, int length);
+  // Scrolls so that the line (from 0), which stands above the cursor, is seen too, where the control is high
+  // enough for both.
+  void keepInSight(int line);
   // At a byte offset in the UTF-8 text.
   void selectCharacterAt(qsizetype position);
   void selectAll();

@@ -250,6 +250,17 @@ bool Program::editInManualEditor(const QString& file, const EditPlan& plan) {
   return edited;
 }
 
+std::optional<std::string> Program::textInManualEditor(const QString& file) const {
+  const FrmManEdit* editor = manualEditor_.existing();
+  return editor != nullptr && editor->shows(file) ? std::optional(editor->bytes()) : std::nullopt;
+}
+
+std::optional<std::size_t> Program::objectsThatName(std::string_view kind, std::string_view name) {
+  names_.ensure();
+  if (names_.catalogue() == nullptr) return std::nullopt;
+  return CountUsers(*names_.catalogue(), kind, name, "Object");
+}
+
 bool Program::showEntry(TableEditorId editor, const QString& name) {
   const auto show = [&name](auto& window) {
     const bool found = Loaded(window).clickEntry(name);

@@ -55,6 +55,8 @@ class Program : public EditorLauncher, public StartupWindows {
   void showManualEditor(const ManualEditRequest& request) override;
   bool goToInManualEditor(const QString& file, const ManualEditPlace& place) override;
   bool editInManualEditor(const QString& file, const EditPlan& plan) override;
+  std::optional<std::string> textInManualEditor(const QString& file) const override;
+  std::optional<std::size_t> objectsThatName(std::string_view kind, std::string_view name) override;
   bool showEntry(TableEditorId editor, const QString& name) override;
   void search(SearchCommand command, QWidget& window) override;
   void showDefinition(const NameHere& name) override;

@@ -72,7 +72,7 @@ TEST_F(NoticesTest, WhatIsTypedIsMarkedUntilItIsReadAnew) {
   QTest::keyClicks(&cost, "0");
   EXPECT_TRUE(marked(cost));
   EXPECT_FALSE(marked(speed));
-  EXPECT_EQ(notices(), QStringList("What is typed here is not saved."));
+  EXPECT_EQ(notices(), QStringList("What is typed here is not saved. Edit in file"));
   QTest::keyClick(&cost, Qt::Key_Backspace);
   EXPECT_FALSE(marked(cost));
   EXPECT_TRUE(notices().isEmpty());

@@ -50,7 +50,8 @@ class RowMenusTest : public MainWindow {
 
 TEST_F(RowMenusTest, TheTreesMenuIsAboutTheEntryItIsAskedForOn) {
   open();
-  EXPECT_EQ(treeMenu("Hut"), withNameCommands({"Copy Name", "-", "Manual Edit FactionUnit.ini"}));
+  EXPECT_EQ(treeMenu("Hut"),
+            withNameCommands({"Copy Name", "-", "Show in File", "Manual Edit FactionUnit.ini"}));
   EXPECT_EQ(text("MHealth"), "900");
   EXPECT_EQ(copied("copyName"), "Hut");
   get<QAction>("manualEdit").trigger();
@@ -75,8 +76,8 @@ TEST_F(RowMenusTest, TheInformationListsRowsAreCopiedWholeAndInParts) {
   get<QTabWidget>("F_Tab").setCurrentIndex(5);
   auto& list = get<InPlaceTable>("LstInfo");
   const auto row = list.model()->match(list.model()->index(0, 0), Qt::DisplayRole, "Vision Range").value(0);
-  EXPECT_EQ(menuAt(list, row, "menuList"),
-            withNameCommands({"Copy", "Copy Name", "Copy Value", "-", "Manual Edit FactionUnit.ini"}));
+  EXPECT_EQ(menuAt(list, row, "menuList"), withNameCommands({"Copy", "Copy Name", "Copy Value", "-",
+                                                             "Show in File", "Manual Edit FactionUnit.ini"}));
   EXPECT_EQ(copied("copyRow"), "Vision Range\t150");
   EXPECT_EQ(copied("copyRowName"), "Vision Range");
   EXPECT_EQ(copied("copyRowValue"), "150");

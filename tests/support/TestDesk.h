@@ -25,10 +25,13 @@ class FakeLauncher : public EditorLauncher {
     requests.push_back(request);
   }
   bool goToInManualEditor(const QString&, const ManualEditPlace&) override { return false; }
-  bool editInManualEditor(const QString& file, const EditPlan&) override {
+  bool editInManualEditor(const QString& file, const EditPlan& plan) override {
     calls += "edit " + file;
+    plans.push_back(plan);
     return true;
   }
+  std::optional<std::string> textInManualEditor(const QString&) const override { return unsavedText; }
+  std::optional<std::size_t> objectsThatName(std::string_view, std::string_view) override { return objects; }
   bool showEntry(TableEditorId, const QString& name) override {
     calls += "entry " + name;
     return true;
@@ -59,6 +62,9 @@ class FakeLauncher : public EditorLauncher {
   QStringList takeCalls() { return std::exchange(calls, {}); }
 
   QStringList calls;
+  std::vector<EditPlan> plans;
+  std::optional<std::string> unsavedText;
+  std::optional<std::size_t> objects;
   bool textsKept = true;
   QString unsavedFile;
   std::vector<ManualEditRequest> requests;

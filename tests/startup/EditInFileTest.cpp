@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRegularExpression>
+#include <QTabWidget>
+#include <QTest>
+#include <QTreeView>
+
+#include "controls/NoticeBar.h"
+#include "mainwindow/FrmEdit.h"
+#include "manualeditor/FrmManEdit.h"
+#include "manualeditor/IniTextEdit.h"
+#include "startup/Program.h"
+#include "support/TestDesk.h"
+#include "support/Windows.h"
+
+namespace korvane {
+namespace {
+
+constexpr const char* kFile = "Data/INI/Object/FactionUnit.ini";
+constexpr std::string_view kUnits =
+    "; units\n"
+    "Object JeepWreck\n  BuildCost = 1\nEnd\n"
+    "Object Tank\n  BuildCost   = 900 ; was 800\n  BuildTime = 8.0\n"
+    "  VisionRange = 150\n  VisionRange = 90\n  Locomotor = SET_NORMAL Tracks\nEnd\n"
+    "Object Jeep\n  BuildCost = 2\nEnd\n";
+
+// From the fields of the main window to the lines of the files.
+class EditInFile : public testing::Test, protected TestDesk {
+ protected:
+  void SetUp() override {
+    game.objects("FactionUnit.ini", kUnits);
+    game.ini("Locomotor.ini", "Locomotor Tracks\n  Speed = 40 ; fast\n  TurnRate = 22.5\nEnd\n");
+    ObjectTreeModel& tree = window.objects();
+    tree.addNode({"FactionUnit.ini", "Player Units", "", "FactionUnit.ini"});
+    tree.addNode({"FUOther", "Other", "FactionUnit.ini", "FactionUnit.ini"});
+    for (const char* name : {"Tank", "Jeep"})
+      tree.addNode({std::string("Key") + name, name, "FUOther", "FactionUnit.ini", NodeKind::object,
+                    "Object\\FactionUnit.ini"});
+    window.show();
+    window.prepareInformationList();
+    show("Tank");
+  }
+
+  void show(const char* name) { ASSERT_TRUE(window.showObject("Data\\INI\\Object\\FactionUnit.ini", name)); }
+  QLineEdit& field(const char* name) const { return *window.findChild<QLineEdit*>(name); }
+  // The user's typing over what the field shows.
+  void type(const char* name, const char* text) const {
+    field(name).selectAll();
+    QTest::keyClicks(&field(name), text);
+  }
+  QStringList notices() const { return window.findChild<NoticeBar*>("NoticeBar")->sentences(); }
+  void follow(const char* caption) const {
+    const QRegularExpression link("href=\"(\\d+)\">" + QRegularExpression::escape(QString(caption)));
+    for (QLabel* label : window.findChild<NoticeBar*>("NoticeBar")->findChildren<QLabel*>("Notice")) {
+      const auto found = link.match(label->text());
+      if (!found.hasMatch()) continue;
+      Q_EMIT label->linkActivated(found.captured(1));
+      QApplication::processEvents();
+      return;
+    }
+    FAIL() << "no link " << caption;
+  }
+  void editInFile() const {
+    follow("Edit in file");
+    waitForEditor();
+  }
+  static void waitForEditor() {
+    EXPECT_TRUE(QTest::qWaitFor([] {
+      const auto* editor = qobject_cast<FrmManEdit*>(VisibleWindow("FrmManEdit"));
+      return editor != nullptr && editor->ManEditInitDone();
+    }));
+  }
+  static IniTextEdit& text() { return *WindowNamed("FrmManEdit")->findChild<IniTextEdit*>("TxtManEdit"); }
+  static std::string edited() { return text().fileBytes().bytes; }
+  static std::string with(std::string_view before, std::string_view after) {
+    std::string units = GameFolder::CrLf(kUnits);
+    return units.replace(units.find(before), before.size(), after);
+  }
+  void undo() const { QTest::keyClick(text().focusProxy(), Qt::Key_Z, Qt::ControlModifier); }
+
+  Program program{services, folders, {}};
+  FrmEdit& window{program.mainWindow()};
+};
+
+TEST_F(EditInFile, APriceIsChangedInTwoClicksAndSaved) {
+  type("TxtCost", "1000");
+  EXPECT_EQ(notices().last(), "What is typed here is not saved. Edit in file");
+  editInFile();
+  EXPECT_EQ(edited(), with("900", "1000"));
+  EXPECT_EQ(text().selectedText(), "1000");
+  EXPECT_EQ(text().cursorLine(), 5);
+  EXPECT_EQ(game.read(kFile), GameFolder::CrLf(kUnits));  // until it is saved
+  WindowNamed("FrmManEdit")->findChild<QAction*>("MnuSave")->trigger();
+  EXPECT_EQ(game.read(kFile), with("900", "1000"));
+  show("Jeep");
+  show("Tank");
+  EXPECT_EQ(field("TxtCost").text(), "1000");
+}
+
+TEST_F(EditInFile, SeveralFieldsGoTogetherIntoUnsavedTextAsOneStepToUndo) {
+  program.showManualEditor({game.qpath() + "\\Data\\INI\\Object\\FactionUnit.ini"});
+  waitForEditor();
+  text().replaceSelection("; typed\r\n");
+  const std::string before = edited();
+  type("TxtCost", "1");
+  type("TxtBS", "2");
+  type("TxtSCR", "3");
+  editInFile();
+  std::string after = before;
+  for (const auto& [old, fresh] : {std::pair("900", "1"), std::pair("8.0", "2"),
+                                   std::pair("Range = 90", "Range = 90\r\n  ShroudClearingRange = 3")})
+    after.replace(after.find(old), std::string(old).size(), fresh);
+  EXPECT_EQ(edited(), after);
+  undo();
+  EXPECT_EQ(edited(), before);
+}
+
+TEST_F(EditInFile, WhatCannotBeEditedIsSaidAndNothingIsOpened) {
+  type("TxtCost", "1000");
+  type("TxtVisRange", "7");
+  follow("Edit in file");
+  EXPECT_EQ(notices().last(),
+            "Vision Range cannot be edited in the file: it shows 2 lines run together (line 8).");
+  EXPECT_EQ(VisibleWindow("FrmManEdit"), nullptr);
+  show("Jeep");
+  type("TxtCost", "3");
+  follow("Edit in file");
+  EXPECT_EQ(
+      notices().last(),
+      "Cost cannot be edited in the file: its value is that of a block with a longer name, which stands "
+      "first (line 2).");
+  EXPECT_EQ(VisibleWindow("FrmManEdit"), nullptr);
+}
+
+TEST_F(EditInFile, ALocomotorIsEditedWhenTheUserHasHeardWhoElseNamesIt) {
+  type("HS_TextBox1", "55");
+  messages.answers = {"Cancel"};
+  follow("Edit in file");
+  EXPECT_EQ(VisibleWindow("FrmManEdit"), nullptr);
+  messages.answers = {"Edit in file"};
+  editInFile();
+  EXPECT_TRUE(edited().find("  Speed = 55 ; fast\r\n") != std::string::npos) << edited();
+}
+
+TEST_F(EditInFile, AValueThatDoesNotFitItsMaskStays) {
+  type("HS_TextBox3", "30");
+  follow("Edit in file");
+  EXPECT_EQ(notices().last(),
+            "Turn Rate cannot be edited in the file: the value in the file does not fit the field's mask.");
+}
+
+TEST_F(EditInFile, ShowInFileSelectsTheValue) {
+  window.activateWindow();
+  window.findChild<QTabWidget*>("F_Tab")->setCurrentWidget(field("TxtBS").parentWidget()->parentWidget());
+  field("TxtBS").setFocus();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return field("TxtBS").hasFocus(); }));
+  QTest::keyClick(&field("TxtBS"), Qt::Key_F6);
+  waitForEditor();
+  EXPECT_EQ(text().selectedText(), "8.0");
+  window.activateWindow();
+  window.findChild<QTreeView*>("TVMenu")->setFocus();
+  window.findChild<QAction*>("showInFile")->trigger();
+  EXPECT_TRUE(QTest::qWaitFor([] { return text().selectedText() == "Tank"; }));
+}
+
+}  // namespace
+}  // namespace korvane
