@@ -63,11 +63,11 @@ TEST_F(RowMenusTest, TheTreesMenuIsAboutTheEntryItIsAskedForOn) {
 
 TEST_F(RowMenusTest, AGroupOpensItsFileAtTheStartAndNoFileIsNotOpened) {
   open();
-  EXPECT_EQ(treeMenu("Player Units").value(2), "Manual Edit FactionUnit.ini");
+  EXPECT_EQ(treeMenu("Player Units").value(3), "Manual Edit FactionUnit.ini");
   get<QAction>("manualEdit").trigger();
   ASSERT_EQ(launcher.requests.size(), 1U);
   EXPECT_EQ(launcher.requests[0].place.line, 0);
-  EXPECT_EQ(treeMenu("Gone").value(2), "off Manual Edit");
+  EXPECT_EQ(treeMenu("Gone").value(3), "off Manual Edit");
 }
 
 TEST_F(RowMenusTest, TheInformationListsRowsAreCopiedWholeAndInParts) {
