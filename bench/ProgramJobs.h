@@ -22,6 +22,7 @@ Jobs ManualEditorJobs(const RunningProgram& running);
 Jobs DatabaseJobs(const RunningProgram& running);
 Jobs CatalogueJobs(const RunningProgram& running);
 Jobs CheckJobs(const RunningProgram& running);
+Jobs CompareJobs(const RunningProgram& running);
 
 // Those that are programs of their own; they need no window here.
 Jobs ProcessJobs(const BenchFolders& folders);

@@ -56,7 +56,7 @@ void MeasureProgram(const Options& options) {
   Program program(desk.services, desk.folders, {});
   program.StartProgram();
   const RunningProgram running{folders, desk, program};
-  for (const auto jobs : {ReadingJobs, EditorJobs, ManualEditorJobs, DatabaseJobs, CatalogueJobs, CheckJobs})
+  for (const auto jobs : {ReadingJobs, EditorJobs, ManualEditorJobs, DatabaseJobs, CatalogueJobs, CheckJobs, CompareJobs})
     MeasureAll(jobs(running), options);
 }
 

@@ -11,6 +11,7 @@ namespace {
 
 using namespace korvane;
 namespace fs = std::filesystem;
+using namespace std::string_view_literals;
 
 const StockRecords kRecords = {
     {"Data\\a.ini", "Object Tank\r\nEnd\r\n"}, {"Data\\b.ini", std::string(600, 'x')}, {"c", "3"}};
@@ -59,6 +60,15 @@ constexpr std::string_view kCheckSeeds[] = {
     "= X\n  Behavior = SlowDeathBehavior M_1\n    OCL = FINAL X\nEnd\nObject TankX\nObject Tank\n",
     "CommandButton B\r  Command = UNIT_BUILD\rEnd\rCommandSet S\r  1 = B\r  1 = Button\r  \"a b\r",
     "# file\tcode\ttext\nData/INI/Weapon.ini\tstray-end\tEnd closes nothing here: no block is open\n",
+};
+
+// Two texts with a zero byte between them.
+constexpr std::string_view kCompareSeeds[] = {
+    "Weapon Gun\r\n Clip = 1 ; x\r\nEnd\r\nWeapon B\nEnd\n\0Weapon B\nEnd\nweapon gun\n Clip = 2\n Clip = "
+    "3\nEnd\n"sv,
+    "Object A\n WeaponSet\n  Weapon = PRIMARY G\n End\n WeaponSet\n End\n Behavior = M T\n "
+    "End\nEnd\n\0Object "
+    "A\n Behavior = N T\n End\n WeaponSet\n  Weapon = PRIMARY H\n End\nEnd\nBenchProfile = 1\n"sv,
 };
 
 void Write(const fs::path& file, std::string_view bytes) {
@@ -115,5 +125,6 @@ int main(int argc, char** argv) {
   WriteEach(Folder(seeds / "tree"), kTreeSeeds);
   WriteEach(Folder(seeds / "catalogue"), kCatalogueSeeds);
   WriteEach(Folder(seeds / "check"), kCheckSeeds);
+  WriteEach(Folder(seeds / "compare"), kCompareSeeds);
   return 0;
 }

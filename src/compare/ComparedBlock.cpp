@@ -2,7 +2,9 @@
 #include "compare/ComparedBlock.h"
 
 #include <algorithm>
+#include <span>
 #include <unordered_map>
+#include <utility>
 
 #include "catalogue/FoldedText.h"
 #include "catalogue/StructureReader.h"
@@ -81,7 +83,7 @@ struct Group {
 };
 
 template <typename Thing, typename NameOf>
-std::vector<Group<Thing>> GroupsOf(const std::vector<Thing>& former, const std::vector<Thing>& present,
+std::vector<Group<Thing>> GroupsOf(std::span<const Thing> former, std::span<const Thing> present,
                                    NameOf nameOf) {
   std::vector<Group<Thing>> groups;
   std::unordered_map<std::string, std::size_t> places;
@@ -93,6 +95,24 @@ std::vector<Group<Thing>> GroupsOf(const std::vector<Thing>& former, const std::
   for (const Thing& each : present) groupOf(each).present.push_back(&each);
   for (const Thing& each : former) groupOf(each).former.push_back(&each);
   return groups;
+}
+
+bool SaysSame(const Key& a, const Key& b) {
+  return a.value == b.value && EqualFolded(a.key, b.key);
+}
+
+// Without the keys at the front and the end that are the same in both: most of them in most blocks.
+std::pair<std::span<const Key>, std::span<const Key>> WithoutSame(std::span<const Key> a,
+                                                                  std::span<const Key> b) {
+  while (!a.empty() && !b.empty() && SaysSame(a.front(), b.front())) {
+    a = a.subspan(1);
+    b = b.subspan(1);
+  }
+  while (!a.empty() && !b.empty() && SaysSame(a.back(), b.back())) {
+    a = a.first(a.size() - 1);
+    b = b.first(b.size() - 1);
+  }
+  return {a, b};
 }
 
 // Texts of a block that say the same have the same lines.
@@ -126,10 +146,11 @@ class BlockComparing {
 
  private:
   void compareInside(const ComparedBlock& former, const ComparedBlock& present, const std::string& path) {
-    for (auto& group : GroupsOf(former.keys, present.keys, [](const Key& key) { return key.key; }))
+    const auto [formerKeys, presentKeys] = WithoutSame(former.keys, present.keys);
+    for (auto& group : GroupsOf(formerKeys, presentKeys, [](const Key& key) { return key.key; }))
       compareKeys(group, path);
-    for (auto& group :
-         GroupsOf(former.blocks, present.blocks, [](const ComparedBlock& block) { return block.identity; }))
+    for (auto& group : GroupsOf(std::span(former.blocks), std::span(present.blocks),
+                                [](const ComparedBlock& block) { return block.identity; }))
       compareGroup(group, path);
   }
 

@@ -97,7 +97,9 @@ class SourcesComparing {
 
   void compare(const SourceItem* before, const SourceItem* now) {
     const SourceItem& shown = now != nullptr ? *now : *before;
-    ItemChange change{.kind = shown.kind, .name = std::string(shown.name), .side = {}, .keys = {}};
+    ItemChange change;
+    change.kind = shown.kind;
+    change.name = shown.name;
     if (before != nullptr) change.former = PositionOf(*before);
     if (now != nullptr) change.present = PositionOf(*now);
     change.state = before == nullptr ? ItemState::added

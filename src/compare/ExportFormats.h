@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <iosfwd>
+#include <ostream>
 #include <span>
 #include <string>
 #include <string_view>

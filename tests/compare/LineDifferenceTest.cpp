@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
 
@@ -56,15 +57,16 @@ std::size_t MostEqual(const Numbers& former, const Numbers& present) {
 
 Numbers RandomNumbers(std::mt19937& chance, std::size_t size, std::uint32_t different) {
   Numbers numbers(size);
-  for (std::uint32_t& number : numbers) number = chance() % different;
+  for (std::uint32_t& number : numbers) number = static_cast<std::uint32_t>(chance() % different);
   return numbers;
 }
 
 TEST(SequenceDifference, OfSmallSequencesIsTheSmallest) {
   std::mt19937 chance(1);
+  const auto different = [&] { return static_cast<std::uint32_t>(1 + chance() % 12); };
   for (int i = 0; i < 300; ++i) {
-    const Numbers former = RandomNumbers(chance, chance() % 40, 1 + chance() % 12);
-    const Numbers present = RandomNumbers(chance, chance() % 40, 1 + chance() % 12);
+    const Numbers former = RandomNumbers(chance, chance() % 40, different());
+    const Numbers present = RandomNumbers(chance, chance() % 40, different());
     EXPECT_EQ(EqualElements(former, present), MostEqual(former, present)) << i;
   }
 }

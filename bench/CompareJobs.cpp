@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <stdexcept>
+
+#include "BarePass.h"
+#include "ProgramJobs.h"
+#include "catalogue/Catalogue.h"
+#include "compare/Comparison.h"
+#include "compare/LineDifference.h"
+#include "files/NativePath.h"
+
+namespace korvane {
+
+namespace {
+
+constexpr std::size_t kChangedLines = 5'000;
+
+// The text with a comment behind some lines, all over it, and another value in as many.
+std::string Changed(std::string_view text, std::size_t every) {
+  std::string changed;
+  std::size_t number = 0;
+  for (const std::string_view line : LinesOf(text)) {
+    changed += line;
+    if (++number % every == 0) changed += " 1";
+    changed += "\r\n";
+  }
+  return changed;
+}
+
+std::size_t LinesBetweenChanges(std::string_view text) {
+  return std::max<std::size_t>(LinesOf(text).size() / kChangedLines, 1);
+}
+
+// Another copy of the game in which every file is changed.
+std::filesystem::path ChangedGame(const BenchFolders& folders) {
+  const std::filesystem::path mod = folders.home / "changed";
+  for (const std::filesystem::path& file : folders.dataFiles()) {
+    const std::filesystem::path target = mod / file.lexically_relative(folders.game());
+    std::filesystem::create_directories(target.parent_path());
+    std::ofstream(target, std::ios::binary) << Changed(ReadWhole(file), 200);
+  }
+  return mod;
+}
+
+// Beside twice the catalogue of one.
+Job SourcesJob(const BenchFolders& folders) {
+  const std::string game = ProgramPath(folders.game());
+  const std::string mod = ProgramPath(ChangedGame(folders));
+  return {.name = "comparison of two modifications",
+          .promise = {.ratio = 1.5, .time = 1000, .growth = true},
+          .run =
+              [=] {
+                if (CompareSources({{game}}, {{mod}})->items.empty())
+                  throw std::runtime_error("nothing differs");
+              },
+          .bare =
+              [=] {
+                ReadCatalogue({game});
+                ReadCatalogue({mod});
+              }};
+}
+
+// The largest file, 60,000 lines where the data are sixteen times the original's.
+Job LinesJob(const BenchFolders& folders) {
+  const auto former = std::make_shared<const std::string>(ReadWhole(folders.objects(kLargestFile)));
+  const auto present = std::make_shared<const std::string>(Changed(*former, LinesBetweenChanges(*former)));
+  return {.name = "difference of lines, 5,000 changes",
+          .promise = {.time = 200},
+          .run =
+              [=] {
+                if (CompareLines(LinesOf(*former), LinesOf(*present)).size() < kChangedLines)
+                  throw std::runtime_error("changes are missing");
+              },
+          .bare = {}};
+}
+
+}  // namespace
+
+Jobs CompareJobs(const RunningProgram& running) {
+  return {SourcesJob(running.folders), LinesJob(running.folders)};
+}
+
+}  // namespace korvane
