@@ -93,6 +93,8 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
   buildToolBar();
   resize(kDesignSize);
   connect(TxtManEdit_, &IniTextEdit::cursorMayHaveMoved, this, &FrmManEdit::showLine);
+  connect(TxtManEdit_, &IniTextEdit::modificationChanged, this, &FrmManEdit::showTitle);
+  connect(openText_, &OpenText::said, this, &FrmManEdit::showTitle);
   connect(openText_, &OpenText::loadedAnew, this, &FrmManEdit::showAnew);
   connect(openText_, &OpenText::said, notices_, [this](OpenText::Notice notice, const QString& sentence) {
     notices_->tell(notice, sentence.isEmpty() ? std::vector<Notice>() : std::vector{Notice(sentence)});
@@ -272,11 +274,16 @@ void FrmManEdit::finishSetUp() {
   outline_->refresh();
   showLine();
   setEnabled(true);
-  setWindowTitle(kCaption);
+  ManEditInitDone_ = true;
+  showTitle();
   showState("Idle");
   TxtManEdit_->setFocus();
-  ManEditInitDone_ = true;
   if (place_.line > 0) goToNow(place_);
+}
+
+void FrmManEdit::showTitle() {
+  if (!ManEditInitDone_) return;  // the set-up says there how far it is
+  setWindowTitle(openText_->isUnsaved() ? kCaption + '*' : kCaption);
 }
 
 void FrmManEdit::storeState() {

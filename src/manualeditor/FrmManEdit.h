@@ -109,6 +109,7 @@ class FrmManEdit : public QMainWindow, public NameSource {
 
   void showState(const QString& state);
   void showLine();
+  void showTitle();
   void goTo(const ManualEditPlace& place);
   void goToNow(const ManualEditPlace& place);
   void showClock();

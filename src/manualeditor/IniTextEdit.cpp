@@ -96,6 +96,7 @@ IniTextEdit::IniTextEdit(QWidget* parent)
     if (font_.strikeOut()) strikeOut();
     Q_EMIT edited();
   });
+  connect(text_, &QsciScintilla::modificationChanged, this, &IniTextEdit::modificationChanged);
   connect(text_, &Sci::SCN_ZOOM, this, &IniTextEdit::fitNumberMargin);
   connect(text_, &Sci::SCN_STYLENEEDED, this, &IniTextEdit::colourTo);
 }

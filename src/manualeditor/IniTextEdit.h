@@ -106,6 +106,8 @@ class IniTextEdit : public QWidget {
   // A key or mouse button was released, or the cursor moved.
   void cursorMayHaveMoved();
   void edited();
+  // See isModified().
+  void modificationChanged();
 
  protected:
   void changeEvent(QEvent* event) override;

@@ -3,6 +3,8 @@
 #include <QMenu>
 #include <QToolBar>
 
+#include <filesystem>
+
 #include "manualeditor/FrmManEdit.h"
 #include "manualeditor/ManEditFixture.h"
 
@@ -232,6 +234,25 @@ TEST_F(ManEditTest, ATextOpenedDuringTheSetUpIsSetUpToo) {
   yield_.onTurn = [&] { EXPECT_TRUE(window_->open({path_, 1, "one\r\ntwo"})); };
   openFile(kFile);
   EXPECT_EQ(panel(1), "Line 1 of 2");
+}
+
+TEST_F(ManEditTest, TheTitleTellsOfUnsavedText) {
+  openFile(kFile);
+  type("x");
+  EXPECT_EQ(window_->windowTitle(), "Manual Editor*");
+  EXPECT_FALSE(window_->isWindowModified());
+  QTest::keyClick(text().focusProxy(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(window_->windowTitle(), "Manual Editor");
+  type("x");
+  trigger("MnuSave");
+  EXPECT_EQ(window_->windowTitle(), "Manual Editor");
+  type("y");
+  openFile(kFile);
+  EXPECT_EQ(window_->windowTitle(), "Manual Editor");
+  std::filesystem::remove(game_.native("Data/INI/Weapon.ini"));
+  QEvent activation(QEvent::WindowActivate);
+  QCoreApplication::sendEvent(window_.get(), &activation);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return window_->windowTitle() == "Manual Editor*"; }));
 }
 
 TEST_F(ManEditTest, PlacementComesBackBeforeTheWindowIsSeen) {
