@@ -31,7 +31,7 @@ constexpr std::array kSharedKinds = {
 std::optional<std::string> TextOfFile(const QString& file, const EditorLauncher& launcher) {
   if (auto text = launcher.textInManualEditor(file)) return text;
   FileBytes bytes;
-  if (!bytes.read(file.toStdString(), {})) return std::nullopt;
+  if (!bytes.read(ProgramPath(file.toStdString()), {})) return std::nullopt;
   return std::string(bytes.bytes());
 }
 

@@ -24,7 +24,8 @@ std::string ExtractText(std::string_view gameFolder, std::string_view path, std:
   if (!IsDataPath(path)) return "its path is none of a file below Data\\INI";
   const RestoreTarget target = TargetOf(gameFolder, path);
   if (!target.reason.empty()) return target.reason;
-  if (FileExists(target.path) || FolderExists(target.path)) return "there is a file of this name already";
+  const ProgramPath file(target.path);
+  if (FileExists(file) || FolderExists(file)) return "there is a file of this name already";
   return WriteTextFile(target.path, [bytes](const TakePiece& take) { take(bytes); });
 }
 
