@@ -15,7 +15,7 @@ constexpr std::uint64_t kPiece = 256 * 1024;
 
 bool RandomFile::open(std::string_view path) {
   size_ = 0;
-  if (!OpenOrdinaryFile(path, file_) || !file_.seekg(0, std::ios::end)) return false;
+  if (!OpenOrdinaryFile(ProgramPath(path), file_) || !file_.seekg(0, std::ios::end)) return false;
   size_ = static_cast<std::uint64_t>(file_.tellg());
   return true;
 }
