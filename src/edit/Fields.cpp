@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 
 #include "ini/DisplayGrammar.h"
 #include "ini/ParameterRows.h"
@@ -69,6 +70,17 @@ std::optional<KeyField> TableField(std::string_view kind, std::string_view capti
   const auto row = std::ranges::find(table->rows, caption, &ParameterRow::caption);
   if (row == table->rows.end() || row->key.empty()) return std::nullopt;
   return KeyField{.key = row->key, .beside = table->keys};
+}
+
+std::optional<Field> RowField(std::string_view kind, std::string_view caption, std::size_t before) {
+  if (kind == "Armor") return ArmourField{std::string(caption), before};
+  if (kind == "CommandSet") {
+    int slot = 0;
+    std::from_chars(caption.data(), caption.data() + caption.size(), slot);
+    return slot > 0 ? std::optional<Field>(SlotField{slot}) : std::nullopt;
+  }
+  const auto row = TableField(kind, caption);
+  return row ? std::optional<Field>(*row) : std::nullopt;
 }
 
 }  // namespace korvane

@@ -59,6 +59,10 @@ struct ArmourField {
 
 using Field = std::variant<KeyField, LocomotorField, WeaponField, SlotField, ArmourField>;
 
+// The row of a table of values of this kind; `before`: how many rows above it have the same caption. Nothing
+// where the row is none of a line.
+std::optional<Field> RowField(std::string_view kind, std::string_view caption, std::size_t before);
+
 // The fields that show an object's key; the handling fields by their number, from 0; the rows of the tables
 // of weapons and command buttons by their caption. Nothing where there is no such field.
 std::optional<KeyField> ObjectField(std::string_view key);

@@ -32,10 +32,10 @@ constexpr int kWidth = 860;  // at least, or the list would be narrow
 constexpr int kHeight = 480;
 
 // Behind the given entry of the context menu.
-constexpr const char* kNameCommands[] = {"", "goToDefinition", "findUses", "namesUsed"};
+constexpr const char* kNameCommands[] = {"showInFile", "", "goToDefinition", "findUses", "namesUsed"};
 
 // The parts of the notice bar.
-enum Notices { soughtNotices, entryNotices, typedNotices };
+enum Notices { soughtNotices, entryNotices, typedNotices, editNotices };
 
 bool BeginsWithWord(const QString& text, const QString& word) {
   if (word.isEmpty() || !text.startsWith(word, Qt::CaseInsensitive)) return false;
@@ -90,6 +90,7 @@ void TableEditor::makeMenus() {
   popup->addAction(entry_.manualEditCaption, this, &TableEditor::editInManualEditor)
       ->setObjectName("PopManEd");
   AddSearchCommands(commands_, [this](SearchCommand command) { context_.launcher.search(command, *this); });
+  commands_.add("showInFile", "Show in &File", "F6", [this] { showInFile(); });
   FillMenu(*popup, commands_, kNameCommands);
   const auto show = [popup](const QPoint& at) { popup->popup(at); };
   for (QAbstractItemView* view :
@@ -233,14 +234,57 @@ void TableEditor::showEntry(const QModelIndex& entry) {
   const QString shown = ShownText(name).replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
   setWindowTitle(shown + QStringLiteral(" - ") + entry_.title);
   const std::string text = (context_.parser.*entry_.fill)(ToBytes(name), table());
+  shown_ = name;
   table().setAllCaptionsRedAndBold();
   table().finish();
   tellAboutEntry(name, text);
 }
 
+ShownField TableEditor::shownField(const QString& name) const {
+  const QString file =
+      DataFilePath(context_.services.folders, DataFolder::ini, QString::fromUtf8(entry_.file));
+  return {file, {entry_.kind, ToBytes(name)}, {}};
+}
+
+ShownField TableEditor::shownField(int row) const {
+  std::size_t before = 0;
+  const QString& caption = pane_->table().row(row).caption;
+  for (int i = 0; i < row; ++i) before += pane_->table().row(i).caption == caption ? 1 : 0;
+  ShownField shown = shownField(shown_);
+  shown.field = RowField(entry_.kind, ToBytes(caption), before);
+  return shown;
+}
+
+std::vector<TypedValue> TableEditor::typedValues() const {
+  std::vector<TypedValue> values;
+  for (int row = 0; row < pane_->table().rowCount(); ++row) {
+    const InPlaceTableModel::Row& each = pane_->table().row(row);
+    if (each.read) values.push_back({each.caption.trimmed(), shownField(row), each.value});
+  }
+  return values;
+}
+
+void TableEditor::editInFile() {
+  const WindowCalls::Running call(calls_);
+  const std::vector<TypedValue> values = typedValues();
+  if (!values.empty())
+    notices_->tell(editNotices, EditInFile(values, context_.launcher, context_.services.messages, *this));
+}
+
+// The selected row of the table when that has the keyboard, else the selected entry.
+void TableEditor::showInFile() {
+  const QModelIndex cell = pane_->table().currentIndex();
+  if (pane_->table().hasFocus() && cell.isValid())
+    return ShowInFile(shownField(cell.row()), context_.launcher);
+  if (const auto name = selectedName()) ShowInFile(shownField(*name), context_.launcher);
+}
+
 void TableEditor::tellTyped() {
+  notices_->clear(editNotices);  // said of what was typed before
   if (!table().hasTyped()) return notices_->clear(typedNotices);
-  notices_->tell(typedNotices, {Notice("What is typed here is not saved.")});
+  Notice notice("What is typed here is not saved.");
+  if (!typedValues().empty()) notice.say(" ").link("Edit in file", [this] { editInFile(); });
+  notices_->tell(typedNotices, {notice});
 }
 
 void TableEditor::tellAboutEntry(const QString& name, const std::string& text) {

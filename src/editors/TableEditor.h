@@ -14,6 +14,7 @@
 #include "app/Commands.h"
 #include "app/NameSource.h"
 #include "app/Services.h"
+#include "app/ValueEdits.h"
 #include "controls/InPlaceTable.h"
 #include "editors/TableEditorEntry.h"
 #include "platform/WindowCalls.h"
@@ -92,6 +93,11 @@ class TableEditor : public QMainWindow, public NameSource {
   void showNamed(const QString& name);
   void showEntry(const QModelIndex& entry);
   void tellTyped();
+  ShownField shownField(const QString& name) const;
+  ShownField shownField(int row) const;
+  std::vector<TypedValue> typedValues() const;
+  void editInFile();
+  void showInFile();
   void tellAboutEntry(const QString& name, const std::string& text);
   void editInManualEditor();
   std::optional<std::string> readBlock(const QString& name);
@@ -104,6 +110,7 @@ class TableEditor : public QMainWindow, public NameSource {
   QMenu* MnuFile_ = nullptr;
   Commands commands_{*this};
   QPersistentModelIndex settled_;  // the entry to go back to when a choice is refused
+  QString shown_;                  // the entry whose block the table shows
   bool loaded_ = false;
   WindowCalls calls_{*this, [this] { Q_EMIT closedForGood(); }};
 };

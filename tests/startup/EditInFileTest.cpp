@@ -9,6 +9,7 @@
 #include <QTest>
 #include <QTreeView>
 
+#include "controls/InPlaceTable.h"
 #include "controls/NoticeBar.h"
 #include "mainwindow/FrmEdit.h"
 #include "manualeditor/FrmManEdit.h"
@@ -53,9 +54,15 @@ class EditInFile : public testing::Test, protected TestDesk {
     QTest::keyClicks(&field(name), text);
   }
   QStringList notices() const { return window.findChild<NoticeBar*>("NoticeBar")->sentences(); }
-  void follow(const char* caption) const {
+  static const char* WindowOf(TableEditorId editor) {
+    return editor == TableEditorId::armours       ? "FrmArmour"
+           : editor == TableEditorId::commandSets ? "FrmCmdSet"
+                                                  : "FrmCmdBtn";
+  }
+  void follow(const char* caption) const { followIn(window, caption); }
+  static void followIn(const QWidget& inWindow, const char* caption) {
     const QRegularExpression link("href=\"(\\d+)\">" + QRegularExpression::escape(QString(caption)));
-    for (QLabel* label : window.findChild<NoticeBar*>("NoticeBar")->findChildren<QLabel*>("Notice")) {
+    for (QLabel* label : inWindow.findChild<NoticeBar*>("NoticeBar")->findChildren<QLabel*>("Notice")) {
       const auto found = link.match(label->text());
       if (!found.hasMatch()) continue;
       Q_EMIT label->linkActivated(found.captured(1));
@@ -151,6 +158,42 @@ TEST_F(EditInFile, AValueThatDoesNotFitItsMaskStays) {
   follow("Edit in file");
   EXPECT_EQ(notices().last(),
             "Turn Rate cannot be edited in the file: the value in the file does not fit the field's mask.");
+}
+
+TEST_F(EditInFile, CellsOfATableAreEditedInTheirFile) {
+  struct Case {
+    TableEditorId editor;
+    const char* file;
+    const char* lines;
+    int row;
+    const char* typed;
+    const char* after;
+    bool asks;
+  };
+  const Case kCases[] = {
+      {TableEditorId::armours, "Armor.ini", "Armor A\n  Armor = FLAME 5%\n  Armor = FLAME 6% ; b\nEnd\n", 1,
+       "7%", "Armor A\n  Armor = FLAME 5%\n  Armor = FLAME 7% ; b\nEnd\n", true},
+      {TableEditorId::commandSets, "CommandSet.ini", "CommandSet A\n  1 = X\nEnd\n", 1, "Y",
+       "CommandSet A\n  1 = X\n  2 = Y\nEnd\n", false},
+      {TableEditorId::commandButtons, "CommandButton.ini", "CommandButton A\n  Command = STOP\nEnd\n", 0,
+       "GUARD", "CommandButton A\n  Command = GUARD\nEnd\n", false},
+  };
+  for (const Case& c : kCases) {
+    SCOPED_TRACE(c.file);
+    game.ini(c.file, c.lines);
+    ASSERT_TRUE(program.showEntry(c.editor, "A"));
+    auto* editor = FirstWindow(WindowOf(c.editor), [](const QWidget&) { return true; });
+    QAbstractItemModel& model = *editor->findChild<InPlaceTable*>("LVEdit")->model();
+    ASSERT_TRUE(model.setData(model.index(c.row, 1), c.typed));
+    messages.asked.clear();
+    messages.answers = {"Edit in file"};
+    followIn(*editor, "Edit in file");
+    waitForEditor();
+    EXPECT_EQ(messages.asked.size(), c.asks ? 1U : 0U);
+    EXPECT_EQ(edited(), GameFolder::CrLf(c.after));
+    EXPECT_EQ(text().selectedText(), c.typed);
+    WindowNamed("FrmManEdit")->findChild<QAction*>("MnuSave")->trigger();
+  }
 }
 
 TEST_F(EditInFile, ShowInFileSelectsTheValue) {
