@@ -26,7 +26,7 @@ bool EndsWithFolded(std::string_view text, std::string_view ending) {
 }
 
 bool IsDatabase(std::string_view path) {
-  return EndsWithFolded(path, kDatabaseEnding) && !FolderExists(path);
+  return EndsWithFolded(path, kDatabaseEnding) && !FolderExists(ProgramPath(path));
 }
 
 bool IsIniPath(const std::string& path) {
@@ -146,11 +146,12 @@ DataSource ArchivesOf(std::string_view gameFolder) {
 }
 
 std::string WhyNoDataSource(std::string_view path) {
-  if (FolderExists(path)) {
-    const bool hasData = FolderExists(std::string(path) + "\\Data\\INI") || !ArchivesOf(path).paths.empty();
+  if (FolderExists(ProgramPath(path))) {
+    const bool hasData =
+        FolderExists(ProgramPath(std::string(path) + "\\Data\\INI")) || !ArchivesOf(path).paths.empty();
     return hasData ? "" : "it has no Data\\INI and no archive";
   }
-  if (!FileExists(path)) return "there is no such folder or file";
+  if (!FileExists(ProgramPath(path))) return "there is no such folder or file";
   const bool known = EndsWithFolded(path, kArchiveEnding) || EndsWithFolded(path, kDatabaseEnding);
   return known ? "" : "it is no folder, no archive (.big) and no stock database (.DBF)";
 }

@@ -23,7 +23,7 @@ std::string Comparable(std::string_view path) {
 }  // namespace
 
 BigArchive::BigArchive(const std::string& path) : path_(path) {
-  if (!file_.open(path)) fail("it cannot be opened");
+  if (!file_.open(ProgramPath(path))) fail("it cannot be opened");
   const std::uint32_t count = readHeader();
   std::uint64_t at = kHeaderSize;
   for (std::uint32_t i = 0; i < count; ++i)

@@ -58,7 +58,7 @@ DbfTable::DbfTable(std::string path, std::string memoPath)
 }
 
 void DbfTable::reopen() {
-  if (!file_.open(path_)) {
+  if (!file_.open(ProgramPath(path_))) {
     throw DatabaseError(DatabaseFailure::fileNotFound, "The database \"" + path_ + "\" cannot be opened.");
   }
   layout_ = ReadDbfLayout(file_);

@@ -58,7 +58,7 @@ std::string MemoFileHeader(std::uint64_t firstFree, std::uint64_t blockSize, std
 }
 
 MemoFile::MemoFile(const std::string& path, MemoKind kind) : kind_(kind) {
-  if (!file_.open(path)) {
+  if (!file_.open(ProgramPath(path))) {
     throw DatabaseError(DatabaseFailure::fileNotFound,
                         "The memo file of the database, \"" + path + "\", cannot be opened.");
   }

@@ -13,7 +13,7 @@ constexpr std::uint64_t kPiece = 256 * 1024;
 
 }  // namespace
 
-bool RandomFile::open(std::string_view path) {
+bool RandomFile::open(const ProgramPath& path) {
   size_ = 0;
   if (!OpenOrdinaryFile(ProgramPath(path), file_) || !file_.seekg(0, std::ios::end)) return false;
   size_ = static_cast<std::uint64_t>(file_.tellg());

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "files/NativePath.h"
+
 namespace korvane {
 
 // Takes the next bytes of a text that is too long to be held at once.
@@ -16,7 +18,7 @@ using TakePiece = std::function<void(std::string_view)>;
 class RandomFile {
  public:
   // Opens the ordinary file at the program's path. False when there is none, or it may not be read.
-  bool open(std::string_view path);
+  bool open(const ProgramPath& path);
   void close() { file_.close(); }
 
   // The file's length when it was opened.

@@ -12,7 +12,7 @@ namespace {
 using namespace korvane;
 
 DataSource SourceAt(const std::filesystem::path& written) {
-  std::string path = ProgramPath(written);
+  std::string path = ProgramText(written);
   if (const std::string why = WhyNoDataSource(path); !why.empty())
     throw std::runtime_error(written.string() + ": " + why);
   return {{std::move(path)}};
@@ -20,8 +20,8 @@ DataSource SourceAt(const std::filesystem::path& written) {
 
 void SaySkipped(const Comparison& comparison) {
   for (const SkippedFile& skipped : comparison.skipped)
-    std::cerr << "korvane-diff: " << Printable(NativePath(skipped.path).string()) << ": not compared, for "
-              << skipped.reason << '\n';
+    std::cerr << "korvane-diff: " << Printable(NativePath(ProgramPath(skipped.path)).string())
+              << ": not compared, for " << skipped.reason << '\n';
 }
 
 int Compare(const Arguments& arguments) {

@@ -42,7 +42,7 @@ class ArchiveContainer : public Container {
 
 bool IsArchive(const std::string& path) {
   RandomFile file;
-  return file.open(path) && file.read(0, kBigArchiveMark.size()) == kBigArchiveMark;
+  return file.open(ProgramPath(path)) && file.read(0, kBigArchiveMark.size()) == kBigArchiveMark;
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ class FolderSource : public PackSource {
 
   void read(std::string_view path, const TakePiece& take) override {
     RandomFile file;
-    if (!file.open(full(path)) || file.read(0, file.size(), take) != size(path)) {
+    if (!file.open(ProgramPath(full(path))) || file.read(0, file.size(), take) != size(path)) {
       throw std::runtime_error(full(path) + ": the file cannot be read");
     }
   }
