@@ -66,11 +66,11 @@ void MakeBenchFolders(const BenchFolders& folders, int factor) {
 
 BenchDesk::BenchDesk(const BenchFolders& where)
     : settings(QString::fromStdString(where.settings().string())),
-      folders{ProgramText(where.game()), ProgramText(where.program())} {
+      folders{ProgramQText(where.game()), ProgramQText(where.program())} {
   settings.saveGameFolder(folders.game);
 }
 
-QString ProgramText(const fs::path& native) {
+QString ProgramQText(const fs::path& native) {
   return QString::fromStdString(ProgramText(native));
 }
 

@@ -47,6 +47,7 @@ struct BenchDesk {
   Services services{settings, messages, shell, help, process, yield, folders};
 };
 
-QString ProgramText(const std::filesystem::path& native);
+// A path on this machine, as the program writes it.
+QString ProgramQText(const std::filesystem::path& native);
 
 }  // namespace korvane

@@ -7,6 +7,7 @@
 #include "BarePass.h"
 #include "ProgramJobs.h"
 #include "catalogue/NameSearch.h"
+#include "files/NativePath.h"
 
 namespace korvane {
 
@@ -17,7 +18,7 @@ constexpr std::string_view kTyped = "amvehi1";  // finds names by their words' b
 constexpr std::size_t kPublishedFile = 32'000;  // bytes: published modifications are 24 MB in 760 files
 
 CatalogueSources SourcesOf(const std::filesystem::path& game) {
-  return {ProgramText(game).toStdString()};
+  return {ProgramText(game)};
 }
 
 // The bytes in files of that size, cut behind a block.

@@ -46,8 +46,8 @@ std::filesystem::path ChangedGame(const BenchFolders& folders) {
 
 // Beside twice the catalogue of one.
 Job SourcesJob(const BenchFolders& folders) {
-  const std::string game = ProgramPath(folders.game());
-  const std::string mod = ProgramPath(ChangedGame(folders));
+  const std::string game = ProgramText(folders.game());
+  const std::string mod = ProgramText(ChangedGame(folders));
   return {.name = "comparison of two modifications",
           .promise = {.ratio = 1.5, .time = 1000, .growth = true},
           .run =

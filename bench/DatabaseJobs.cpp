@@ -3,6 +3,7 @@
 
 #include "BarePass.h"
 #include "ProgramJobs.h"
+#include "files/NativePath.h"
 #include "stock/DBCtl.h"
 #include "stock/StockRestoration.h"
 #include "stock/StockTable.h"
@@ -18,7 +19,7 @@ constexpr int kManyRecords = 100'000;
 void Restore(const RunningProgram& running, const fs::path& target) {
   DBCtl database;
   const Services& services = running.desk.services;
-  StockRestoration restoration(database, ProgramText(target).toStdString());
+  StockRestoration restoration(database, ProgramText(target));
   restoration.restoreAll(services.folders.program.toStdString(), [&](std::int64_t, std::int64_t) {
     services.yield.fullTurn();
     return true;
@@ -65,8 +66,8 @@ Job OpenJob(const RunningProgram& running) {
   const fs::path many = running.folders.home / "many";
   return {.name = "open a database of 100,000 records",
           .promise = {.ratio = 2},
-          .run = [folder = ProgramText(many).toStdString()] { OpenDatabase(folder); },
-          .bare = [folder = ProgramText(running.folders.program()).toStdString()] { OpenDatabase(folder); },
+          .run = [folder = ProgramText(many)] { OpenDatabase(folder); },
+          .bare = [folder = ProgramText(running.folders.program())] { OpenDatabase(folder); },
           .prepare = [many] { MakeManyRecords(many); },
           .size = Job::Size::fixed};
 }

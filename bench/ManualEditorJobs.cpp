@@ -81,7 +81,7 @@ std::filesystem::path OtherGame(const BenchFolders& folders, const char* name,
 }
 
 void OpenOf(const std::filesystem::path& game, Folders& folders) {
-  const QString own = std::exchange(folders.game, ProgramText(game));
+  const QString own = std::exchange(folders.game, ProgramQText(game));
   Open();
   folders.game = own;
 }

@@ -56,7 +56,8 @@ void MeasureProgram(const Options& options) {
   Program program(desk.services, desk.folders, {});
   program.StartProgram();
   const RunningProgram running{folders, desk, program};
-  for (const auto jobs : {ReadingJobs, EditorJobs, ManualEditorJobs, DatabaseJobs, CatalogueJobs, CheckJobs, CompareJobs})
+  for (const auto jobs :
+       {ReadingJobs, EditorJobs, ManualEditorJobs, DatabaseJobs, CatalogueJobs, CheckJobs, CompareJobs})
     MeasureAll(jobs(running), options);
 }
 
