@@ -2,13 +2,23 @@
 #include "editors/FrmArmour.h"
 
 #include <QMenu>
+#include <QMenuBar>
+
+#include <array>
 
 #include "app/UnitChoices.h"
 
 namespace korvane {
 
+namespace {
+
+constexpr std::array kFileMenu = {"Test"};
+
+}  // namespace
+
 FrmArmour::FrmArmour(const TableEditorContext& context) : TableEditor(kArmourEditor, context) {
-  fileMenu().addAction("&Test", this, &FrmArmour::damageTypesAsked)->setObjectName("Test");
+  commands().add("Test", "&Test", {}, [this] { Q_EMIT damageTypesAsked(); });
+  FillMenu(*menuBar()->findChild<QMenu*>("MnuFile"), commands(), kFileMenu);
 }
 
 void FrmArmour::addDamageType(const QString& type) {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editors/FrmCmdSet.h"
 
-#include <QMenu>
 #include <QMenuBar>
 
+#include <array>
 #include <charconv>
 
 #include "ini/Blocks.h"
@@ -17,6 +17,8 @@ namespace korvane {
 namespace {
 
 constexpr std::string_view kButton = "CommandButton";
+constexpr std::array<MenuRow, 3> kHelpMenu = {
+    {{0, "MnuHelpi", "&Help"}, {1, "MnuHelp"}, {1, "MnuCmdFormat"}}};
 
 // All that follows the last kind word of the line, a comment included.
 std::string_view ButtonName(std::string_view line) {
@@ -42,10 +44,9 @@ int HiddenSlotNumber(std::string_view line) {
 }  // namespace
 
 FrmCmdSet::FrmCmdSet(const TableEditorContext& context) : TableEditor(kCommandSetEditor, context) {
-  QMenu* help = menuBar()->addMenu("&Help");
-  help->setObjectName("MnuHelpi");
-  help->addAction("&Help", this, &FrmCmdSet::showHelp)->setObjectName("MnuHelp");
-  help->addAction("&Show Command Set Format", this, &FrmCmdSet::formatAsked)->setObjectName("MnuCmdFormat");
+  commands().add("MnuHelp", "&Help", {}, [this] { showHelp(); });
+  commands().add("MnuCmdFormat", "&Show Command Set Format", {}, [this] { Q_EMIT formatAsked(); });
+  FillMenuBar(*menuBar(), commands(), kHelpMenu);
 }
 
 std::vector<Notice> FrmCmdSet::noticesOf(const std::string& text, const ShownBlock& block,

@@ -6,6 +6,7 @@
 #include <QMenuBar>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 #include <vector>
 
@@ -26,6 +27,9 @@
 namespace korvane {
 
 namespace {
+
+constexpr std::array<MenuRow, 3> kMenuBar = {{{0, "MnuFile", "&File"}, {1, "MnuManEd"}, {1, "MnuExit"}}};
+constexpr std::array kPopup = {"PopManEd"};
 
 // Of a window that was never closed, in pixels.
 constexpr int kWidth = 860;  // at least, or the list would be narrow
@@ -79,16 +83,14 @@ InPlaceTable& TableEditor::table() {
 }
 
 void TableEditor::makeMenus() {
-  MnuFile_ = menuBar()->addMenu("&File");
-  MnuFile_->setObjectName("MnuFile");
-  MnuFile_->addAction(entry_.manualEditCaption, this, &TableEditor::editInManualEditor)
-      ->setObjectName("MnuManEd");
-  MnuFile_->addAction("E&xit", this, &TableEditor::close)->setObjectName("MnuExit");
+  for (const char* name : {"MnuManEd", "PopManEd"})
+    commands_.add(name, entry_.manualEditCaption, {}, [this] { editInManualEditor(); });
+  commands_.add("MnuExit", "E&xit", {}, [this] { close(); });
+  FillMenuBar(*menuBar(), commands_, kMenuBar);
 
   auto* popup = new QMenu("PopupMenu", this);
   popup->setObjectName("MnuPop");
-  popup->addAction(entry_.manualEditCaption, this, &TableEditor::editInManualEditor)
-      ->setObjectName("PopManEd");
+  FillMenu(*popup, commands_, kPopup);
   AddSearchCommands(commands_, [this](SearchCommand command) { context_.launcher.search(command, *this); });
   commands_.add("showInFile", "Show in &File", "F6", [this] { showInFile(); });
   FillMenu(*popup, commands_, kNameCommands);

@@ -76,7 +76,7 @@ class TableEditor : public QMainWindow, public NameSource {
   virtual std::vector<Notice> noticesOf(const std::string& text, const ShownBlock& block,
                                         const QString& file) const;
 
-  QMenu& fileMenu() { return *MnuFile_; }
+  Commands& commands() { return commands_; }
   InPlaceTable& table();
   const TableEditorContext& context() const { return context_; }
 
@@ -107,7 +107,6 @@ class TableEditor : public QMainWindow, public NameSource {
   QStringListModel names_;
   ListAndTable* pane_;
   NoticeBar* notices_;
-  QMenu* MnuFile_ = nullptr;
   Commands commands_{*this};
   QPersistentModelIndex settled_;  // the entry to go back to when a choice is refused
   QString shown_;                  // the entry whose block the table shows

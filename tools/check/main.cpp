@@ -8,11 +8,12 @@
 
 #include "Progress.h"
 #include "Terminal.h"
+#include "catalogue/Catalogue.h"
+#include "catalogue/LineTexts.h"
 #include "check/Arguments.h"
 #include "check/Baseline.h"
 #include "check/Checker.h"
 #include "check/ExitCodes.h"
-#include "check/LinesOfFiles.h"
 #include "files/FileBytes.h"
 #include "files/NativePath.h"
 #include "files/WholeFile.h"
@@ -89,13 +90,19 @@ Findings FindingsOf(const Checker& checker, const Arguments& arguments) {
 void Show(const Findings& findings, const Checker& checker, const Arguments& arguments) {
   const char* noColour = std::getenv("NO_COLOR");
   const bool terminal = OutputGoesToTerminal();
-  LinesOfFiles lines(checker.catalogue());
+  LineTexts lines;
+  const auto lineOf = [&](const Finding& finding) {
+    const CatalogueFile* file = checker.catalogue().file(finding.file);
+    return file == nullptr
+               ? std::string()
+               : std::string(lines.line(file->source(), static_cast<std::uint32_t>(finding.line)));
+  };
   arguments.report(std::cout, findings,
                    {.files = checker.files().size(),
                     .prefix = PrefixOf(arguments.game),
                     .terminal = terminal,
                     .colours = terminal && (noColour == nullptr || *noColour == '\0'),
-                    .lineOf = [&lines](const Finding& finding) { return lines.line(finding); }});
+                    .lineOf = lineOf});
 }
 
 int Check(const Arguments& arguments) {
