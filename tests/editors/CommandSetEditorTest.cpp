@@ -97,7 +97,8 @@ TEST_F(CommandSetEditorTest, ATypedValueIsMarkedUntilTheTableIsFilledAnew) {
   const QModelIndex value = model.index(0, 1);
   const auto marked = [&] {
     EXPECT_EQ(value.data(Qt::ToolTipRole).isValid(), value.data(Qt::FontRole).isValid());
-    EXPECT_EQ(editor->findChild<NoticeBar*>()->sentences().contains("What is typed here is not saved. Edit in file"),
+    EXPECT_EQ(editor->findChild<NoticeBar*>()->sentences().contains(
+                  "What is typed here is not saved. Edit in file"),
               value.data(Qt::FontRole).isValid());
     return value.data(Qt::FontRole).isValid();
   };

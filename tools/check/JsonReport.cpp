@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <ostream>
 
-#include "files/JsonText.h"
 #include "check/Report.h"
+#include "files/JsonText.h"
 
 namespace korvane {
 

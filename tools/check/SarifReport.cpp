@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <ostream>
 
-#include "files/JsonText.h"
 #include "check/Baseline.h"
 #include "check/Report.h"
 #include "check/Rules.h"
+#include "files/JsonText.h"
 
 namespace korvane {
 

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-#include "files/JsonText.h"
 #include "Printable.h"
 #include "catalogue/StructureReader.h"
+#include "files/JsonText.h"
 #include "files/Windows1252.h"
 
 namespace korvane {
