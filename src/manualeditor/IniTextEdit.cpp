@@ -190,7 +190,14 @@ void IniTextEdit::moveToStart() {
 }
 
 void IniTextEdit::goTo(int line, int column, int length) {
-  select(spanOf(line, column, length));
+  const TextSpan span = spanOf(line, column, length);
+  const qsizetype row = send(Sci::SCI_VISIBLEFROMDOCLINE, send(Sci::SCI_LINEFROMPOSITION, span.from));
+  const qsizetype top = send(Sci::SCI_GETFIRSTVISIBLELINE);
+  const qsizetype rows = send(Sci::SCI_LINESONSCREEN);
+  select(span);
+  // What is gone to stands in the upper part, with what follows it in sight.
+  if (row < top || row >= top + rows)
+    send(Sci::SCI_SETFIRSTVISIBLELINE, std::max<qsizetype>(row - rows / 4, 0));
 }
 
 TextSpan IniTextEdit::spanOf(int line, int column, int length) const {
