@@ -6,6 +6,7 @@
 #include <QDateTime>
 #include <QLabel>
 #include <QLocale>
+#include <QMenu>
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QTimer>
@@ -50,6 +51,9 @@ constexpr int kStatusBarHeight = 22;
 constexpr QSize kDesignSize(900, 620);
 constexpr QSize kIconSize(16, 16);
 
+// Behind the entries of the text's own context menu.
+constexpr const char* kNameCommands[] = {"", "goToDefinition", "findUses", "namesUsed"};
+
 enum Panel { linePanel, statePanel, timePanel, datePanel, filePanel };
 struct PanelWidth {
   const char* longest;  // longest text the panel must fit
@@ -93,6 +97,8 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
   buildToolBar();
   resize(kDesignSize);
   connect(TxtManEdit_, &IniTextEdit::cursorMayHaveMoved, this, &FrmManEdit::showLine);
+  connect(TxtManEdit_, &IniTextEdit::menuAsked, this,
+          [this](QMenu& menu) { FillMenu(menu, commands_, kNameCommands); });
   connect(TxtManEdit_, &IniTextEdit::modificationChanged, this, &FrmManEdit::showTitle);
   connect(openText_, &OpenText::said, this, &FrmManEdit::showTitle);
   connect(openText_, &OpenText::loadedAnew, this, &FrmManEdit::showAnew);

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "manualeditor/IniTextEdit.h"
 
-#include <QEvent>
+#include <QContextMenuEvent>
 #include <QFontDatabase>
+#include <QMenu>
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <Qsci/qscicommandset.h>
@@ -450,7 +451,24 @@ void IniTextEdit::changeEvent(QEvent* event) {
 bool IniTextEdit::eventFilter(QObject* watched, QEvent* event) {
   const bool released = event->type() == QEvent::KeyRelease || event->type() == QEvent::MouseButtonRelease;
   if (released) Q_EMIT cursorMayHaveMoved();
-  return QWidget::eventFilter(watched, event);
+  if (event->type() != QEvent::ContextMenu) return QWidget::eventFilter(watched, event);
+  showMenu(*static_cast<const QContextMenuEvent*>(event));
+  return true;
+}
+
+void IniTextEdit::showMenu(const QContextMenuEvent& event) {
+  if (event.reason() == QContextMenuEvent::Mouse) moveToMenu(event.pos());
+  QMenu* menu = text_->createStandardContextMenu();
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  Q_EMIT menuAsked(*menu);
+  menu->popup(event.globalPos());
+}
+
+// What is selected stays selected when the menu is asked for on it.
+void IniTextEdit::moveToMenu(const QPoint& at) {
+  const qsizetype position = send(Sci::SCI_POSITIONFROMPOINT, at.x(), at.y());
+  const TextSpan selected = selection();
+  if (position < selected.from || position > selected.to) send(Sci::SCI_GOTOPOS, position);
 }
 
 }  // namespace korvane

@@ -14,6 +14,8 @@
 #include "manualeditor/TextSearch.h"
 #include "platform/FileText.h"
 
+class QContextMenuEvent;
+class QMenu;
 class QsciScintilla;
 
 namespace korvane {
@@ -106,6 +108,8 @@ class IniTextEdit : public QWidget {
   // A key or mouse button was released, or the cursor moved.
   void cursorMayHaveMoved();
   void edited();
+  // The control's own context menu is about to be shown; the cursor is where it was asked for.
+  void menuAsked(QMenu& menu);
   // See isModified().
   void modificationChanged();
 
@@ -115,6 +119,8 @@ class IniTextEdit : public QWidget {
 
  private:
   void prepare();
+  void showMenu(const QContextMenuEvent& event);
+  void moveToMenu(const QPoint& at);
   void fitNumberMargin();
   TextSpan spanOf(int line, int column, int length) const;
   void applyFont();

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QMenu>
 #include <QToolBar>
+#include <Qsci/qsciscintilla.h>
 
 #include <filesystem>
 
@@ -328,6 +330,37 @@ TEST_F(ManEditTest, ACancelledFontDialogChangesAndStoresNothing) {
   trigger("MnuFont");
   EXPECT_EQ(text().textFont(), before);
   EXPECT_EQ(settings_.GetSet("ManEditName", "none"), "none");
+}
+
+// The entries at the menu's end when it is asked for at a place of the text, from 0.
+QStringList MenuAt(const IniTextEdit& text, int line, int column) {
+  using Sci = QsciScintillaBase;
+  const auto& control = text.view().control();
+  const qsizetype position = text.view().send(Sci::SCI_POSITIONFROMLINE, line) + column;
+  const QPoint at(static_cast<int>(text.view().send(Sci::SCI_POINTXFROMPOSITION, 0, position)) + 1,
+                  static_cast<int>(text.view().send(Sci::SCI_POINTYFROMPOSITION, 0, position)) + 3);
+  QContextMenuEvent event(QContextMenuEvent::Mouse, at, control.viewport()->mapToGlobal(at));
+  QApplication::sendEvent(control.viewport(), &event);
+  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  if (menu == nullptr) return {};
+  QStringList texts;
+  for (const QAction* action : menu->actions()) texts += action->text().section('\t', 0, 0).remove('&');
+  menu->close();
+  return texts.mid(texts.size() - 5);
+}
+
+TEST_F(ManEditTest, TheContextMenuIsAboutTheNameThatItIsAskedForOn) {
+  openFile("Weapon Gun\r\n  FireSound = Bang\r\nEnd\r\n");
+  const QStringList entries{"Select All", "", "Go to Definition", "Find Uses", "Names Used by This Block"};
+  EXPECT_EQ(MenuAt(text(), 1, 16), entries);
+  ASSERT_TRUE(window_->nameHere());
+  EXPECT_EQ(window_->nameHere()->name, "Bang");
+  text().select({7, 10});
+  EXPECT_EQ(MenuAt(text(), 0, 8), entries);
+  EXPECT_EQ(text().selectedText(), "Gun");
+  MenuAt(text(), 1, 3);
+  EXPECT_EQ(text().selectedText(), "");
+  EXPECT_EQ(text().cursorLine(), 1);
 }
 
 }  // namespace
