@@ -17,6 +17,9 @@
 #include <QStyleOptionFrame>
 #include <QTabBar>
 #include <QToolTip>
+#include <QVariant>
+
+#include <utility>
 
 #include "controls/ShownText.h"
 
@@ -108,13 +111,16 @@ QString OwnTip(const QWidget& widget, const QPoint& at) {
   return entry.isValid() ? entry.data(Qt::ToolTipRole).toString() : QString();
 }
 
+constexpr const char* kTipAt = "tipAt";
+
+QString GivenTip(const QWidget& widget, const QPoint& at) {
+  const auto tip = widget.property(kTipAt).value<TipAt>();
+  return tip ? tip(at) : QString();
+}
+
 // So that a long text is wrapped, and markup in it is shown as it is.
-QString AsTip(const QString& text, const QString& own) {
-  const auto paragraph = [](const QString& plain) {
-    return "<p style=\"white-space:pre-wrap\">" + plain.toHtmlEscaped() + "</p>";
-  };
-  if (own.isEmpty()) return paragraph(ShownText(text));
-  return paragraph(ShownText(text)) + (Qt::mightBeRichText(own) ? own : paragraph(own));
+QString Paragraph(const QString& plain) {
+  return plain.isEmpty() ? QString() : "<p style=\"white-space:pre-wrap\">" + plain.toHtmlEscaped() + "</p>";
 }
 
 }  // namespace
@@ -148,10 +154,16 @@ bool FullTextTips::eventFilter(QObject* watched, QEvent* event) {
   auto& widget = *static_cast<QWidget*>(watched);
   const auto* help = static_cast<QHelpEvent*>(event);
   const QString cut = CutTextAt(widget, help->pos());
-  if (cut.isEmpty()) return false;
+  const QString given = GivenTip(widget, help->pos());
+  if (cut.isEmpty() && given.isEmpty()) return false;
   const QString own = OwnTip(widget, help->pos());
-  QToolTip::showText(help->globalPos(), AsTip(cut, own == cut ? QString() : own), &widget);
+  const QString shownOwn = own == cut ? QString() : Qt::mightBeRichText(own) ? own : Paragraph(own);
+  QToolTip::showText(help->globalPos(), Paragraph(ShownText(cut)) + shownOwn + Paragraph(given), &widget);
   return true;
+}
+
+void SetTipAt(QWidget& widget, TipAt tip) {
+  widget.setProperty(kTipAt, QVariant::fromValue(std::move(tip)));
 }
 
 }  // namespace korvane

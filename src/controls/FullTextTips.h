@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
+
 class QPoint;
 class QWidget;
 
@@ -11,7 +13,7 @@ namespace korvane {
 
 // Shows, in a tooltip, the whole of a text that a window has to cut: of fields, lists, labels, buttons, tabs,
 // headings, and entries of trees and tables. One object serves all windows of the program. What a widget's
-// own tooltip says comes behind it.
+// own tooltip says comes behind it, and last what SetTipAt has given.
 class FullTextTips : public QObject {
  public:
   // From now on, for as long as the application lives.
@@ -23,6 +25,11 @@ class FullTextTips : public QObject {
  private:
   using QObject::QObject;
 };
+
+// What the widget's tooltip says of the place, in the widget's coordinates, as plain text; empty: nothing. Of
+// a view it is the viewport that is asked.
+using TipAt = std::function<QString(const QPoint& at)>;
+void SetTipAt(QWidget& widget, TipAt tip);
 
 // The text that the widget cuts at the place, in its own coordinates; empty when it cuts none there.
 QString CutTextAt(const QWidget& widget, const QPoint& at);

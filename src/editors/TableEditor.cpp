@@ -12,6 +12,7 @@
 
 #include "app/EditorLauncher.h"
 #include "app/ManualEditRequest.h"
+#include "app/NameTips.h"
 #include "app/SearchCommands.h"
 #include "controls/Icons.h"
 #include "controls/MenuButton.h"
@@ -70,6 +71,7 @@ TableEditor::TableEditor(const TableEditorEntry& entry, const TableEditorContext
   connect(&table(), &InPlaceTable::typedChanged, this, &TableEditor::tellTyped);
   setCentralWidget(NoticeBar::below(pane_, notices_));
   makeColumns();
+  tellOfNames();
   pane_->list().setFocus();
 }
 
@@ -194,19 +196,32 @@ bool TableEditor::clickEntry(const QString& name) {
   return true;
 }
 
+void TableEditor::tellOfNames() {
+  TellOfNames(pane_->list(), context_.launcher,
+              [this](const QModelIndex& entry) { return nameOf(entry.data().toString()); });
+  TellOfNames(table(), context_.launcher, [this](const QModelIndex& cell) {
+    const auto name = nameAt(cell);
+    return name && name->space != kNoSpace ? name : std::nullopt;
+  });
+}
+
+NameHere TableEditor::nameOf(const QString& entry) const {
+  return {entry, GameStructure::get().space(entry_.kind)};
+}
+
 std::optional<NameHere> TableEditor::nameHere() const {
-  if (pane_->list().hasFocus()) {
-    const auto name = selectedName();
-    return name ? std::optional(NameHere{*name, GameStructure::get().space(entry_.kind)}) : std::nullopt;
-  }
-  return nameAt(pane_->table().currentIndex());
+  if (!pane_->list().hasFocus()) return nameAt(pane_->table().currentIndex());
+  const auto name = selectedName();
+  return name ? std::optional(nameOf(*name)) : std::nullopt;
 }
 
 // The name in the value of a table's row.
 std::optional<NameHere> TableEditor::nameAt(const QModelIndex& cell) const {
   const QString value = cell.siblingAtColumn(1).data().toString().trimmed();
   if (value.isEmpty()) return std::nullopt;
-  return NameInValue(entry_.kind, cell.siblingAtColumn(0).data().toString(), value);
+  const QString caption = cell.siblingAtColumn(0).data().toString();
+  const auto field = TableField(entry_.kind, ToBytes(caption));
+  return NameInValue(entry_.kind, field ? FromBytes(field->key) : caption, value);
 }
 
 std::optional<ItemPlace> TableEditor::placeHere() const {

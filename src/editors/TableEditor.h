@@ -89,6 +89,8 @@ class TableEditor : public QMainWindow, public NameSource {
   void select(const QModelIndex& entry);
   void tellSought(const QString& name, const QModelIndex& found);
   std::optional<QString> selectedName() const;
+  void tellOfNames();
+  NameHere nameOf(const QString& entry) const;
   std::optional<NameHere> nameAt(const QModelIndex& cell) const;
   void showNamed(const QString& name);
   void showEntry(const QModelIndex& entry);

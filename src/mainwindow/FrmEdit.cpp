@@ -42,10 +42,6 @@ constexpr int kTreeWidth = 4200;
 constexpr int kDesignHeight = 10200;
 constexpr auto kFileButtonInterval = std::chrono::milliseconds(100);
 
-bool IsNamedObject(const ObjectNode& node) {
-  return (node.kind == NodeKind::object || node.kind == NodeKind::listed) && !node.text.empty();
-}
-
 }  // namespace
 
 FrmEdit::FrmEdit(const Services& services, EditorLauncher& launcher)
@@ -110,6 +106,7 @@ void FrmEdit::buildCommands() {
   BuildMainMenu(*menuBar(), commands_);
   BuildMainToolBar(*Toolbar1_, commands_, launch_);
   menus_.emplace(*TVMenu_, objects_, *fields_.LstInfo, launch_, commands_);
+  names_.emplace(*TVMenu_, objects_, fields_, commands_, launcher_);
 }
 
 void FrmEdit::connectButtons() {
@@ -182,46 +179,15 @@ bool FrmEdit::showObject(const QString& path, const QString& name) {
 }
 
 std::optional<NameHere> FrmEdit::nameHere() const {
-  const GameStructure& structure = GameStructure::get();
-  if (TVMenu_->hasFocus()) {
-    const auto object = placeHere();
-    return object ? std::optional(NameHere{object->name, structure.space("Object")}) : std::nullopt;
-  }
-  const std::pair<const QComboBox*, const char*> kLists[] = {
-      {fields_.CboArmour, "Armor"}, {fields_.PWeapon, "Weapon"},         {fields_.SWeapon, "Weapon"},
-      {fields_.TWeapon, "Weapon"},  {fields_.CboLocomotor, "Locomotor"},
-  };
-  for (const auto& [list, kind] : kLists) {
-    const bool here = list->hasFocus() || list->lineEdit()->hasFocus();
-    if (here && !list->currentText().isEmpty()) return NameHere{list->currentText(), structure.space(kind)};
-  }
-  return fields_.LstInfo->hasFocus() ? nameInList() : std::nullopt;
-}
-
-// The name in the value of the information list's selected row.
-std::optional<NameHere> FrmEdit::nameInList() const {
-  constexpr std::pair<const char*, const char*> kRows[] = {
-      {"Name", "Object"},
-      {"Primary Weapon", "Weapon"},
-      {"Secondary Weapon", "Weapon"},
-      {"Tertiary Weapon", "Weapon"},
-      {"Locomotor", "Locomotor"},
-  };
-  const auto* row = fields_.LstInfo->selectedRow();
-  if (row == nullptr) return std::nullopt;
-  for (const auto& [caption, kind] : kRows) {
-    const QString name = row->value.section(", ", 0, 0);
-    if (row->caption == caption && !name.isEmpty() && name != "N/A")
-      return NameHere{name, GameStructure::get().space(kind)};
-  }
-  return std::nullopt;
+  return names_->nameHere();
 }
 
 std::optional<ItemPlace> FrmEdit::placeHere() const {
   const ObjectNode* node = display_->selectedNode();
-  if (node == nullptr || !IsNamedObject(*node)) return std::nullopt;
+  const auto object = ShownNames::nameOf(node);
+  if (!object) return std::nullopt;
   const QString path = "Data\\INI\\" + QString::fromStdString(node->file);
-  return ItemPlace{GameStructure::get().kind("Object"), FromBytes(node->text), {.path = path}};
+  return ItemPlace{GameStructure::get().kind("Object"), object->name, {.path = path}};
 }
 
 QStringList FrmEdit::weaponNames() const {

@@ -23,6 +23,7 @@
 #include "mainwindow/ObjectNotices.h"
 #include "mainwindow/ObjectTreeModel.h"
 #include "mainwindow/RowMenus.h"
+#include "mainwindow/ShownNames.h"
 #include "mainwindow/StatusPanels.h"
 #include "mainwindow/TypedMarks.h"
 #include "mainwindow/UnitFields.h"
@@ -87,7 +88,6 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   void load();
   void applyTreeFont();
   void nameFileButton();
-  std::optional<NameHere> nameInList() const;
   void showSettingsTrouble();
   bool exitConfirmed();
   void exitCommand();
@@ -111,6 +111,7 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   Commands commands_{*this};
   std::optional<FileEdits> fileEdits_;
   std::optional<RowMenus> menus_;
+  std::optional<ShownNames> names_;
   QTimer Timer1_{this};
   bool ConfirmExit_ = true;
 };

@@ -12,9 +12,13 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+#include <initializer_list>
+
+#include "controls/Icons.h"
 #include "controls/InPlaceTable.h"
 #include "controls/MaskedField.h"
 #include "controls/Named.h"
+#include "controls/RowLink.h"
 
 namespace korvane {
 
@@ -88,6 +92,16 @@ void AddFieldWithButton(QFormLayout* form, const char* caption, QWidget* field, 
   button->setAccessibleName(button->text().trimmed() + u' ' + field->accessibleName());
 }
 
+// Behind the row's last control.
+QToolButton* Link(const char* name, const QWidget& field, QWidget& last) {
+  auto* link = Named(name, new RowLink(last));
+  link->setIcon(ThemeIcon("definition"));
+  link->setToolTip("Go to Definition");
+  link->setAccessibleName("Go to Definition " + field.accessibleName());
+  link->setEnabled(false);  // until the field has a name
+  return link;
+}
+
 QFormLayout* Form(QGroupBox* frame) {
   auto* form = new QFormLayout(frame);
   form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
@@ -131,6 +145,7 @@ QWidget* UnitFields::handlingTab() {
   auto* frame = new QGroupBox("Handling And Speed");
   auto* form = Form(frame);
   AddField(form, "Locomotor:", CboLocomotor = List("CboLocomotor", true));
+  locomotorLink = Link("locomotorLink", *CboLocomotor, *CboLocomotor);
   LocoTab = Named("LocoTab", new QTabBar);
   LocoTab->setAccessibleName("Locomotors");
   LocoTab->setDrawBase(true);
@@ -161,6 +176,7 @@ QWidget* UnitFields::healthTab() {
   CboArmour = List("CboArmour", true);
   Command2 = Button("Command2", "Show Armour Editor");
   AddFieldWithButton(Form(armour), "Armour Type:", CboArmour, Command2);
+  armourLink = Link("armourLink", *CboArmour, *Command2);
   return Page({health, armour});
 }
 
@@ -173,8 +189,11 @@ QWidget* UnitFields::weaponsTab() {
   TWeapon = List("TWeapon", true);
   for (QComboBox* list : {PWeapon, SWeapon, TWeapon}) list->setModel(weapons);
   AddFieldWithButton(form, "Primary Weapon:", PWeapon, PWeaponEdit = Button("PWeaponEdit", "Edit "));
+  primaryLink = Link("primaryLink", *PWeapon, *PWeaponEdit);
   AddFieldWithButton(form, "Secondary Weapon:", SWeapon, SWeaponEdit = Button("SWeaponEdit", "Edit "));
+  secondaryLink = Link("secondaryLink", *SWeapon, *SWeaponEdit);
   AddFieldWithButton(form, "Tertiary Weapon:", TWeapon, TWeaponEdit = Button("TWeaponEdit", "Edit "));
+  tertiaryLink = Link("tertiaryLink", *TWeapon, *TWeaponEdit);
   return Page({frame});
 }
 

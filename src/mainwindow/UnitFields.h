@@ -11,6 +11,7 @@ class QLineEdit;
 class QPushButton;
 class QTabBar;
 class QTabWidget;
+class QToolButton;
 class QWidget;
 
 namespace korvane {
@@ -39,6 +40,7 @@ class UnitFields {
   QTabWidget* F_Tab;
 
   QComboBox* CboLocomotor;
+  QToolButton* locomotorLink;
   QTabBar* LocoTab;
   std::array<MaskedField*, kHandlingFields> HS_TextBox;
   std::array<QPushButton*, kHandlingFields> HS_ClearBtn;
@@ -47,6 +49,7 @@ class UnitFields {
   QLineEdit* IHealth;
   QComboBox* CboArmour;
   QPushButton* Command2;
+  QToolButton* armourLink;
 
   QComboBox* Conditions;
   QComboBox* PWeapon;
@@ -55,6 +58,9 @@ class UnitFields {
   QPushButton* PWeaponEdit;
   QPushButton* SWeaponEdit;
   QPushButton* TWeaponEdit;
+  QToolButton* primaryLink;
+  QToolButton* secondaryLink;
+  QToolButton* tertiaryLink;
 
   QPushButton* CmdME_FINI;
   QPushButton* Btn_LEdit;

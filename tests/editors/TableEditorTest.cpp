@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QHelpEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QSignalSpy>
+#include <QToolTip>
 
+#include "controls/FullTextTips.h"
 #include "controls/NoticeBar.h"
 #include "editors/EditorDesk.h"
 #include "editors/TableEditor.h"
@@ -218,6 +221,29 @@ TEST_F(TableEditorTest, TheRightButtonOpensTheMenuOverListAndTable) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return menu->isVisible(); }));
     menu->close();
   }
+}
+
+TEST_F(TableEditorTest, TooltipsTellOfTheNamesInTheListAndTheTable) {
+  FullTextTips::install();
+  game.ini("Weapon.ini", "Weapon Rocket\n  PrimaryDamage = 40\n  FireSound = Boom\nEnd\n");
+  const auto editor = open<FrmWE>();
+  click(*editor, 2);
+  const auto tipOf = [](QAbstractItemView& view, const QModelIndex& entry) {
+    QWidget& shown = *view.viewport();
+    const QPoint at = view.visualRect(entry).center();
+    QToolTip::showText({}, "nothing", &shown);
+    QHelpEvent event(QEvent::ToolTip, at, shown.mapToGlobal(at));
+    QApplication::sendEvent(&shown, &event);
+    return QToolTip::text();
+  };
+  EXPECT_TRUE(tipOf(list(*editor), list(*editor).model()->index(0, 0)).contains("about Axe"));
+  QStringList told;
+  for (int row = 0; row < table(*editor).rowCount(); ++row) {
+    const QString tip = tipOf(table(*editor), table(*editor).model()->index(row, 1));
+    if (tip.contains("about")) told += tip;
+  }
+  ASSERT_EQ(told.size(), 1);
+  EXPECT_TRUE(told[0].contains("about Boom"));
 }
 
 }  // namespace
