@@ -16,6 +16,7 @@ namespace {
 const QString kSection = QStringLiteral("EditWH");
 constexpr int kTitleBar = 32;  // enough of a title bar to take hold of, in pixels
 constexpr int kReachableWidth = 96;
+constexpr QSize kLikelyFrame(8, kTitleBar);
 constexpr int kWidestFrame = 200;  // a larger one is a damaged entry
 
 enum State { normal = 0, minimised = 1, maximised = 2 };
@@ -37,10 +38,12 @@ QSize FrameExtra(const QWidget& window) {
   return window.frameGeometry().size() - window.size();
 }
 
-// Before a window is first shown nobody knows its frame; the one it had when it was closed is then assumed.
+// Before a window is first shown nobody knows its frame; the one it had when it was closed is then assumed,
+// and a common one of a window that was never closed, so that its title bar too has a place on the screen.
 QSize FrameToCome(const SettingsStore& store, const QWidget& window) {
   const QSize now = FrameExtra(window);
   if (!now.isNull()) return now;
+  if (!store.find(kSection, window.objectName() + "_Height")) return kLikelyFrame;
   const auto stored = [&](const char* key) {
     const int value = Stored(store, window, key, 0);
     return value >= 0 && value <= kWidestFrame ? value : 0;

@@ -35,6 +35,7 @@ constexpr std::array kPopup = {"PopManEd"};
 // Of a window that was never closed, in pixels.
 constexpr int kWidth = 860;  // at least, or the list would be narrow
 constexpr int kHeight = 480;
+constexpr QSize kLeastSize(400, 260);
 
 // Behind the given entry of the context menu.
 constexpr const char* kNameCommands[] = {"showInFile", "", "goToDefinition", "findUses", "namesUsed"};
@@ -111,6 +112,7 @@ void TableEditor::makeColumns() {
     twips += column.width;
   }
   table().setUp(1);
+  setMinimumSize(kLeastSize);
   resize(std::max(kWidth, pane_->widthFor(twips)), kHeight);
 }
 

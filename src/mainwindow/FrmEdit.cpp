@@ -39,6 +39,7 @@ namespace {
 constexpr int kMargin = 100;         // twips around and between the tree and the tab box
 constexpr int kTabBoxWidth = 12000;  // twips; wide enough for the information list's columns
 constexpr int kTreeWidth = 4200;
+constexpr int kLeastTreeWidth = 180;  // pixels; most names are seen whole
 constexpr int kDesignHeight = 10200;
 constexpr auto kFileButtonInterval = std::chrono::milliseconds(100);
 
@@ -91,9 +92,11 @@ void FrmEdit::buildLayout() {
   setCentralWidget(NoticeBar::below(area, notices_));
   const int screenWidth = QGuiApplication::primaryScreen()->availableGeometry().width();
   const int captions = fields_.F_Tab->tabBar()->sizeHint().width() + 2 * margin;
-  const int tabBox = std::min(std::max(PixelsFromTwips(kTabBoxWidth, *this), captions), screenWidth * 3 / 4);
+  const int besideTree = screenWidth - kLeastTreeWidth - 4 * margin;  // the fourth for the window's frame
+  const int tabBox =
+      std::min({std::max(PixelsFromTwips(kTabBoxWidth, *this), captions), screenWidth * 3 / 4, besideTree});
   fields_.F_Tab->setFixedWidth(tabBox);
-  TVMenu_->setMinimumWidth(PixelsFromTwips(kTreeWidth / 3, *this));
+  TVMenu_->setMinimumWidth(kLeastTreeWidth);
   resize(tabBox + PixelsFromTwips(kTreeWidth, *this), PixelsFromTwips(kDesignHeight, *this));
 }
 

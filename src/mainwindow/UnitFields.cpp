@@ -41,13 +41,18 @@ constexpr std::array<HandlingField, kHandlingFields> kHandling = {{
     {"Min Turn Speed:", "#### dist/sec"},
 }};
 
-constexpr int kFieldWidth = 220;     // device-independent pixels
+constexpr int kFieldWidth = 220;  // device-independent pixels; less where captions need the place
+constexpr int kLeastListWidth = 120;
 constexpr int kListEntryWidth = 34;  // characters
 
+template <typename Field>
+class WideField : public Field {
+ public:
+  QSize sizeHint() const override { return Field::sizeHint().expandedTo({kFieldWidth, 0}); }
+};
+
 QLineEdit* TextField(const char* name) {
-  auto* field = Named(name, new QLineEdit);
-  field->setMinimumWidth(kFieldWidth);
-  return field;
+  return Named(name, new WideField<QLineEdit>);
 }
 
 QComboBox* List(const char* name, bool editable) {
@@ -59,6 +64,7 @@ QComboBox* List(const char* name, bool editable) {
   // Measuring every entry of a long list would cost more than reading the file it comes from.
   list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   list->setMinimumContentsLength(kListEntryWidth);
+  list->setMinimumWidth(kLeastListWidth);
   return list;
 }
 
@@ -157,9 +163,8 @@ QWidget* UnitFields::handlingTab() {
 }
 
 void UnitFields::addHandlingField(QFormLayout* form, std::size_t i) {
-  auto* field = Named(qPrintable(QString("HS_TextBox%1").arg(i)), new MaskedField);
+  auto* field = Named(qPrintable(QString("HS_TextBox%1").arg(i)), new WideField<MaskedField>);
   field->setMask(kHandling[i].mask);
-  field->setMinimumWidth(kFieldWidth);
   auto* clear = Button(qPrintable(QString("HS_ClearBtn%1").arg(i)), "Clear");
   clear->setToolTip("<< Deletes all text (if any)");
   AddFieldWithButton(form, kHandling[i].label, field, clear);

@@ -49,6 +49,7 @@ constexpr int kClockInterval = 500;  // milliseconds
 constexpr int kBarsHeight = 48;      // pixels of the toolbar and the status bar together, where they fit
 constexpr int kStatusBarHeight = 22;
 constexpr QSize kDesignSize(900, 620);
+constexpr QSize kLeastSize(480, 320);
 constexpr QSize kIconSize(16, 16);
 
 // Behind the entries of the text's own context menu.
@@ -95,6 +96,7 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
   buildCommands();
   buildStatusBar();
   buildToolBar();
+  setMinimumSize(kLeastSize);
   resize(kDesignSize);
   connect(TxtManEdit_, &IniTextEdit::cursorMayHaveMoved, this, &FrmManEdit::showLine);
   connect(TxtManEdit_, &IniTextEdit::menuAsked, this,

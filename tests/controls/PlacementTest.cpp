@@ -33,6 +33,21 @@ TEST(Placement, OfAWindowThatIsNotNormalOnlyTheStateChanges) {
   }
 }
 
+TEST(Placement, AWindowThatWasNeverClosedLeavesPlaceForItsTitleBar) {
+  const QTemporaryDir folder;
+  const SettingsStore store(folder.path());
+  QWidget window;
+  window.setObjectName("Window");
+  const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+  window.resize(screen * 2);
+  RestorePlacement(store, window);
+  EXPECT_LE(window.height(), screen.height() - 32);
+  EXPECT_LE(window.width(), screen.width());
+  window.resize(300, 200);
+  RestorePlacement(store, window);
+  EXPECT_EQ(window.size(), QSize(300, 200));
+}
+
 TEST(Placement, ADamagedEntryGivesAWindowThatCanBeUsed) {
   struct Case {
     std::array<const char*, 4> stored;  // left, top, width, height; of frames of 8 and 30 pixels
