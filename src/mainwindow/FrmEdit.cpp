@@ -58,6 +58,7 @@ FrmEdit::FrmEdit(const Services& services, EditorLauncher& launcher)
       objectNotices_(*notices_, launcher, services),
       lineEnds_(*this, *notices_, launcher, services, [this] { startAgain(); }),
       typed_(fields_, *notices_),
+      lastView_(services.settings, *TVMenu_, objects_, fields_),
       launch_(*this, SParse1_, services, launcher, [this] { return display_->selectedObject(); }) {
   setObjectName("FrmEdit");
   setWindowTitle(ApplicationTitle());
@@ -221,13 +222,22 @@ bool FrmEdit::event(QEvent* event) {
   return handled;
 }
 
+void FrmEdit::remember() {
+  SavePlacement(services_.settings, *this);
+  lastView_.save();
+}
+
+void FrmEdit::restoreLastView() {
+  lastView_.restore([this](const QModelIndex& index) { display_->select(index); });
+}
+
 void FrmEdit::closeEvent(QCloseEvent* event) {
   if (ConfirmExit_) {
     if (!exitConfirmed() || !launcher_.keepUnsavedTexts()) {
       event->ignore();
       return;
     }
-    SavePlacement(services_.settings, *this);
+    remember();
     CloseSoft();
   }
   event->accept();
@@ -240,13 +250,13 @@ void FrmEdit::CloseSoft() {
 
 void FrmEdit::exitCommand() {
   if (!launcher_.keepUnsavedTexts()) return;
-  SavePlacement(services_.settings, *this);
+  remember();
   leave();
 }
 
 void FrmEdit::startAgain() {
   if (!launcher_.keepUnsavedTexts()) return;
-  SavePlacement(services_.settings, *this);
+  remember();
   if (services_.process.startAnew()) leave();
 }
 

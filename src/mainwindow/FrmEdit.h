@@ -17,6 +17,7 @@
 #include "controls/NoticeBar.h"
 #include "ini/SParse.h"
 #include "mainwindow/FileEdits.h"
+#include "mainwindow/LastView.h"
 #include "mainwindow/LaunchCommands.h"
 #include "mainwindow/LineEndNotices.h"
 #include "mainwindow/ObjectDisplay.h"
@@ -63,6 +64,9 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   // The selected object.
   std::optional<ItemPlace> placeHere() const override;
 
+  // What was seen when the program was last ended, when the user wants that.
+  void restoreLastView();
+
   // Takes the tree's font and the selected tab from the settings.
   void applyOptions();
 
@@ -93,6 +97,7 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   void exitCommand();
   void leave();
   void startAgain();
+  void remember();
 
   const Services& services_;
   EditorLauncher& launcher_;
@@ -107,6 +112,7 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   LineEndNotices lineEnds_;
   TypedMarks typed_;
   ObjectDisplay* display_ = nullptr;
+  LastView lastView_;
   LaunchCommands launch_;
   Commands commands_{*this};
   std::optional<FileEdits> fileEdits_;

@@ -89,7 +89,9 @@ QWidget* FrmOpt::generalPage() {
   line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
   exit_ = new QCheckBox("Ask if you want to E&xit");
   exit_->setObjectName("ChkBox1");
-  return Page("Frame1", "General Settings", {label, tab_, line, exit_});
+  restore_ = new QCheckBox("&Restore the last object");
+  restore_->setObjectName("ChkRestoreLast");
+  return Page("Frame1", "General Settings", {label, tab_, line, exit_, restore_});
 }
 
 QWidget* FrmOpt::menuPage() {
@@ -137,6 +139,7 @@ void FrmOpt::load() {
   tab_->setCurrentIndex(isNumber && tab < tab_->count() ? tab : -1);
   loadFont();
   exit_->setChecked(store_.GetSet("Exit", "1").trimmed().toInt() == 1);
+  restore_->setChecked(FlagOf(store_.GetSet("RestoreLast", "0")).value_or(false));
 }
 
 void FrmOpt::loadFont() {
@@ -154,6 +157,7 @@ void FrmOpt::watchChanges() {
   const auto enableApply = [this] { apply_->setEnabled(true); };
   connect(tab_, &QComboBox::currentIndexChanged, this, enableApply);
   connect(exit_, &QCheckBox::clicked, this, enableApply);
+  connect(restore_, &QCheckBox::clicked, this, enableApply);
 }
 
 void FrmOpt::showFont(const QStringList& values) {
@@ -177,6 +181,7 @@ void FrmOpt::ApplySet() {
     const SettingsStore::Batch batch(store_);
     store_.SaveSet("InfoTab", QString::number(tab_->currentIndex()));
     store_.SaveSet("Exit", exit_->isChecked() ? "1" : "0");
+    store_.SaveSet("RestoreLast", restore_->isChecked() ? "1" : "0");
     SaveFont(store_, kTreeFont, font_);
   }
   Q_EMIT optionsApplied();

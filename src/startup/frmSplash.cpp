@@ -199,6 +199,7 @@ void frmSplash::openEditor() {
   editor.tell(missingFileNotices, MissingGameFiles(services_.folders.game.toStdString()));
   editor.tellLineEnds(filesWithUnixLineEnds());
   close();
+  editor.restoreLastView();
 }
 
 void frmSplash::BuildObjectTree() {

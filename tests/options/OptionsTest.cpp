@@ -102,6 +102,17 @@ TEST_F(Options, ApplyStoresTheTabAndTellsTheMainWindow) {
   EXPECT_EQ(store.GetSet("Exit"), "0");
 }
 
+TEST_F(Options, TheLastObjectIsRestoredOnlyWhenThatIsWanted) {
+  open();
+  EXPECT_FALSE(button("ChkRestoreLast")->isChecked());
+  button("ChkRestoreLast")->click();
+  EXPECT_TRUE(button("BtnApply")->isEnabled());
+  click("BtnOK");
+  EXPECT_EQ(store.GetSet("RestoreLast", "0"), "1");
+  open();
+  EXPECT_TRUE(button("ChkRestoreLast")->isChecked());
+}
+
 TEST_F(Options, AChosenFontIsStoredByOk) {
   open();
   const QSignalSpy closed(window.get(), &FrmOpt::closedForGood);
