@@ -33,6 +33,7 @@ class QToolBar;
 
 namespace korvane {
 
+class CatalogueService;
 class EditorLauncher;
 
 // The main window: the object tree, the tab box with the fields of the chosen object, menus, toolbar and
@@ -52,6 +53,8 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   void readWeapons();
   // What a part of the notice bar says from now on.
   void tell(MainNotices part, std::vector<Notice> notices) { notices_->tell(part, std::move(notices)); }
+  // From now on the notice bar also says what the catalogue knows of the shown object.
+  void useCatalogue(CatalogueService& names) { objectNotices_.useCatalogue(names); }
   void tellLineEnds(std::vector<UnixFile> files) { lineEnds_.tell(std::move(files)); }
 
   // How much the last check of the data has found.

@@ -1,22 +1,58 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mainwindow/ObjectNotices.h"
 
+#include <chrono>
+#include <utility>
+
 #include "app/BlockNotices.h"
+#include "app/CatalogueService.h"
 #include "app/Services.h"
 #include "ini/DataFiles.h"
+#include "mainwindow/NameNotices.h"
 #include "mainwindow/ObjectTreeModel.h"
 #include "platform/TextEncoding.h"
 
 namespace korvane {
 
+namespace {
+
+constexpr auto kUntilRefresh = std::chrono::milliseconds(300);  // after the last selection
+
+}  // namespace
+
+void ObjectNotices::useCatalogue(CatalogueService& names) {
+  names_ = &names;
+  refresh_.setSingleShot(true);
+  refresh_.setInterval(kUntilRefresh);
+  QObject::connect(&refresh_, &QTimer::timeout, &names, &CatalogueService::filesChanged);
+  QObject::connect(&names, &CatalogueService::changed, &refresh_, [this] { tell(); });
+}
+
 void ObjectNotices::tellAbout(const ObjectNode& node) {
   const ProgramPath path = IniPath(services_.folders.game.toStdString(), node.file);
-  ShownBlock block;
-  bar_.tell(objectNotices, ReadNotices({QString::fromStdString(path.text()), "Object", FromBytes(node.text)},
-                                       launcher_, block));
+  const LookedFor object{QString::fromStdString(path.text()), "Object", FromBytes(node.text)};
+  const std::optional<ShownBlock> block = ReadShownBlock(object);
+  if (!block) return clear();
+  shown_ = {object, *block};
+  tell();
+  if (names_ != nullptr) refresh_.start();
+}
+
+void ObjectNotices::tell() {
+  if (!shown_) return;
+  std::vector<Notice> notices = NoticesOf(shown_->block, shown_->object, launcher_);
+  const bool known = names_ != nullptr && names_->catalogue() != nullptr &&
+                     names_->catalogue()->sources() == names_->sources();
+  if (known) {
+    for (Notice& notice : NameNotices(*names_->catalogue(), shown_->object, shown_->block, launcher_))
+      notices.push_back(std::move(notice));
+  }
+  bar_.tell(objectNotices, std::move(notices));
 }
 
 void ObjectNotices::clear() {
+  refresh_.stop();
+  shown_.reset();
   bar_.clear(objectNotices);
 }
 

@@ -96,6 +96,7 @@ void Program::runSplash() {
 FrmEdit& Program::mainWindow() {
   if (!mainWindow_) {
     mainWindow_ = std::make_unique<FrmEdit>(services_, *this);
+    mainWindow_->useCatalogue(names_);
     searchDesk_.addField(*mainWindow_, [this] { return mainWindow_->commands().all(); });
     QObject::connect(&dataCheck_, &DataCheck::resultChanged, mainWindow_.get(),
                      [this] { mainWindow_->showProblems(CountsText(*dataCheck_.result())); });

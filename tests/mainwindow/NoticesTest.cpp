@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QSignalSpy>
+
+#include "app/CatalogueService.h"
 #include "mainwindow/MainWindow.h"
 
 namespace korvane {
@@ -57,6 +60,41 @@ TEST_F(NoticesTest, WhatIsNotThereOrEndsElsewhereIsTold) {
   }
   click("Other");
   EXPECT_EQ(notices(), QStringList());
+}
+
+TEST_F(NoticesTest, OnceNamesAreKnownOtherDefinitionsAndUnknownNamesAreTold) {
+  game.objects("FactionUnit.ini",
+               "Object Jeep\n  ArmorSet\n    Armor = plate\n  End\n"
+               "  WeaponSet\n    Weapon = PRIMARY Cannon\n    Weapon = SECONDARY NONE\n  End\n"
+               "  Locomotor = SET_NORMAL Hover\n  Locomotor = SET_FAST HOVER\nEnd\nObject Hut\nEnd\n");
+  game.ini("Armor.ini", "");
+  game.objects("Mine/Jeep.ini", "\nObject jeep\nEnd\n");
+  CatalogueService names(folders);
+  QSignalSpy changed(&names, &CatalogueService::changed);
+  open();
+  window->useCatalogue(names);
+  click("Jeep");
+  EXPECT_EQ(notices(), QStringList());
+  EXPECT_FALSE(changed.wait(400)) << "nobody has asked for the names";
+  names.refresh();
+  ASSERT_TRUE(changed.wait());
+  EXPECT_EQ(notices(), QStringList({"Jeep is also defined in Object\\Mine\\Jeep.ini, line 2.",
+                                    "The weapon 'Cannon', named in line 6, is defined nowhere.",
+                                    "The locomotor 'Hover', named in line 9, is defined nowhere."}));
+  followNotice(0, "Object");
+  followNotice(1, "line 6");
+  ASSERT_EQ(launcher.requests.size(), 2U);
+  EXPECT_EQ(launcher.requests[0].ManualEditFile, game.qpath() + "\\Data\\INI\\Object\\Mine\\Jeep.ini");
+  EXPECT_EQ(launcher.requests[0].place.line, 2);
+  EXPECT_EQ(launcher.requests[1].place.line, 6);
+
+  click("Hut");
+  EXPECT_EQ(notices(), QStringList());
+  game.ini("Weapon.ini", "Weapon Cannon\nEnd\n");
+  game.ini("Locomotor.ini", "Locomotor Hover\nEnd\n");
+  click("Jeep");
+  EXPECT_EQ(notices().size(), 3);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return notices().size() == 1; }));
 }
 
 TEST_F(NoticesTest, WhatIsTypedIsMarkedUntilItIsReadAnew) {
