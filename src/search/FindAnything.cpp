@@ -98,8 +98,10 @@ void FindAnything::refresh() {
 // The keyboard goes back to where it was, unless something else has taken it already.
 void FindAnything::close() {
   if (!isVisible()) return;
+  // Asked before the field goes: the next control gets the keyboard then.
+  const QWidget* focus = QApplication::focusWidget();
+  const bool hadFocus = focus == field_ || focus == nullptr;
   hide();
-  const bool hadFocus = field_->hasFocus() || QApplication::focusWidget() == nullptr;
   field_->clear();
   if (hadFocus && before_ != nullptr) before_->setFocus();
 }

@@ -66,14 +66,14 @@ std::optional<ItemPlace> PlaceOfUser() {
 }  // namespace
 
 void PlaceOpener::showPlace(const FilePlace& place) {
-  const ItemPlace item{kNoKind, {}, place};
-  history_.visit(item, PlaceOfUser());
-  show(item);
+  showItem({kNoKind, {}, place});
 }
 
+// To the manual editor an item is a place like all others.
 void PlaceOpener::showItem(const ItemPlace& item) {
-  history_.visit(item, PlaceOfUser());
-  show(item);
+  const auto here = PlaceOfUser();
+  const bool ownWindow = show(item);
+  history_.visit(ownWindow ? item : ItemPlace{kNoKind, {}, item.place}, here);
 }
 
 void PlaceOpener::goBack() {
@@ -84,8 +84,11 @@ void PlaceOpener::goForward() {
   if (const auto item = history_.forward()) show(*item);
 }
 
-void PlaceOpener::show(const ItemPlace& item) {
-  if (item.kind == kNoKind || !showInOwnWindow(item)) edit(item.place);
+// False when it is the manual editor that shows it.
+bool PlaceOpener::show(const ItemPlace& item) {
+  if (item.kind != kNoKind && showInOwnWindow(item)) return true;
+  edit(item.place);
+  return false;
 }
 
 bool PlaceOpener::showInOwnWindow(const ItemPlace& item) {

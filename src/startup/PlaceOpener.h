@@ -30,7 +30,7 @@ class PlaceOpener : public PlaceLauncher {
   bool extract(const FilePlace& place, QWidget& window);
 
  private:
-  void show(const ItemPlace& item);
+  bool show(const ItemPlace& item);
   bool showInOwnWindow(const ItemPlace& item);
   void edit(const FilePlace& place);
 

@@ -6,12 +6,16 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTest>
+#include <QToolButton>
 #include <QTreeView>
 
 #include "controls/InPlaceTable.h"
+#include "mainwindow/FrmEdit.h"
 #include "startup/Program.h"
 #include "stock/StockFiles.h"
+#include "stock/StockTable.h"
 #include "support/TestDesk.h"
 #include "support/Windows.h"
 
@@ -113,6 +117,104 @@ TEST_F(SearchJourney, ATextInAnArchiveIsFoundAndShownButNeverSaved) {
   QTest::keyClicks(part<QWidget>("FrmManEdit", "TxtManEdit").focusProxy(), "; ");
   part<QAction>("FrmManEdit", "MnuSave").trigger();
   EXPECT_TRUE(game.read("Data/INI/CommandSet.ini").starts_with("; CommandSet"));
+}
+
+// The whole program on a game folder with a tank, its gun and the gun's sound.
+class TankJourney : public SearchJourney {
+ protected:
+  void SetUp() override {
+    SearchJourney::SetUp();
+    StockTable stock(own.native("Data"));
+    stock.add("Data\\INI\\Armor.ini", "Armor Plate\r\nEnd\r\n");
+    stock.commit();
+    folders.program = own.qpath();
+    settings.saveGameFolder(game.qpath());
+    game.write("generals.exe", "");
+    game.ini("Weapon.ini", "Weapon Knife\nEnd\nWeapon TankGun\n  FireSound = TankBang\nEnd\n");
+    game.ini("SoundEffects.ini", "AudioEvent Hum\nEnd\nAudioEvent TankBang\nEnd\n");
+    game.objects("FactionUnit.ini",
+                 "Object AmericaJeep\n  MaxHealth = 90\nEnd\n"
+                 "Object AmericaTankCrusader\n  MaxHealth = 480\n"
+                 "  WeaponSet\n    Conditions = None\n    Weapon = PRIMARY TankGun\n  End\nEnd\n");
+    program.StartProgram();
+  }
+  static bool waitForActive(const char* window) {
+    return QTest::qWaitFor([&] {
+      return QApplication::activeWindow() != nullptr && QApplication::activeWindow()->objectName() == window;
+    });
+  }
+  // Finds by what is typed, once the names are read.
+  static void findAnything(const char* window, const QString& typed) {
+    auto& field = part<QLineEdit>(window, "findAnythingField");
+    const auto& list = part<QListView>(window, "findAnythingList");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return field.hasFocus(); }));
+    QTest::keyClicks(&field, typed);
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return list.model()->rowCount() > 0 && list.currentIndex().isValid(); }));
+    QTest::keyClick(&field, Qt::Key_Return);
+  }
+
+  GameFolder own;
+};
+
+TEST_F(TankJourney, APartOfItsNameAndEnterShowTheTank) {
+  press(part<QTreeView>("FrmEdit", "TVMenu"), Qt::Key_P, Qt::ControlModifier);
+  findAnything("FrmEdit", "crusad");
+  EXPECT_TRUE(QTest::qWaitFor([] { return part<QLineEdit>("FrmEdit", "MHealth").text() == "480"; }));
+  EXPECT_EQ(part<QTreeView>("FrmEdit", "TVMenu").currentIndex().data().toString(), "AmericaTankCrusader");
+}
+
+TEST_F(TankJourney, BackAndForwardLeadThroughAllWindows) {
+  ASSERT_TRUE(program.mainWindow().showObject("Data\\INI\\Object\\FactionUnit.ini", "AmericaTankCrusader"));
+  part<QTabWidget>("FrmEdit", "F_Tab").setCurrentIndex(2);
+  press(part<QToolButton>("FrmEdit", "primaryLink"), Qt::Key_Space);
+  ASSERT_TRUE(waitForTitle("FrmWE", "TankGun - Weapon Editor"));
+  auto& rows = part<InPlaceTable>("FrmWE", "LVEdit");
+  rows.setCurrentIndex(
+      rows.model()->match(rows.model()->index(0, 0), Qt::DisplayRole, "Fire Sound").value(0));
+  press(rows, Qt::Key_F4);
+  ASSERT_TRUE(waitForTitle("FrmManEdit", "Manual Editor"));
+  const auto isAtSound = [] { return part<QLabel>("FrmManEdit", "Panel1").text() == "Line 3 of 5"; };
+  ASSERT_TRUE(QTest::qWaitFor(isAtSound));
+  struct Step {
+    const char* from;
+    Qt::Key key;
+    const char* to;
+  };
+  for (const Step& step :
+       {Step{"FrmManEdit", Qt::Key_Left, "FrmWE"}, Step{"FrmWE", Qt::Key_Left, "FrmEdit"},
+        Step{"FrmEdit", Qt::Key_Right, "FrmWE"}, Step{"FrmWE", Qt::Key_Right, "FrmManEdit"}}) {
+    ASSERT_TRUE(waitForActive(step.from));
+    QTest::keyClick(WindowNamed(step.from)->focusWidget(), step.key, Qt::AltModifier);
+    EXPECT_TRUE(waitForActive(step.to)) << step.from;
+  }
+  EXPECT_TRUE(isAtSound());
+}
+
+TEST_F(TankJourney, EveryWindowFindsAnythingAndTexts) {
+  struct Control {
+    const char* window;
+    const char* name;
+  };
+  program.showWeaponEditor();
+  program.showManualEditor({.ManualEditFile = game.qpath() + "\\Data\\INI\\Weapon.ini"});
+  ASSERT_TRUE(waitForTitle("FrmManEdit", "Manual Editor"));
+  for (const Control& each :
+       {Control{"FrmEdit", "TVMenu"}, Control{"FrmWE", "LstWPN"}, Control{"FrmManEdit", "TxtManEdit"}}) {
+    const char* window = each.window;
+    QWidget* start = &part<QWidget>(window, each.name);
+    SCOPED_TRACE(window);
+    while (start->focusProxy() != nullptr) start = start->focusProxy();
+    press(*start, Qt::Key_P, Qt::ControlModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return part<QListView>(window, "findAnythingList").isVisible(); }));
+    EXPECT_TRUE(part<QLineEdit>(window, "findAnythingField").hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(part<QListView>(window, "findAnythingList").isVisible());
+    EXPECT_EQ(QApplication::focusWidget(), start);
+    press(*start, Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    ASSERT_TRUE(QTest::qWaitFor([] { return VisibleWindow("UsesWindow") != nullptr; }));
+    VisibleWindow("UsesWindow")->close();
+  }
 }
 
 }  // namespace
