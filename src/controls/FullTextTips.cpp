@@ -118,9 +118,10 @@ QString GivenTip(const QWidget& widget, const QPoint& at) {
   return tip ? tip(at) : QString();
 }
 
-// So that a long text is wrapped, and markup in it is shown as it is.
-QString Paragraph(const QString& plain) {
-  return plain.isEmpty() ? QString() : "<p style=\"white-space:pre-wrap\">" + plain.toHtmlEscaped() + "</p>";
+// Markup in it is shown as it is. `blanks`: as CSS calls it, whether long lines are wrapped.
+QString Paragraph(const QString& plain, const char* blanks = "pre-wrap") {
+  if (plain.isEmpty()) return {};
+  return QStringLiteral("<p style=\"white-space:%1\">").arg(blanks) + plain.toHtmlEscaped() + "</p>";
 }
 
 }  // namespace
@@ -158,7 +159,8 @@ bool FullTextTips::eventFilter(QObject* watched, QEvent* event) {
   if (cut.isEmpty() && given.isEmpty()) return false;
   const QString own = OwnTip(widget, help->pos());
   const QString shownOwn = own == cut ? QString() : Qt::mightBeRichText(own) ? own : Paragraph(own);
-  QToolTip::showText(help->globalPos(), Paragraph(ShownText(cut)) + shownOwn + Paragraph(given), &widget);
+  QToolTip::showText(help->globalPos(), Paragraph(ShownText(cut)) + shownOwn + Paragraph(given, "pre"),
+                     &widget);
   return true;
 }
 
