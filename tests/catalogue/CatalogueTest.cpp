@@ -2,13 +2,20 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <chrono>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <sstream>
 #include <thread>
+#include <utility>
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/LineTexts.h"
 #include "stock/StockFiles.h"
 #include "support/GameFolder.h"
+#include "support/SlowCatalogue.h"
 
 namespace korvane {
 
@@ -76,6 +83,86 @@ TEST(Catalogue, ReadsEveryIniFileOfTheFolder) {
   EXPECT_FALSE(catalogue->defines(kNoSpace, "NotThis"));
   ASSERT_NE(catalogue->file("data/ini/deep\\down/here/fx.ini"), nullptr);
   EXPECT_EQ(catalogue->file("Data\\INI\\None.ini"), nullptr);
+}
+
+// "line:column name" of what a whole folder's files define and name, by the space and the folded name, as the
+// slow twin reads them.
+struct SlowFolder {
+  using Answers = std::map<std::pair<std::string, std::string>, std::string>;
+  Answers definitions;
+  Answers uses;
+
+  void add(const std::string& file, const std::string& text) {
+    std::vector<Fact> facts;
+    for (const std::string& each : SlowFacts(text)) facts.push_back(Fact(each));
+    std::ranges::sort(facts, {}, [](const Fact& fact) { return std::pair(fact.line, fact.column); });
+    for (const Fact& fact : facts) {
+      if (fact.what == "define") add(definitions, SpaceOfKind(fact.of), file, fact);
+      if (fact.what == "use") add(uses, fact.of, file, fact);
+    }
+  }
+
+  static std::string Folded(std::string text) {
+    for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return text;
+  }
+
+ private:
+  struct Fact {
+    explicit Fact(const std::string& text) {
+      std::istringstream words(text);
+      char colon = 0;
+      words >> what >> line >> colon >> column >> of >> name;
+    }
+    std::string what;
+    std::size_t line = 0;
+    std::size_t column = 0;
+    std::string of;
+    std::string name;
+  };
+
+  static std::string SpaceOfKind(const std::string& kind) {
+    return std::string(GameStructure::get().spaces()[GameStructure::get().space(kind)]);
+  }
+  static void add(Answers& answers, const std::string& space, const std::string& file, const Fact& fact) {
+    std::string& all = answers[{space, Folded(fact.name)}];
+    if (!all.empty()) all += ", ";
+    all += file + ':' + std::to_string(fact.line) + ':' + std::to_string(fact.column) + ' ' + fact.name;
+  }
+};
+
+TEST(Catalogue, OfAWholeFolderAgreesWithASlowTwin) {
+  const GameFolder game;
+  SlowFolder slow;
+  const fs::path sample(KORVANE_SAMPLE_GAME "/Data/INI");
+  std::vector<fs::path> files;
+  for (const auto& entry : fs::recursive_directory_iterator(sample))
+    if (entry.path().extension() == ".ini") files.push_back(entry.path());
+  std::ranges::sort(files, {}, [](const fs::path& file) { return SlowFolder::Folded(file.string()); });
+  for (const fs::path& file : files) {
+    std::ifstream stream(file, std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(stream), {}};
+    std::string path = file.lexically_relative(sample).generic_string();
+    game.write("Data/INI/" + path, text);
+    std::ranges::replace(path, '/', '\\');
+    slow.add(path, text);
+  }
+  const CataloguePtr catalogue = ReadCatalogue({game.path()});
+  SlowFolder::Answers names = slow.uses;
+  names.insert(slow.definitions.begin(), slow.definitions.end());
+  ASSERT_GT(names.size(), 500U);
+  for (const auto& [key, unused] : names) {
+    const SpaceId space = Space(key.first);
+    const auto uses = catalogue->uses(space, key.second);
+    EXPECT_EQ(Places(catalogue->definitions(space, key.second)), slow.definitions[key]) << key.second;
+    EXPECT_EQ(Places(uses), slow.uses[key]) << key.second;
+    EXPECT_EQ(catalogue->countUses(space, key.second), uses.size()) << key.second;
+  }
+  for (const auto& file : catalogue->files()) {
+    for (const auto& each : file->definitions())
+      EXPECT_TRUE(names.contains({std::string(GameStructure::get().spaces()[file->space(each.name)]),
+                                  SlowFolder::Folded(std::string(file->name(each.name)))}));
+  }
 }
 
 TEST(Catalogue, SoundsOfAllKindsHaveOneSpaceOfNames) {
