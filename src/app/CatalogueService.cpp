@@ -10,8 +10,7 @@ CatalogueService::CatalogueService(const Folders& folders) : folders_(folders) {
 CatalogueService::~CatalogueService() = default;
 
 void CatalogueService::ensure() {
-  const bool stale = catalogue_ == nullptr || catalogue_->sources() != sources();
-  if (stale) refresh();
+  if (!isCurrent()) refresh();
 }
 
 void CatalogueService::refresh() {
@@ -27,9 +26,11 @@ void CatalogueService::filesChanged() {
   if (catalogue_ != nullptr || isReading()) refresh();
 }
 
-void CatalogueService::setFurtherData(std::vector<std::string> paths) {
-  if (paths == further_) return;
-  further_ = std::move(paths);
+void CatalogueService::setFurtherData(const QStringList& paths) {
+  std::vector<std::string> further;
+  for (const QString& path : paths) further.push_back(path.toStdString());
+  if (further == further_) return;
+  further_ = std::move(further);
   filesChanged();
 }
 

@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <thread>
 
@@ -25,6 +26,8 @@ class CatalogueService : public QObject {
   // The newest finished one; nullptr before the first. It never changes, so whoever holds it may go on
   // asking.
   const CataloguePtr& catalogue() const { return catalogue_; }
+  // There is one, of the files and the further data that are wanted now.
+  bool isCurrent() const { return catalogue_ != nullptr && catalogue_->sources() == sources(); }
   bool isReading() const { return worker_.joinable(); }
 
   // Looks which files have changed, and reads those. While that goes on, another wish waits for its end; a
@@ -35,7 +38,7 @@ class CatalogueService : public QObject {
   // The same when there has been a need already: the program has written files, or has another folder.
   void filesChanged();
   // Folders and archives behind the game folder, such as the original game's data.
-  void setFurtherData(std::vector<std::string> paths);
+  void setFurtherData(const QStringList& paths);
   // What the catalogue is made of.
   CatalogueSources sources() const;
 

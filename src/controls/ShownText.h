@@ -25,4 +25,10 @@ inline QString ShownName(std::string_view bytes) {
   return FromBytes(bytes.substr(0, kMostShown));
 }
 
+// A tooltip with lines of text from a file, which Qt must not take for one with markup.
+inline QString PlainToolTip(const QString& text) {
+  if (text.isEmpty()) return text;
+  return "<span style='white-space:pre-wrap'>" + text.toHtmlEscaped() + "</span>";
+}
+
 }  // namespace korvane

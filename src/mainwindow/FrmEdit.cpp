@@ -25,6 +25,7 @@
 #include "controls/StoredFont.h"
 #include "mainwindow/MainCommands.h"
 #include "mainwindow/MainToolBar.h"
+#include "mainwindow/TreeSigns.h"
 #include "platform/EventYield.h"
 #include "platform/MessageBoxes.h"
 #include "platform/Programs.h"
@@ -80,6 +81,12 @@ void FrmEdit::buildTree() {
   TVMenu_->setModel(&objects_);
   TVMenu_->setHeaderHidden(true);
   TVMenu_->setUniformRowHeights(true);
+  TVMenu_->setItemDelegate(new TreeSigns(TVMenu_));
+}
+
+void FrmEdit::showProblems(const QString& counts, const std::vector<ObjectErrors>& objects) {
+  panels_.showProblems(counts);
+  objects_.setErrors(objects);
 }
 
 void FrmEdit::buildLayout() {

@@ -11,6 +11,7 @@
 
 #include "app/Commands.h"
 #include "app/NameSource.h"
+#include "app/ObjectErrors.h"
 #include "app/Services.h"
 #include "app/UnitChoices.h"
 #include "controls/ClickView.h"
@@ -57,8 +58,8 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   void useCatalogue(CatalogueService& names) { objectNotices_.useCatalogue(names); }
   void tellLineEnds(std::vector<UnixFile> files) { lineEnds_.tell(std::move(files)); }
 
-  // How much the last check of the data has found.
-  void showProblems(const QString& counts) { panels_.showProblems(counts); }
+  // What the last check of the data has found: how much, and which objects have errors.
+  void showProblems(const QString& counts, const std::vector<ObjectErrors>& objects);
 
   // Selects the object's node and, when it can be shown, loads it as a click does. False when the tree has no
   // such object that can be loaded. `path`: of its file, below the game folder.

@@ -12,6 +12,10 @@ bool IsTop(const ObjectNode& node) {
   return node.parent == nullptr || node.parent->parent == nullptr;
 }
 
+QString KeyOf(const QString& path, const QString& name) {
+  return (path + '\n' + name).toLower();
+}
+
 }  // namespace
 
 bool ObjectTreeModel::addNode(const TreeEntry& entry) {
@@ -86,8 +90,31 @@ int ObjectTreeModel::columnCount(const QModelIndex& /*parent*/) const {
 
 QVariant ObjectTreeModel::data(const QModelIndex& index, int role) const {
   const ObjectNode* shown = node(index);
-  if (shown == nullptr || role != Qt::DisplayRole) return {};
-  return shownText(*shown);
+  if (shown == nullptr) return {};
+  switch (role) {
+    case Qt::DisplayRole:
+      return shownText(*shown);
+    case signsRole:
+      return errorsOf(*shown).isEmpty() ? QStringList() : QStringList("error");
+    case Qt::ToolTipRole:
+      return PlainToolTip(errorsOf(*shown));
+    case Qt::AccessibleDescriptionRole:
+      return errorsOf(*shown);
+    default:
+      return {};
+  }
+}
+
+void ObjectTreeModel::setErrors(const std::vector<ObjectErrors>& objects) {
+  errors_.clear();
+  for (const ObjectErrors& object : objects) errors_[KeyOf(object.path, object.name)] = object.texts;
+  if (rowCount() > 0) Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, 0));
+}
+
+QString ObjectTreeModel::errorsOf(const ObjectNode& node) const {
+  const bool isObject = node.kind == NodeKind::object || node.kind == NodeKind::listed;
+  if (!isObject || errors_.isEmpty()) return {};
+  return errors_.value(KeyOf(QString::fromStdString(node.file), FromBytes(node.text)));
 }
 
 Qt::ItemFlags ObjectTreeModel::flags(const QModelIndex& index) const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractItemModel>
+#include <QHash>
 #include <QString>
 
 #include <memory>
@@ -10,6 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "app/ObjectErrors.h"
 #include "catalogue/TreeEntry.h"
 
 namespace korvane {
@@ -38,6 +40,12 @@ class ObjectTreeModel : public QAbstractItemModel {
   // are none.
   bool addNode(const TreeEntry& entry);
 
+  // Names of the drawings that stand beside an object's text (a list of texts). What they mean is told by the
+  // tooltip, and to screen readers as the description.
+  static constexpr int signsRole = Qt::UserRole;
+  // Which objects have errors, in the place of those before.
+  void setErrors(const std::vector<ObjectErrors>& objects);
+
   // The node of an index; nothing for the invalid index.
   const ObjectNode* node(const QModelIndex& index) const;
 
@@ -59,7 +67,10 @@ class ObjectTreeModel : public QAbstractItemModel {
   const ObjectNode& nodeOrRoot(const QModelIndex& index) const;
   QModelIndex indexOf(const ObjectNode& node) const;
 
+  QString errorsOf(const ObjectNode& node) const;
+
   ObjectNode root_;
+  QHash<QString, QString> errors_;                       // texts, by file and name in small letters
   std::unordered_map<std::string, ObjectNode*> groups_;  // by key in small letters: all but objects
 };
 

@@ -31,6 +31,7 @@
 #include "manualeditor/FindBar.h"
 #include "manualeditor/FrmReplace.h"
 #include "manualeditor/IniTextEdit.h"
+#include "manualeditor/LiveFindings.h"
 #include "manualeditor/ManualEditCommands.h"
 #include "manualeditor/MoveCommands.h"
 #include "manualeditor/NamesInText.h"
@@ -76,7 +77,7 @@ ManualEditPlace PlaceOfNew(const TextEdit& edit) {
 }  // namespace
 
 FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const KeptVersions& versions,
-                       FontChooser& fonts)
+                       FontChooser& fonts, CatalogueService& names)
     : services_(services),
       fonts_(fonts),
       TB1_(addToolBar("Toolbar")),
@@ -84,6 +85,7 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
       outline_(new BlockOutline(*TxtManEdit_)),
       find_(new FindBar(*TxtManEdit_, *TB1_)),
       openText_(new OpenText(*TxtManEdit_, services, files, versions)),
+      findings_(new LiveFindings(*TxtManEdit_, names)),
       notices_(new NoticeBar),
       replace_(new FrmReplace(*TxtManEdit_, this)),
       Timer1_(new QTimer(this)) {
@@ -114,7 +116,7 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
 
 void FrmManEdit::buildCommands() {
   AddManualEditCommands(commands_, {*this, *new TextCommands(*TxtManEdit_),
-                                    *new MoveCommands(*TxtManEdit_, *outline_), *find_});
+                                    *new MoveCommands(*TxtManEdit_, *outline_), *find_, *findings_});
   AddSearchCommands(commands_, [this](SearchCommand command) { Q_EMIT searchAsked(command); });
   commands_.add(buildBlockPanel());
   for (const QAction* action : commands_.all()) TxtManEdit_->freeKey(action->shortcut());
@@ -163,6 +165,7 @@ bool FrmManEdit::open(const ManualEditRequest& request) {
   const WindowCalls::Running call(calls_);
   if (!openText_->open(request)) return false;
   tellArchive();
+  findings_->setFile({});
   place_ = request.place;
   ManEditInitDone_ = false;
   calls_.reopen();
@@ -221,7 +224,9 @@ bool FrmManEdit::event(QEvent* event) {
 }
 
 void FrmManEdit::lookAgain() {
-  if (ManEditInitDone_ && !calls_.isClosed()) openText_->lookAgain();
+  if (!ManEditInitDone_ || calls_.isClosed()) return;
+  openText_->lookAgain();
+  findings_->lookAgain();
 }
 
 void FrmManEdit::showAnew() {
@@ -286,6 +291,7 @@ void FrmManEdit::finishSetUp() {
   showTitle();
   showState("Idle");
   TxtManEdit_->setFocus();
+  if (shows(openText_->file())) findings_->setFile(PathInGame(services_.folders.game, openText_->file()));
   if (place_.line > 0) goToNow(place_);
 }
 

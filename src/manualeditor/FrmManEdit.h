@@ -19,6 +19,7 @@ class QToolBar;
 
 namespace korvane {
 
+class CatalogueService;
 class FileWriter;
 class BlockOutline;
 class FindBar;
@@ -26,6 +27,7 @@ class FontChooser;
 class FrmReplace;
 class IniTextEdit;
 class KeptVersions;
+class LiveFindings;
 class NoticeBar;
 class OpenText;
 struct Services;
@@ -37,7 +39,7 @@ class FrmManEdit : public QMainWindow, public NameSource {
 
  public:
   FrmManEdit(const Services& services, const FileWriter& files, const KeptVersions& versions,
-             FontChooser& fonts);
+             FontChooser& fonts, CatalogueService& names);
 
   // False, after a message, when it cannot be opened; the window then stays as it is.
   bool open(const ManualEditRequest& request);
@@ -64,6 +66,7 @@ class FrmManEdit : public QMainWindow, public NameSource {
   // Changes the text as one step to undo and goes to the first change. False when the plan names none, or
   // when the text cannot be changed.
   bool edit(const EditPlan& plan);
+
   // Keeps an unsaved text among the former versions of its file, for the moment before the program ends.
   // False when it cannot be kept and the user does not want to lose it.
   bool keepUnsavedText();
@@ -122,6 +125,7 @@ class FrmManEdit : public QMainWindow, public NameSource {
   BlockOutline* outline_;
   FindBar* find_;
   OpenText* openText_;
+  LiveFindings* findings_;
   NoticeBar* notices_;
   FrmReplace* replace_;
   QTimer* Timer1_;

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 
+#include "manualeditor/FindingMarks.h"
 #include "manualeditor/LineColours.h"
 #include "manualeditor/LineMarks.h"
 #include "manualeditor/ScrollMarks.h"
@@ -83,6 +84,7 @@ IniTextEdit::IniTextEdit(QWidget* parent)
       view_(*text_),
       scrollMarks_(new ScrollMarks(*text_->verticalScrollBar())),
       lineMarks_(new LineMarks(view_, *scrollMarks_)),
+      findingMarks_(new FindingMarks(view_, *scrollMarks_)),
       font_(QFontDatabase::systemFont(QFontDatabase::FixedFont)) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins({});
@@ -386,6 +388,7 @@ void IniTextEdit::applyColours() {
   text_->setSelectionForegroundColor(palette().color(QPalette::Active, QPalette::HighlightedText));
   text_->setIndicatorForegroundColor(ink, kStrikeIndicator);
   lineMarks_->applyColours(palette());
+  findingMarks_->applyColours(palette());
   for (const MarkStyle& style : kMarkStyles) {
     text_->setIndicatorForegroundColor(QColor(dark ? style.onDark : style.onLight), style.indicator);
     send(Sci::SCI_INDICSETALPHA, style.indicator, style.alpha);

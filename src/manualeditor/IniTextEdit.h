@@ -20,6 +20,7 @@ class QsciScintilla;
 
 namespace korvane {
 
+class FindingMarks;
 class LineMarks;
 class ScrollMarks;
 
@@ -99,6 +100,7 @@ class IniTextEdit : public QWidget {
 
   ScintillaView view() const { return view_; }
   LineMarks& lineMarks() const { return *lineMarks_; }
+  FindingMarks& findingMarks() const { return *findingMarks_; }
 
   // The font of all of the text.
   const QFont& textFont() const { return font_; }
@@ -136,6 +138,7 @@ class IniTextEdit : public QWidget {
   ScintillaView view_;
   ScrollMarks* scrollMarks_;
   LineMarks* lineMarks_;
+  FindingMarks* findingMarks_;
   QFont font_;
 };
 

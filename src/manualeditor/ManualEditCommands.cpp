@@ -10,6 +10,7 @@
 #include "controls/Icons.h"
 #include "manualeditor/FindBar.h"
 #include "manualeditor/FrmManEdit.h"
+#include "manualeditor/LiveFindings.h"
 #include "manualeditor/MoveCommands.h"
 #include "manualeditor/TextCommands.h"
 
@@ -21,6 +22,7 @@ using Window = Command<FrmManEdit>;
 using Text = Command<TextCommands>;
 using Move = Command<MoveCommands>;
 using Find = Command<FindBar>;
+using ProblemCommand = Command<LiveFindings>;
 
 // Undo and Redo show a message here; their usual keys belong to the text.
 constexpr std::array kWindowCommands = {
@@ -72,6 +74,12 @@ constexpr std::array kFindCommands = {
     Find{"findPrevious", "Find &Previous", &FindBar::findPrevious, "Shift+F3"},
 };
 
+constexpr std::array kProblemCommands = {
+    ProblemCommand{"nextProblem", "Next P&roblem", &LiveFindings::goToNext, "F8"},
+    ProblemCommand{"previousProblem", "Previous Pro&blem", &LiveFindings::goToPrevious, "Shift+F8"},
+    ProblemCommand{"applySuggestion", "Apply S&uggestion", &LiveFindings::applySuggestion, "Ctrl+."},
+};
+
 constexpr MenuRow kSeparator{1};
 
 constexpr std::array kMenuBar = {
@@ -111,6 +119,10 @@ constexpr std::array kMenuBar = {
     MenuRow{1, "goToLine"},
     MenuRow{1, "goToBlock"},
     MenuRow{1, "jumpToMatch"},
+    kSeparator,
+    MenuRow{1, "nextProblem"},
+    MenuRow{1, "previousProblem"},
+    MenuRow{1, "applySuggestion"},
     MenuRow{0, "menuText", "&Text"},
     MenuRow{1, "toggleComment"},
     MenuRow{1, "duplicateLines"},
@@ -154,6 +166,7 @@ void AddManualEditCommands(Commands& commands, const ManualEditTargets& targets)
   commands.add<TextCommands>(kTextCommands, targets.text);
   commands.add<MoveCommands>(kMoveCommands, targets.move);
   commands.add<FindBar>(kFindCommands, targets.find);
+  commands.add<LiveFindings>(kProblemCommands, targets.findings);
 }
 
 void BuildManualEditMenu(QMenuBar& bar, const Commands& commands) {

@@ -9,6 +9,7 @@ namespace korvane {
 class Commands;
 class FindBar;
 class FrmManEdit;
+class LiveFindings;
 class MoveCommands;
 class TextCommands;
 
@@ -18,6 +19,7 @@ struct ManualEditTargets {
   TextCommands& text;
   MoveCommands& move;
   FindBar& find;
+  LiveFindings& findings;
 };
 void AddManualEditCommands(Commands& commands, const ManualEditTargets& targets);
 

@@ -3,10 +3,13 @@
 
 #include <algorithm>
 #include <chrono>
+#include <map>
+#include <span>
 #include <utility>
 
 #include "app/CatalogueService.h"
 #include "check/Checker.h"
+#include "platform/TextEncoding.h"
 
 namespace korvane {
 
@@ -18,6 +21,40 @@ constexpr std::chrono::seconds kPollInterval(3);
 bool SameFiles(const CataloguePtr& a, const CataloguePtr& b) {
   return a != nullptr && b != nullptr && a->sources() == b->sources() &&
          std::ranges::equal(a->files(), b->files());
+}
+
+constexpr std::size_t kMostTexts = 5;  // of one object
+
+// The object in which a finding stands: its name, or an empty text.
+std::string_view ObjectAt(const CatalogueFile& file, int line) {
+  const GameStructure& structure = GameStructure::get();
+  const std::uint32_t block = file.blockAt(static_cast<std::uint32_t>(line));
+  if (block == CatalogueFile::kNone) return {};
+  const auto found =
+      std::ranges::find(file.definitions(), file.outermost(block), &CatalogueFile::Definition::block);
+  if (found == file.definitions().end()) return {};
+  const bool isObject =
+      found->kind == structure.kind("Object") || found->kind == structure.kind("ObjectReskin");
+  return isObject ? file.name(found->name) : std::string_view();
+}
+
+std::vector<ObjectErrors> ErrorsOfObjects(const Findings& findings, const Catalogue& catalogue) {
+  constexpr std::string_view kFolder = "Data\\INI\\";
+  std::map<std::pair<std::string, std::string_view>, std::vector<const Finding*>> objects;
+  for (const Finding& finding : findings) {
+    const CatalogueFile* file = finding.level == Level::error ? catalogue.file(finding.file) : nullptr;
+    const std::string_view name = file == nullptr ? std::string_view() : ObjectAt(*file, finding.line);
+    if (!name.empty()) objects[{file->source().path.substr(kFolder.size()), name}].push_back(&finding);
+  }
+  std::vector<ObjectErrors> all;
+  for (const auto& [object, found] : objects) {
+    QStringList texts;
+    for (const Finding* each : std::span(found).first(std::min(found.size(), kMostTexts)))
+      texts += QString::fromStdString(each->text);
+    if (found.size() > kMostTexts) texts += QStringLiteral("%1 more").arg(found.size() - kMostTexts);
+    all.push_back({QString::fromStdString(object.first), FromBytes(object.second), texts.join('\n')});
+  }
+  return all;
 }
 
 }  // namespace
@@ -63,6 +100,7 @@ void DataCheck::follow(bool wanted) {
 }
 
 void DataCheck::namesRead() {
+  if (!names_.isCurrent()) return;  // other data are wanted by now, and are being read
   if (std::exchange(passOver_, false)) {
     checked_ = names_.catalogue();
   } else if (asked_ || (following_ && !SameFiles(checked_, names_.catalogue()))) {
@@ -85,24 +123,28 @@ void DataCheck::check() {
           this, [this, done, all] { Q_EMIT progress(static_cast<int>(done), static_cast<int>(all)); },
           Qt::QueuedConnection);
     };
-    const Checker checker(catalogue, notes ? RuleSet::all() : RuleSet::usual());
-    auto found = checker.check({.jobs = 0, .progress = tell}, stop);
+    const auto checker =
+        std::make_shared<const Checker>(catalogue, notes ? RuleSet::all() : RuleSet::usual());
+    ResultPtr result;
+    if (auto found = checker->check({.jobs = 0, .progress = tell}, stop)) {
+      auto objects = ErrorsOfObjects(*found, *catalogue);
+      result = std::make_shared<const Result>(Result{checker, std::move(*found), notes, std::move(objects)});
+    }
     QMetaObject::invokeMethod(
-        this, [this, found = std::move(found), notes]() mutable { take(std::move(found), notes); },
-        Qt::QueuedConnection);
+        this, [this, result] { take(result); }, Qt::QueuedConnection);
   });
   Q_EMIT runningChanged();
 }
 
-void DataCheck::take(std::optional<Findings> findings, bool withNotes) {
+void DataCheck::take(ResultPtr result) {
   worker_.join();
   worker_ = {};
   if (std::exchange(again_, false)) {
     check();
     return;
   }
-  if (findings) {
-    result_ = std::make_shared<const Result>(Result{std::move(*findings), withNotes});
+  if (result != nullptr) {
+    result_ = std::move(result);
     Q_EMIT resultChanged();
   }
   Q_EMIT runningChanged();

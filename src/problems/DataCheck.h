@@ -7,13 +7,16 @@
 #include <memory>
 #include <optional>
 #include <thread>
+#include <vector>
 
+#include "app/ObjectErrors.h"
 #include "catalogue/Catalogue.h"
 #include "check/Finding.h"
 
 namespace korvane {
 
 class CatalogueService;
+class Checker;
 
 // Checks the data of the game folder in a worker, for the windows that show what was found.
 class DataCheck : public QObject {
@@ -22,8 +25,10 @@ class DataCheck : public QObject {
  public:
   // What was found in a folder as it was at one moment.
   struct Result {
+    std::shared_ptr<const Checker> checker{};  // that found it
     Findings findings{};
-    bool withNotes = false;  // notes were looked for too
+    bool withNotes = false;               // notes were looked for too
+    std::vector<ObjectErrors> objects{};  // that have errors
 
     int count(Level level) const;
   };
@@ -54,7 +59,7 @@ class DataCheck : public QObject {
  private:
   void namesRead();
   void check();
-  void take(std::optional<Findings> findings, bool withNotes);
+  void take(ResultPtr result);
 
   CatalogueService& names_;
   ResultPtr result_;

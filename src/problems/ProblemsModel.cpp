@@ -11,6 +11,7 @@
 #include "check/Baseline.h"
 #include "check/Rules.h"
 #include "controls/Icons.h"
+#include "controls/ShownText.h"
 
 namespace korvane {
 
@@ -124,6 +125,23 @@ int ProblemsModel::shown() const {
   return static_cast<int>(all);
 }
 
+int ProblemsModel::findingsBefore(const QModelIndex& finding) const {
+  std::size_t before = 0;
+  for (std::size_t group = 0; group + 1 < finding.internalId(); ++group)
+    before += groups_[group].findings.size();
+  return static_cast<int>(before) + finding.row();
+}
+
+QModelIndex ProblemsModel::findingBehind(int count) const {
+  if (count < 0) return {};
+  for (std::size_t group = 0; group < groups_.size(); ++group) {
+    const int size = static_cast<int>(groups_[group].findings.size());
+    if (count < size) return createIndex(count, 0, group + 1);
+    count -= size;
+  }
+  return {};
+}
+
 // The id of an index: 0 for a group, else the number of its group, from 1.
 QModelIndex ProblemsModel::index(int row, int column, const QModelIndex& parent) const {
   if (!hasIndex(row, column, parent)) return {};
@@ -158,7 +176,7 @@ QVariant ProblemsModel::data(const QModelIndex& index, int role) const {
     case Qt::DecorationRole:
       return index.column() == text ? QVariant(ThemeIcon(IconNameOf(found->level))) : QVariant();
     case Qt::ToolTipRole:
-      return HintOf(*found);
+      return PlainToolTip(HintOf(*found));
     case Qt::AccessibleTextRole:
       return index.column() == text ? Utf8(LevelName(found->level)) + ": " + CellOf(*found, text)
                                     : CellOf(*found, index.column());

@@ -39,6 +39,9 @@ class ProblemsModel : public QAbstractItemModel {
   QModelIndex indexOf(const Finding& finding) const;
   // How many findings are shown.
   int shown() const;
+  // How many findings are shown before this one, and the one that has so many before it.
+  int findingsBefore(const QModelIndex& finding) const;
+  QModelIndex findingBehind(int count) const;
 
   QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
   QModelIndex parent(const QModelIndex& child) const override;

@@ -19,10 +19,15 @@
 
 #include <algorithm>
 
+#include "app/CatalogueService.h"
+#include "app/EditorLauncher.h"
+#include "app/FurtherData.h"
 #include "app/Places.h"
+#include "app/Services.h"
 #include "controls/Icons.h"
 #include "controls/Named.h"
 #include "controls/Placement.h"
+#include "problems/FurtherDataDialog.h"
 #include "settings/SettingsStore.h"
 
 namespace korvane {
@@ -55,11 +60,15 @@ QString CountsText(const DataCheck::Result& result) {
          Counted(result.count(Level::warning), Level::warning);
 }
 
-ProblemsWindow::ProblemsWindow(SettingsStore& settings, DataCheck& check, PlaceLauncher& places)
-    : ToolDialog(nullptr, &settings),
-      settings_(settings),
+ProblemsWindow::ProblemsWindow(const Services& services, CatalogueService& names, DataCheck& check,
+                               PlaceLauncher& places, EditorLauncher& editors)
+    : ToolDialog(nullptr, &services.settings),
+      services_(services),
+      settings_(services.settings),
+      names_(names),
       check_(check),
       places_(places),
+      editors_(editors),
       model_(new ProblemsModel(this)),
       tree_(Named("findings", new QTreeView)),
       filter_(Named("filter", new QLineEdit)),
@@ -104,6 +113,7 @@ void ProblemsWindow::buildFilters(QBoxLayout& layout) {
   for (const GroupingChoice& choice : kGroupings) grouping_->addItem(choice.caption, choice.setting);
   grouping_->setCurrentIndex(std::max(0, grouping_->findData(settings_.GetSet(kGroupingSetting, "File"))));
   layout.addWidget(grouping_);
+  layout.addWidget(makeButton("furtherData", "&Further Data...", &ProblemsWindow::askFurtherData));
   connect(filter_, &QLineEdit::textChanged, this, &ProblemsWindow::showFindings);
   connect(grouping_, &QComboBox::currentIndexChanged, this, [this] {
     settings_.SaveSet(kGroupingSetting, grouping_->currentData().toString());
@@ -133,12 +143,10 @@ void ProblemsWindow::buildTree() {
   tree_->header()->setSectionResizeMode(ProblemsModel::text, QHeaderView::Stretch);
   tree_->header()->resizeSection(ProblemsModel::file, fontMetrics().averageCharWidth() * kFileWidth);
   tree_->header()->setSectionResizeMode(ProblemsModel::line, QHeaderView::ResizeToContents);
-  auto* copyAction = Named("copy", new QAction("C&opy", tree_));
-  copyAction->setShortcut(QKeySequence::Copy);
-  copyAction->setShortcutContext(Qt::WidgetShortcut);
-  tree_->addAction(copyAction);
+  makeAction("copy", "C&opy", QKeySequence::Copy, &ProblemsWindow::copy);
+  mends_ = {makeAction("ignore", "&Ignore Here", {"Ctrl+I"}, &ProblemsWindow::ignoreHere),
+            makeAction("apply", "Apply &Suggestion", {"Ctrl+."}, &ProblemsWindow::applySuggestion)};
   tree_->setContextMenuPolicy(Qt::ActionsContextMenu);
-  connect(copyAction, &QAction::triggered, this, &ProblemsWindow::copy);
   connect(tree_, &QTreeView::activated, this, &ProblemsWindow::openPlace);
   connect(tree_, &QTreeView::collapsed, this, [this](const QModelIndex& group) {
     collapsed_ += group.data(ProblemsModel::titleRole).toString();
@@ -150,6 +158,18 @@ void ProblemsWindow::buildTree() {
           [this](const QModelIndex& current) {
             if (const Finding* finding = model_->finding(current)) selected_ = *finding;
           });
+  connect(tree_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &ProblemsWindow::showActions);
+}
+
+QAction* ProblemsWindow::makeAction(const char* name, const char* caption, const QKeySequence& key,
+                                    void (ProblemsWindow::*run)()) {
+  auto* action = Named(name, new QAction(caption, tree_));
+  action->setShortcut(key);
+  action->setShortcutContext(Qt::WidgetShortcut);
+  tree_->addAction(action);
+  connect(action, &QAction::triggered, this, run);
+  return action;
 }
 
 QPushButton* ProblemsWindow::makeButton(const char* name, const char* caption,
@@ -168,6 +188,10 @@ void ProblemsWindow::buildFoot(QBoxLayout& layout) {
   layout.addWidget(cancel_ = makeButton("cancel", "Cance&l", &ProblemsWindow::cancelCheck));
   layout.addWidget(again_ = makeButton("again", "&Check Again", &ProblemsWindow::startCheck));
   layout.addWidget(makeButton("copyButton", "C&opy", &ProblemsWindow::copy));
+  mendButtons_ = {makeButton("ignoreButton", "&Ignore Here", &ProblemsWindow::ignoreHere),
+                  makeButton("applyButton", "Apply &Suggestion", &ProblemsWindow::applySuggestion)};
+  for (QPushButton* button : mendButtons_) layout.addWidget(button);
+  showActions();
 }
 
 void ProblemsWindow::showEvent(QShowEvent* event) {
@@ -203,6 +227,59 @@ void ProblemsWindow::copy() {
   if (!lines.isEmpty()) QGuiApplication::clipboard()->setText(lines.join('\n'));
 }
 
+// Those of a selected group too; only those in one file, for they go together.
+Findings ProblemsWindow::selectedFindings() const {
+  Findings findings;
+  const auto add = [&](const QModelIndex& row) {
+    const Finding* finding = model_->finding(row);
+    if (finding != nullptr && (findings.empty() || findings.front().file == finding->file))
+      findings.push_back(*finding);
+  };
+  const QItemSelectionModel& selection = *tree_->selectionModel();
+  const QModelIndex current = tree_->currentIndex().siblingAtColumn(0);
+  if (selection.isSelected(current)) add(current);
+  for (const QModelIndex& row : selection.selectedRows()) {
+    if (row != current) add(row);
+    for (int i = 0; i < model_->rowCount(row); ++i) add(model_->index(i, 0, row));
+  }
+  return findings;
+}
+
+void ProblemsWindow::showActions() {
+  const Findings findings = selectedFindings();
+  const bool hasSuggestion =
+      std::ranges::any_of(findings, [](const Finding& each) { return !each.suggestion.empty(); });
+  const auto enable = [this](Mend mend, bool enabled) {
+    mends_[static_cast<std::size_t>(mend)]->setEnabled(enabled);
+    if (QPushButton* button = mendButtons_[static_cast<std::size_t>(mend)]) button->setEnabled(enabled);
+  };
+  enable(Mend::ignore, !findings.empty());
+  enable(Mend::suggest, hasSuggestion);
+}
+
+// The edits stay unsaved in the manual editor; the findings go when they are saved.
+void ProblemsWindow::mend(Mend mend) {
+  Findings findings = selectedFindings();
+  if (findings.empty()) return;
+  const QString file = services_.folders.game + '\\' + FilePathOf(findings.front());
+  if (!editors_.editInManualEditor(file, PlanOf(mend, std::move(findings), check_.result()->checker)))
+    state_->setText("Nothing was changed: the text in the manual editor does not have this any more.");
+}
+
+void ProblemsWindow::askFurtherData() {
+  auto* dialog =
+      new FurtherDataDialog(FurtherDataOf(settings_, services_.folders.game), services_.messages, this);
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  connect(dialog, &QDialog::accepted, this, [this, dialog] { takeFurtherData(dialog->paths()); });
+  dialog->open();
+}
+
+void ProblemsWindow::takeFurtherData(const QStringList& paths) {
+  SaveFurtherData(settings_, services_.folders.game, paths);
+  names_.setFurtherData(paths);
+  check_.start();
+}
+
 void ProblemsWindow::openPlace(const QModelIndex& index) {
   const Finding* finding = model_->finding(index);
   if (finding == nullptr) return;
@@ -225,6 +302,8 @@ ProblemsView ProblemsWindow::view() const {
 }
 
 void ProblemsWindow::showFindings() {
+  const QModelIndex before = selected_ ? model_->indexOf(*selected_) : QModelIndex();
+  const int findingsBefore = before.isValid() ? model_->findingsBefore(before) : 0;
   model_->show(check_.result(), view());
   tree_->expandAll();
   for (int group = 0; group < model_->rowCount(); ++group) {
@@ -232,16 +311,23 @@ void ProblemsWindow::showFindings() {
     const QModelIndex index = model_->index(group, 0);
     if (collapsed_.contains(index.data(ProblemsModel::titleRole).toString())) tree_->collapse(index);
   }
-  restoreSelection();
+  restoreSelection(findingsBefore);
+  showActions();
   showCounts();
   showRunning();
 }
 
-void ProblemsWindow::restoreSelection() {
-  const QModelIndex first = model_->index(0, 0, model_->index(0, 0));
-  const QModelIndex index = selected_ ? model_->indexOf(*selected_) : first;
+// What is selected stays so while it is hidden. A finding that is mended hands on to its neighbour, the one
+// with as many others before it.
+void ProblemsWindow::restoreSelection(int before) {
+  const DataCheck::ResultPtr& result = check_.result();
+  const bool mended = !selected_ || (result != nullptr && NearestOf(result->findings, *selected_) == nullptr);
+  const QModelIndex index =
+      mended ? model_->findingBehind(std::min(before, model_->shown() - 1)) : model_->indexOf(*selected_);
   if (!index.isValid() || !tree_->isExpanded(index.parent())) return;
-  tree_->setCurrentIndex(index);
+  // Whatever key is pressed at the moment.
+  tree_->selectionModel()->setCurrentIndex(index,
+                                           QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   tree_->scrollTo(index);
 }
 

@@ -3,6 +3,7 @@
 
 #include "about/FrmFun.h"
 #include "about/frmAbout.h"
+#include "app/FurtherData.h"
 #include "controls/Present.h"
 #include "editors/CmdSetFormat.h"
 #include "editors/FrmAmrPar.h"
@@ -62,7 +63,7 @@ Program::Program(const Services& services, Folders& folders, QString arguments)
       commandSetEditor_([this] { return makeCommandSetEditor(); }),
       commandSetFormat_([this] { return new CmdSetFormat(services_.settings); }),
       commandButtonEditor_([this] { return withSearch(new FrmCmdBtn(editorContext())); }),
-      problems_([this] { return new ProblemsWindow(services_.settings, dataCheck_, places_); }) {}
+      problems_([this] { return new ProblemsWindow(services_, names_, dataCheck_, places_, *this); }) {}
 
 Program::~Program() = default;
 
@@ -90,6 +91,7 @@ void Program::keepAtEnd() {
 void Program::runSplash() {
   frmSplash splash(services_, folders_, *this, arguments_);
   splash.load();
+  names_.setFurtherData(FurtherDataOf(services_.settings, services_.folders.game));
   names_.filesChanged();  // the wizard restores files, and may have chosen another folder
 }
 
@@ -98,8 +100,10 @@ FrmEdit& Program::mainWindow() {
     mainWindow_ = std::make_unique<FrmEdit>(services_, *this);
     mainWindow_->useCatalogue(names_);
     searchDesk_.addField(*mainWindow_, [this] { return mainWindow_->commands().all(); });
-    QObject::connect(&dataCheck_, &DataCheck::resultChanged, mainWindow_.get(),
-                     [this] { mainWindow_->showProblems(CountsText(*dataCheck_.result())); });
+    QObject::connect(&dataCheck_, &DataCheck::resultChanged, mainWindow_.get(), [this] {
+      const DataCheck::ResultPtr& result = dataCheck_.result();
+      mainWindow_->showProblems(CountsText(*result), result->objects);
+    });
   }
   return *mainWindow_;
 }
@@ -221,7 +225,7 @@ void Program::showCommandButtonEditor() {
 }
 
 FrmManEdit* Program::makeManualEditor() {
-  auto* window = new FrmManEdit(services_, files_, *versions_, fonts_);
+  auto* window = new FrmManEdit(services_, files_, *versions_, fonts_, names_);
   QObject::connect(window, &FrmManEdit::searchAsked, window,
                    [this, window](SearchCommand command) { search(command, *window); });
   QObject::connect(window, &FrmManEdit::extractAsked, window, [this, window](const FilePlace& place) {

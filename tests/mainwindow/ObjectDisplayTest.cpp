@@ -282,5 +282,22 @@ TEST_F(ObjectDisplayTest, ConditionsThatLookAlikeTellAllTheirWords) {
   }
 }
 
+TEST_F(ObjectDisplayTest, AnObjectWithErrorsHasASignAndItsTextStays) {
+  open();
+  window->showProblems("1 error, 0 warnings",
+                       {{"object\\factionunit.ini", "JEEP", "no FXList 'A<b>' is defined"}});
+  const auto sign = [this](const char* name) {
+    return node(name).data(ObjectTreeModel::signsRole).toStringList();
+  };
+  EXPECT_EQ(sign("Jeep"), QStringList("error"));
+  EXPECT_EQ(node("Jeep").data().toString(), "Jeep");
+  EXPECT_TRUE(node("Jeep").data(Qt::ToolTipRole).toString().contains("A&lt;b&gt;"));
+  EXPECT_EQ(node("Jeep").data(Qt::AccessibleDescriptionRole).toString(), "no FXList 'A<b>' is defined");
+  for (const char* other : {"Hut", "Lost", "Player Units"}) EXPECT_TRUE(sign(other).isEmpty()) << other;
+  window->grab();
+  window->showProblems("0 errors, 0 warnings", {});
+  EXPECT_TRUE(sign("Jeep").isEmpty());
+}
+
 }  // namespace
 }  // namespace korvane

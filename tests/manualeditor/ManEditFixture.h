@@ -15,6 +15,7 @@
 #include <string>
 #include <string_view>
 
+#include "app/CatalogueService.h"
 #include "app/ManualEditRequest.h"
 #include "app/Services.h"
 #include "controls/FontDialog.h"
@@ -41,7 +42,7 @@ class ManEditTest : public testing::Test {
   ManEditTest() { remake(); }
 
   void remake() {
-    window_ = std::make_unique<FrmManEdit>(services_, files_, versions_, fonts_);
+    window_ = std::make_unique<FrmManEdit>(services_, files_, versions_, fonts_, names_);
     QObject::connect(window_.get(), &FrmManEdit::closedForGood, [this] { ++closed_; });
   }
 
@@ -101,6 +102,7 @@ class ManEditTest : public testing::Test {
   FileWriter files_;
   KeptVersions versions_{files_, folder_.filePath("versions")};
   FakeFontChooser fonts_;
+  CatalogueService names_{folders_};
   int closed_ = 0;
   std::unique_ptr<FrmManEdit> window_;
 };

@@ -16,7 +16,9 @@
 #include <filesystem>
 
 #include "app/CatalogueService.h"
+#include "app/FurtherData.h"
 #include "app/Places.h"
+#include "problems/FurtherDataDialog.h"
 #include "problems/ProblemsWindow.h"
 #include "support/TestDesk.h"
 
@@ -30,6 +32,24 @@ class FakePlaces : public PlaceLauncher {
   void goBack() override {}
   void goForward() override {}
   std::vector<FilePlace> places;
+};
+
+// Keeps what a plan names for the file as it is on the disk.
+class PlanningLauncher : public FakeLauncher {
+ public:
+  explicit PlanningLauncher(const GameFolder& game) : game_(game) {}
+
+  bool editInManualEditor(const QString& file, const EditPlan& plan) override {
+    calls += "edit " + file.section('\\', -1);
+    edits = plan(text.empty() ? game_.read("Data/INI/" + file.section('\\', -1).toStdString()) : text);
+    return !edits.empty();
+  }
+
+  std::string text;  // in place of the file's
+  std::vector<TextEdit> edits;
+
+ private:
+  const GameFolder& game_;
 };
 
 const std::string kGuns =
@@ -46,6 +66,9 @@ class ProblemsTest : public testing::Test, protected TestDesk {
     ASSERT_TRUE(waitForCheck());
   }
 
+  std::unique_ptr<ProblemsWindow> makeWindow() {
+    return std::make_unique<ProblemsWindow>(services, names, check, places, launcher);
+  }
   bool waitForCheck() {
     return QTest::qWaitFor([this] { return check.result() != nullptr && !check.isRunning(); });
   }
@@ -68,8 +91,11 @@ class ProblemsTest : public testing::Test, protected TestDesk {
     }
     return found;
   }
-  void select(int group, int row) {
-    tree().setCurrentIndex(tree().model()->index(row, 0, tree().model()->index(group, 0)));
+  void select(int group, int row) { choose(tree().model()->index(row, 0, tree().model()->index(group, 0))); }
+  // Whatever key a test has left pressed.
+  void choose(const QModelIndex& index) {
+    tree().selectionModel()->setCurrentIndex(index,
+                                             QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   }
   QString selectedLine() const {
     return tree().currentIndex().siblingAtColumn(ProblemsModel::line).data().toString();
@@ -78,7 +104,8 @@ class ProblemsTest : public testing::Test, protected TestDesk {
   CatalogueService names{folders};
   DataCheck check{names};
   FakePlaces places;
-  std::unique_ptr<ProblemsWindow> window = std::make_unique<ProblemsWindow>(settings, check, places);
+  PlanningLauncher launcher{game};
+  std::unique_ptr<ProblemsWindow> window = makeWindow();
 };
 
 TEST_F(ProblemsTest, GroupsByFileOrByCodeAndRemembersWhich) {
@@ -86,7 +113,7 @@ TEST_F(ProblemsTest, GroupsByFileOrByCodeAndRemembersWhich) {
   part<QComboBox>("grouping").setCurrentIndex(1);
   const QStringList byCode = {"key-typo: 3", "missing-name: 2 6", "stray-end: 3"};
   EXPECT_EQ(rows(), byCode);
-  window = std::make_unique<ProblemsWindow>(settings, check, places);
+  window = makeWindow();
   EXPECT_EQ(rows(), byCode);
 }
 
@@ -120,7 +147,7 @@ TEST_F(ProblemsTest, NotesAreLookedForWhenTheyAreAskedFor) {
   EXPECT_GT(check.result()->count(Level::note), 0);
   EXPECT_NE(part<QToolButton>("notes").text(), "Notes");
   EXPECT_TRUE(rows().join(' ').contains("FXList.ini")) << "nothing names FX_Bang";
-  window = std::make_unique<ProblemsWindow>(settings, check, places);
+  window = makeWindow();
   window->show();
   EXPECT_TRUE(QTest::qWaitFor([this] { return !check.result()->withNotes; })) << "a new window shows none";
 }
@@ -130,13 +157,13 @@ TEST_F(ProblemsTest, EnterOpensThePlaceWithItsLength) {
   QTest::keyClick(&tree(), Qt::Key_Return);
   ASSERT_EQ(places.places.size(), 1U);
   EXPECT_EQ(places.places[0], (FilePlace{"Data\\INI\\Weapon.ini", {}, 3, 3, 12}));
-  tree().setCurrentIndex(tree().model()->index(0, 0));
+  choose(tree().model()->index(0, 0));
   QTest::keyClick(&tree(), Qt::Key_Return);
   EXPECT_EQ(places.places.size(), 1U) << "a group is no place";
 }
 
 TEST_F(ProblemsTest, CopiesASelectedGroupWithAllOfItsFindings) {
-  tree().setCurrentIndex(tree().model()->index(1, 0));
+  choose(tree().model()->index(1, 0));
   part<QPushButton>("copyButton").click();
   const QStringList lines = QGuiApplication::clipboard()->text().split('\n');
   ASSERT_EQ(lines.size(), 3);
@@ -150,6 +177,103 @@ TEST_F(ProblemsTest, ChecksAgainWhenAFileHasChangedAndKeepsTheSelectedFinding) {
   game.ini("Weapon.ini", "; a line more\n" + kGuns);
   ASSERT_TRUE(QTest::qWaitFor([this] { return selectedLine() == "7"; }, 15'000));
   EXPECT_EQ(rows().last(), "Weapon.ini (3): 3 4 7");
+}
+
+TEST_F(ProblemsTest, TheNeighbourIsSelectedWhenAFindingIsMended) {
+  select(1, 1);
+  game.ini("Weapon.ini", "Weapon Gun\n  FireFX = FX_Bnag\nEnd\nWeapon Bow\n  FireFX = FX_Bnag\nEnd\n");
+  check.start();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return selectedLine() == "5"; }, 15'000))
+      << selectedLine().toStdString();
+  game.ini("Weapon.ini", "Weapon Gun\n  FireFX = FX_Bnag\nEnd\n");
+  check.start();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return selectedLine() == "2"; }, 15'000))
+      << selectedLine().toStdString();
+}
+
+TEST_F(ProblemsTest, AFindingIsIgnoredOrMendedInTheManualEditor) {
+  struct Case {
+    const char* what;
+    Qt::Key key;
+    int row;
+    std::vector<TextEdit> edits;
+  };
+  const Case cases[] = {
+      {"ignored", Qt::Key_I, 1, {{3, 19, 0, " ; korvane: ignore key-typo"}}},
+      {"mended", Qt::Key_Period, 1, {{3, 3, 12, "PrimaryDamage"}}},
+      {"mended name", Qt::Key_Period, 2, {{6, 12, 7, "FX_Bang"}}},
+  };
+  for (const Case& each : cases) {
+    select(1, each.row);
+    QTest::keyClick(&tree(), each.key, Qt::ControlModifier);
+    EXPECT_EQ(launcher.edits, each.edits) << each.what;
+    EXPECT_EQ(launcher.takeCalls(), QStringList("edit Weapon.ini"));
+  }
+  EXPECT_EQ(game.read("Data/INI/Weapon.ini"), GameFolder::CrLf(kGuns)) << "nothing is saved";
+}
+
+TEST_F(ProblemsTest, WhatIsTypedInTheManualEditorIsReckonedWith) {
+  launcher.text = "; a line\n" + kGuns;
+  select(1, 1);
+  part<QPushButton>("applyButton").click();
+  EXPECT_EQ(launcher.edits, (std::vector<TextEdit>{{4, 3, 12, "PrimaryDamage"}}));
+  launcher.text = "Weapon Gun\nEnd\n";
+  part<QPushButton>("ignoreButton").click();
+  EXPECT_TRUE(launcher.edits.empty());
+  EXPECT_TRUE(part<QLabel>("state").text().startsWith("Nothing was changed"));
+}
+
+TEST_F(ProblemsTest, AGroupGoesInOneAndOnlyWhatCanBeDoneIsOffered) {
+  select(0, 0);
+  EXPECT_FALSE(part<QPushButton>("applyButton").isEnabled()) << "an End too many has no suggestion";
+  EXPECT_TRUE(part<QPushButton>("ignoreButton").isEnabled());
+  choose(tree().model()->index(1, 0));
+  part<QPushButton>("applyButton").click();
+  EXPECT_EQ(launcher.edits.size(), 3U);
+  tree().clearSelection();
+  EXPECT_FALSE(part<QPushButton>("ignoreButton").isEnabled());
+}
+
+TEST_F(ProblemsTest, AnUnusedItemIsIgnoredWhereItIsDefined) {
+  part<QToolButton>("notes").click();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return check.result()->withNotes && !check.isRunning(); }));
+  part<QLineEdit>("filter").setText("FX_Bang is named nowhere");
+  launcher.text = "; a line\r\n" + GameFolder::CrLf("FXList FX_Bang\nEnd\n");
+  select(0, 0);
+  part<QPushButton>("ignoreButton").click();
+  EXPECT_EQ(launcher.edits, (std::vector<TextEdit>{{2, 15, 0, " ; korvane: ignore unused"}}));
+}
+
+TEST_F(ProblemsTest, FurtherDataCountAndAreRememberedForTheGameFolder) {
+  game.write("Original/Data/INI/Effects.ini", "FXList FX_Bnag\r\nEnd\r\n");
+  const QString original = game.qpath() + "\\Original";
+  part<QPushButton>("furtherData").click();
+  auto* dialog = window->findChild<FurtherDataDialog*>();
+  ASSERT_NE(dialog, nullptr);
+  dialog->add(game.qpath() + "\\Data");
+  EXPECT_EQ(messages.shown.size(), 1U) << "a folder without INI files of the game";
+  dialog->add(original);
+  dialog->add(original);
+  EXPECT_EQ(dialog->paths(), QStringList(original));
+  dialog->accept();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return rows().last() == "Weapon.ini (1): 3"; }, 15'000))
+      << rows().join('\n').toStdString();
+  EXPECT_EQ(FurtherDataOf(settings, folders.game), QStringList(original));
+  EXPECT_TRUE(FurtherDataOf(settings, "C:\\Other").isEmpty());
+  SaveFurtherData(settings, "C:\\Other", {"D:\\a.big", "D:\\b.big"});
+  EXPECT_EQ(FurtherDataOf(settings, folders.game), QStringList(original));
+  EXPECT_EQ(FurtherDataOf(settings, "c:\\other"), QStringList({"D:\\a.big", "D:\\b.big"}));
+}
+
+TEST_F(ProblemsTest, ObjectsWithErrorsAreNamedWithWhatIsWrong) {
+  game.objects("FactionUnit.ini",
+               "Object Tank\n  Draw = W3DTankDraw Tag_1\n  End\n  Draw = W3DTankDraw Tag_1\n  End\nEnd\n");
+  check.start();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !check.result()->objects.empty(); }, 15'000));
+  const ObjectErrors& object = check.result()->objects.front();
+  EXPECT_EQ(object.path, "Object\\FactionUnit.ini");
+  EXPECT_EQ(object.name, "Tank");
+  EXPECT_TRUE(object.texts.contains("Tag_1")) << object.texts.toStdString();
 }
 
 TEST_F(ProblemsTest, ASelectionThatTheFilterHidesComesBack) {

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStringList>
+
+namespace korvane {
+
+class SettingsStore;
+
+// The folders and archives that stand behind a game folder, such as the original game's data of a
+// modification; the user names them for each game folder. Paths are the program's.
+QStringList FurtherDataOf(const SettingsStore& settings, const QString& gameFolder);
+void SaveFurtherData(SettingsStore& settings, const QString& gameFolder, const QStringList& paths);
+
+}  // namespace korvane

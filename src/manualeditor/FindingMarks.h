@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+
+#include <vector>
+
+#include "manualeditor/ScintillaView.h"
+#include "manualeditor/TextCheck.h"
+
+class QPalette;
+class QPoint;
+
+namespace korvane {
+
+class ScrollMarks;
+
+// Findings in the text: a wavy line below what they are about, a sign in the margin, a small line on the
+// scroll bar, and a tooltip. They move with the text.
+class FindingMarks : public QObject {
+  Q_OBJECT
+
+ public:
+  FindingMarks(const ScintillaView& view, ScrollMarks& scrollMarks);
+
+  // In the order of the text, in the place of those before.
+  void show(std::vector<TextFinding> findings);
+  const std::vector<TextFinding>& findings() const { return findings_; }
+  // The first finding that starts behind the position, or the last that starts before it, round the ends of
+  // the text; nullptr when there is none.
+  const TextFinding* next(qsizetype position) const;
+  const TextFinding* previous(qsizetype position) const;
+  // Those that touch the span, and when there are none, those of its first line.
+  std::vector<const TextFinding*> at(TextSpan span) const;
+  // Takes away those that touch the span.
+  void remove(TextSpan span);
+
+  void applyColours(const QPalette& palette);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void markSome();
+  void mark(const TextFinding& finding);
+  void clear();
+  void modified(int position, int kind, int length);
+  void showAtScrollBar();
+  void showToolTip(const QPoint& position, const QPoint& onScreen);
+  qsizetype lineAt(qsizetype position) const;
+
+  ScintillaView view_;
+  ScrollMarks& scrollMarks_;
+  std::vector<TextFinding> findings_;
+  std::size_t marked_ = 0;  // of them
+  QTimer markSoon_;
+};
+
+// "error: text", and what mends it; as it is shown for one finding or several.
+QString FindingsText(const std::vector<const TextFinding*>& findings);
+
+}  // namespace korvane

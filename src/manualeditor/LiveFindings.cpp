@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "manualeditor/LiveFindings.h"
+
+#include <QToolTip>
+#include <Qsci/qsciscintilla.h>
+
+#include <algorithm>
+#include <chrono>
+
+#include "app/CatalogueService.h"
+#include "manualeditor/FindingMarks.h"
+#include "manualeditor/IniTextEdit.h"
+#include "platform/TextEncoding.h"
+
+namespace korvane {
+
+namespace {
+
+using Sci = QsciScintillaBase;
+
+constexpr std::chrono::milliseconds kPause(300);  // without an edit
+
+bool IsDataFile(const QString& path) {
+  return path.startsWith("Data\\INI\\", Qt::CaseInsensitive) && path.endsWith(".ini", Qt::CaseInsensitive);
+}
+
+// Files that have not changed are taken over from one catalogue to the next.
+bool SameNames(const CataloguePtr& a, const CataloguePtr& b) {
+  return a != nullptr && b != nullptr && a->sources() == b->sources() && a->files() == b->files();
+}
+
+}  // namespace
+
+LiveFindings::LiveFindings(IniTextEdit& text, CatalogueService& names)
+    : QObject(&text), text_(text), names_(names) {
+  soon_.setSingleShot(true);
+  soon_.setInterval(kPause);
+  connect(&soon_, &QTimer::timeout, this, &LiveFindings::check);
+  connect(&text_, &IniTextEdit::edited, this, &LiveFindings::checkSoon);
+  connect(&names_, &CatalogueService::changed, this, &LiveFindings::namesChanged);
+  connect(&check_, &TextCheck::found, this, &LiveFindings::show);
+}
+
+void LiveFindings::setFile(const QString& path) {
+  check_.cancel();
+  soon_.stop();
+  text_.findingMarks().show({});
+  path_ = IsDataFile(path) ? path : QString();
+  if (!path_.isEmpty()) check();
+}
+
+void LiveFindings::lookAgain() {
+  if (!path_.isEmpty()) names_.refresh();
+}
+
+// What is under way is about the text before the edit.
+void LiveFindings::checkSoon() {
+  check_.cancel();
+  if (!path_.isEmpty()) soon_.start();
+}
+
+// Before the names of all files and of the further data are known, nothing can be called missing.
+void LiveFindings::check() {
+  names_.ensure();
+  checked_ = names_.isCurrent() ? names_.catalogue() : nullptr;
+  if (checked_ != nullptr) check_.start(checked_, path_, std::string(text_.utf8()));
+}
+
+void LiveFindings::namesChanged() {
+  const bool wanted = !path_.isEmpty() && !soon_.isActive() && names_.isCurrent();
+  if (wanted && !SameNames(checked_, names_.catalogue())) check();
+}
+
+void LiveFindings::show(const std::vector<TextFinding>& findings) {
+  text_.findingMarks().show(findings);
+  Q_EMIT marked();
+}
+
+void LiveFindings::goToNext() {
+  goTo(text_.findingMarks().next(text_.selection().from));
+}
+
+void LiveFindings::goToPrevious() {
+  goTo(text_.findingMarks().previous(text_.selection().from));
+}
+
+void LiveFindings::goTo(const TextFinding* finding) {
+  if (finding == nullptr) return;
+  text_.select(finding->span);
+  const ScintillaView view = text_.view();
+  const auto from = finding->span.from;
+  const auto below = view.send(Sci::SCI_POINTYFROMPOSITION, 0, from) + view.send(Sci::SCI_TEXTHEIGHT);
+  const QPoint place(static_cast<int>(view.send(Sci::SCI_POINTXFROMPOSITION, 0, from)),
+                     static_cast<int>(below));
+  QWidget* viewport = view.control().viewport();
+  QToolTip::showText(viewport->mapToGlobal(place), FindingsText({finding}), viewport);
+}
+
+void LiveFindings::applySuggestion() {
+  const std::vector<const TextFinding*> here = text_.findingMarks().at(text_.selection());
+  const auto found =
+      std::ranges::find_if(here, [](const TextFinding* each) { return !each->finding.suggestion.empty(); });
+  if (found == here.end()) return;
+  const std::string suggestion = (*found)->finding.suggestion;
+  const TextSpan span = (*found)->span;
+  text_.findingMarks().remove(span);
+  text_.replaceSpan(span, suggestion);
+  QToolTip::hideText();
+}
+
+QString PathInGame(const QString& gameFolder, const QString& file) {
+  const QString folder = gameFolder + '\\';
+  return file.startsWith(folder, Qt::CaseInsensitive) ? file.mid(folder.size()) : QString();
+}
+
+}  // namespace korvane
