@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCursor>
+#include <QLineEdit>
 #include <QListView>
 #include <QPixmap>
 #include <QScreen>
@@ -87,6 +88,7 @@ bool Tour::run() {
   start();
   objects();
   tabs();
+  search();
   manualEditor();
   tableEditors();
   options();
@@ -175,6 +177,20 @@ void Tour::tabs() {
     tabBox->setCurrentIndex(tab);
     picture(window("FrmEdit"), kTabPictures[tab]);
   }
+}
+
+void Tour::search() {
+  trigger("FrmEdit", "findAnything");
+  auto* field = program_.mainWindow().findChild<QLineEdit*>("findAnythingField");
+  QTest::keyClicks(field, "tank");
+  const auto* rows = program_.mainWindow().findChild<QListView*>("findAnythingList")->model();
+  if (!QTest::qWaitFor([rows] { return rows->rowCount() > 0; })) fail("Nothing was found");
+  picture(window("FrmEdit"), "find-anything");
+  QTest::keyClick(field, Qt::Key_Escape);
+  objectTree().setFocus();
+  trigger("FrmEdit", "namesUsed");
+  picture(window("UsesWindow"), "names-used");
+  if (QWidget* uses = window("UsesWindow")) uses->close();
 }
 
 void Tour::manualEditor() {

@@ -28,6 +28,7 @@ class Tour {
   void start();
   void objects();
   void tabs();
+  void search();
   void manualEditor();
   void tableEditors();
   void options();
