@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QTabWidget>
 
@@ -116,6 +117,18 @@ QFormLayout* Form(QGroupBox* frame) {
   return form;
 }
 
+// The page can be scrolled where the window is too small for it.
+QWidget* Scrolled(QWidget* page) {
+  auto* area = new QScrollArea;
+  area->setWidget(page);
+  area->setWidgetResizable(true);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->viewport()->setAutoFillBackground(false);
+  page->setAutoFillBackground(false);
+  return area;
+}
+
 // A tab page of frames, one below the other. What is left at the bottom goes to `rest`, or stays free.
 QWidget* Page(std::initializer_list<QWidget*> frames, QWidget* rest = nullptr) {
   auto* page = new QWidget;
@@ -128,7 +141,7 @@ QWidget* Page(std::initializer_list<QWidget*> frames, QWidget* rest = nullptr) {
   } else {
     layout->addWidget(rest, 1);
   }
-  return page;
+  return rest == nullptr ? Scrolled(page) : page;
 }
 
 }  // namespace

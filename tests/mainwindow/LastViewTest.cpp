@@ -82,6 +82,7 @@ TEST_F(LastViewTest, TheSmallestWindowShowsNamesAndCaptions) {
   window->resize(1, 1);
   EXPECT_GE(tree().width(), 180);
   EXPECT_LE(window->minimumSizeHint().width(), window->screen()->availableGeometry().width());
+  EXPECT_LE(window->minimumSizeHint().height(), 360 - 20) << "half a small screen, with a title bar";
   get<QTabWidget>("F_Tab").setCurrentIndex(0);
   for (const QLabel* label : get<QTabWidget>("F_Tab").currentWidget()->findChildren<QLabel*>())
     EXPECT_GE(label->width(), label->sizeHint().width()) << qPrintable(label->text());
