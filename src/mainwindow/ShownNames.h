@@ -7,7 +7,6 @@
 
 #include "app/NameSource.h"
 
-class QContextMenuEvent;
 class QTreeView;
 
 namespace korvane {
