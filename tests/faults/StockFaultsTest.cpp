@@ -73,7 +73,7 @@ SweptStep ExtractStep(bool overwrite) {
   step.name = overwrite ? "an extract that overwrites" : "an extract";
   step.command = {KORVANE_STOCK, "extract", "@/Data.DBF", "@/out"};
   if (overwrite) step.command.push_back("--overwrite");
-  step.prepare = [database = Packed(kNew)](const GameFolder& folder) {
+  step.prepare = [database = Packed({kNew[1], kNew[0]})](const GameFolder& folder) {
     Put(folder, database);
     folder.write("out/Data/INI/Weapon.ini", kMine);
     folder.write("out/Data/INI/Weapon.ini.part", kMine);

@@ -2,10 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <iostream>
 #include <random>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include "files/FileLock.h"
 #include "files/SafeReplace.h"
@@ -137,6 +140,27 @@ TEST_F(SafeReplaceTest, ALockIsHeldByOneAndGoneWithItsHolder) {
 }
 
 #ifndef _WIN32
+
+// Who waited for the file of a holder that has gone must not hold it: its name is another file by now.
+TEST_F(SafeReplaceTest, NoTwoHoldALockThatChangesHandsAllTheTime) {
+  std::atomic<int> holders = 0;
+  std::atomic<int> others = 0;
+  const auto takeOften = [&] {
+    FileLock lock;
+    for (int taken = 0; taken < 2000;) {
+      if (!lock.take(pathOf("a.lock"))) continue;
+      others += holders++;
+      std::this_thread::yield();
+      --holders;
+      lock.release();
+      ++taken;
+    }
+  };
+  std::vector<std::jthread> threads;
+  for (int i = 0; i < 3; ++i) threads.emplace_back(takeOften);
+  threads.clear();
+  EXPECT_EQ(others, 0);
+}
 
 TEST_F(SafeReplaceTest, LinksStayLinks) {
   folder_.write("real.ini", "old");

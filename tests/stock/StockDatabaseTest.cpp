@@ -295,5 +295,14 @@ TEST_F(StockDatabase, IsPackedWholeOrNotAtAll) {
       << "only the folder Data";
 }
 
+TEST(StockTable, AFileThatChangesMeanwhileIsNotPacked) {
+  const auto give = [](const TakePiece& take) { take("text"); };
+  for (const std::uint64_t size : {std::uint64_t{3}, std::uint64_t{5}}) {
+    const GameFolder folder;
+    StockTable table(folder.native("Data"));
+    EXPECT_THROW(table.add("Data\\INI\\Weapon.ini", size, give), std::runtime_error) << size;
+  }
+}
+
 }  // namespace
 }  // namespace korvane
