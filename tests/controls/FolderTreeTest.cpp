@@ -216,11 +216,15 @@ TEST_F(FolderTreeTest, ARowOutOfSightKeepsItsWidth) {
 #ifndef _WIN32
 
 TEST(FolderPlaces, AWinePrefixMayHaveANameOfAnyBytes) {
+  const GameFolder home;  // without a prefix of its own
   const GameFolder disk;
+  const QByteArray oldHome = qgetenv("HOME");
+  qputenv("HOME", home.native("").c_str());
   fs::create_directories(disk.native("\xff/dosdevices/c:"));
   qputenv("WINEPREFIX", disk.native("\xff").c_str());
   EXPECT_EQ(StandardPlaces().last().path, "C:\\");
   qunsetenv("WINEPREFIX");
+  qputenv("HOME", oldHome);
   fs::remove_all(disk.native("\xff"));  // Qt cannot name it
 }
 
