@@ -17,6 +17,9 @@ namespace korvane {
 
 namespace {
 
+// Nothing is renamed, deleted or made through the dialogs of files.
+constexpr QFileDialog::Options kChooseOnly = QFileDialog::ReadOnly | QFileDialog::ShowDirsOnly;
+
 constexpr QSize kDesignSize{520, 260};
 
 QString ProgramPathOf(const QString& native) {
@@ -79,13 +82,13 @@ void FurtherDataDialog::add(const QString& path) {
 }
 
 void FurtherDataDialog::addFolder() {
-  const QString folder = QFileDialog::getExistingDirectory(this, "Add a Folder");
+  const QString folder = QFileDialog::getExistingDirectory(this, "Add a Folder", {}, kChooseOnly);
   if (!folder.isEmpty()) add(ProgramPathOf(folder));
 }
 
 void FurtherDataDialog::addArchives() {
-  const QStringList archives =
-      QFileDialog::getOpenFileNames(this, "Add an Archive", {}, "Archives (*.big *.BIG *.Big)");
+  const QStringList archives = QFileDialog::getOpenFileNames(
+      this, "Add an Archive", {}, "Archives (*.big *.BIG *.Big)", nullptr, QFileDialog::ReadOnly);
   for (const QString& archive : archives) add(ProgramPathOf(archive));
 }
 
