@@ -198,7 +198,9 @@ TEST_F(ShownNamesTest, TheNameAtHandIsTheOneWithTheKeyboard) {
     get<QWidget>(each.widget).setFocus();
     const auto here = window->nameHere();
     ASSERT_EQ(here.has_value(), each.name != nullptr);
-    if (here) EXPECT_EQ(here->name, each.name);
+    if (here) {
+      EXPECT_EQ(here->name, each.name);
+    }
   }
 }
 
