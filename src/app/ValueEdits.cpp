@@ -57,6 +57,7 @@ QString FaultOf(const TypedValue& value) {
 
 std::vector<TextEdit> TextEditsOf(const std::vector<LineEdit>& edits) {
   std::vector<TextEdit> made;
+  made.reserve(edits.size());
   for (const LineEdit& edit : edits) made.push_back({edit.line, edit.column, edit.length, edit.text});
   return made;
 }

@@ -164,8 +164,8 @@ bool FullTextTips::eventFilter(QObject* watched, QEvent* event) {
   return true;
 }
 
-void SetTipAt(QWidget& widget, TipAt tip) {
-  widget.setProperty(kTipAt, QVariant::fromValue(std::move(tip)));
+void SetTipAt(QWidget& widget, const TipAt& tip) {
+  widget.setProperty(kTipAt, QVariant::fromValue(tip));
 }
 
 }  // namespace korvane

@@ -29,7 +29,7 @@ class FullTextTips : public QObject {
 // What the widget's tooltip says of the place, in the widget's coordinates, as plain text; empty: nothing. Of
 // a view it is the viewport that is asked.
 using TipAt = std::function<QString(const QPoint& at)>;
-void SetTipAt(QWidget& widget, TipAt tip);
+void SetTipAt(QWidget& widget, const TipAt& tip);
 
 // The text that the widget cuts at the place, in its own coordinates; empty when it cuts none there.
 QString CutTextAt(const QWidget& widget, const QPoint& at);
