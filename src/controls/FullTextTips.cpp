@@ -19,7 +19,6 @@
 #include <QToolTip>
 #include <QVariant>
 
-#include <utility>
 
 #include "controls/ShownText.h"
 
