@@ -19,7 +19,6 @@
 #include <QToolTip>
 #include <QVariant>
 
-
 #include "controls/ShownText.h"
 
 namespace korvane {

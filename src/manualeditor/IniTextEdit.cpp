@@ -334,9 +334,10 @@ void IniTextEdit::replaceAllText(const QByteArray& utf8) {
 // From the last one on, so that none moves the place of another.
 void IniTextEdit::apply(std::span<const TextEdit> edits) {
   send(Sci::SCI_BEGINUNDOACTION);
-  for (auto edit = edits.rbegin(); edit != edits.rend(); ++edit) {
-    const TextSpan span = spanOf(edit->line - 1, edit->column - 1, edit->length);
-    const QByteArray utf8 = Utf8OfFile(edit->text);
+  for (std::size_t i = edits.size(); i-- > 0;) {
+    const TextEdit& edit = edits[i];
+    const TextSpan span = spanOf(edit.line - 1, edit.column - 1, edit.length);
+    const QByteArray utf8 = Utf8OfFile(edit.text);
     send(Sci::SCI_SETTARGETRANGE, span.from, span.to);
     sendText(Sci::SCI_REPLACETARGET, utf8.size(), utf8.constData());
   }
