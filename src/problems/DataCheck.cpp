@@ -43,7 +43,8 @@ std::vector<ObjectErrors> ErrorsOfObjects(const Findings& findings, const Catalo
   std::map<std::pair<std::string, std::string_view>, std::vector<const Finding*>> objects;
   for (const Finding& finding : findings) {
     const CatalogueFile* file = finding.level == Level::error ? catalogue.file(finding.file) : nullptr;
-    const std::string_view name = file == nullptr ? std::string_view() : ObjectAt(*file, finding.line);
+    if (file == nullptr) continue;
+    const std::string_view name = ObjectAt(*file, finding.line);
     if (!name.empty()) objects[{file->source().path.substr(kFolder.size()), name}].push_back(&finding);
   }
   std::vector<ObjectErrors> all;
