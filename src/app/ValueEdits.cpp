@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 
 #include "app/BlockNotices.h"
 #include "app/EditorLauncher.h"
@@ -98,6 +99,20 @@ void ShowInFile(const ShownField& shown, EditorLauncher& launcher) {
   const std::optional<std::string> text = TextOfFile(shown.file, launcher);
   const Field* field = shown.field ? &*shown.field : nullptr;
   GoTo(shown.file, text ? FindValue(*text, shown.block, field) : ValuePlace(), launcher);
+}
+
+std::vector<bool> ShownByFile(std::span<const TypedValue> values) {
+  std::map<QString, FileBytes> files;
+  std::vector<bool> shown;
+  for (const TypedValue& value : values) {
+    const auto [file, isNew] = files.try_emplace(value.shown.file);
+    // Of a file that cannot be read there are no bytes, and no block in them.
+    if (isNew) file->second.read(ProgramPath(value.shown.file.toStdString()), {});
+    const bool sure = FaultOf(value).isEmpty();
+    shown.push_back(sure && ReadValue(file->second.bytes(), value.shown.block, *value.shown.field) ==
+                                ToBytes(value.value));
+  }
+  return shown;
 }
 
 std::vector<Notice> EditInFile(std::span<const TypedValue> values, EditorLauncher& launcher,

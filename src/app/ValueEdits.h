@@ -33,6 +33,9 @@ struct TypedValue {
 // block has no such line. Unsaved text is left as it is.
 void ShowInFile(const ShownField& shown, EditorLauncher& launcher);
 
+// For each value, whether its file on the disk has come to show just that.
+std::vector<bool> ShownByFile(std::span<const TypedValue> values);
+
 // Makes one unsaved change of the file's text in the manual editor out of values of one block, and shows it.
 // What is to be said where that is refused, with links to the lines; nothing is changed then. `owner`: the
 // window whose question it is when other objects name the block too.

@@ -3,6 +3,7 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -82,6 +83,42 @@ void InPlaceTable::addCell(std::string_view text, int column, EditKind kind) {
 void InPlaceTable::finish() {
   model_.show();
   fitRows();
+}
+
+InPlaceTable::KeptPlace::KeptPlace(InPlaceTable& table) : table_(table) {
+  const QModelIndex current = table.currentIndex();
+  if (current.isValid()) {
+    caption_ = table.model_.shownRow(current.row()).caption;
+    before_ = table.sameBefore(current.row());
+    column_ = current.column();
+    selected_ = table.selectionModel()->isSelected(current);
+  }
+  scrolled_ = {table.horizontalScrollBar()->value(), table.verticalScrollBar()->value()};
+}
+
+InPlaceTable::KeptPlace::~KeptPlace() {
+  const int row = column_ < 0 ? -1 : table_.rowOf(caption_, before_);
+  if (row >= 0) {
+    const auto select = selected_ ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                                  : QItemSelectionModel::SelectionFlags(QItemSelectionModel::NoUpdate);
+    table_.selectionModel()->setCurrentIndex(table_.model_.index(row, column_), select);
+  }
+  table_.doItemsLayout();  // or there would be nothing to scroll yet
+  table_.horizontalScrollBar()->setValue(scrolled_.x());
+  table_.verticalScrollBar()->setValue(scrolled_.y());
+}
+
+int InPlaceTable::sameBefore(int row) const {
+  int same = 0;
+  for (int i = 0; i < row; ++i) same += model_.shownRow(i).caption == model_.shownRow(row).caption ? 1 : 0;
+  return same;
+}
+
+int InPlaceTable::rowOf(const QString& caption, int before) const {
+  for (int row = 0; row < model_.rowCount(); ++row) {
+    if (model_.shownRow(row).caption == caption && before-- == 0) return row;
+  }
+  return -1;
 }
 
 const InPlaceTableModel::Row* InPlaceTable::selectedRow() const {

@@ -46,6 +46,28 @@ class InPlaceTable : public QTableView, public TableSink {
   }
   // Some value is not what the last fill put there, or the user inserted a row.
   bool hasTyped() const { return model_.hasTyped(); }
+  // A cell is being typed into.
+  bool isEditing() const { return state() == EditingState; }
+  // What the row shows counts as what the fill put there.
+  void takeAsRead(int row) { model_.takeAsRead(row); }
+
+  // Keeps what is selected and in sight while an object lives, whatever is filled in meanwhile. A row is
+  // known by its caption.
+  class KeptPlace {
+   public:
+    explicit KeptPlace(InPlaceTable& table);
+    ~KeptPlace();
+    KeptPlace(const KeptPlace&) = delete;
+    KeptPlace& operator=(const KeptPlace&) = delete;
+
+   private:
+    InPlaceTable& table_;
+    QString caption_;
+    int before_ = 0;  // rows above it with the same caption
+    int column_ = -1;
+    bool selected_ = false;
+    QPoint scrolled_;
+  };
 
   // The selected row, or nothing; good until the next fill.
   const InPlaceTableModel::Row* selectedRow() const;
@@ -63,6 +85,9 @@ class InPlaceTable : public QTableView, public TableSink {
  private:
   void fitColumns();
   void fitRows();
+  // How many rows above this one have its caption, and the row that this is true of; -1.
+  int sameBefore(int row) const;
+  int rowOf(const QString& caption, int before) const;
   int rowHeightFor(int row) const;
   // The nearest value after (step 1) or before (step -1) the row that can be edited.
   QModelIndex nextEditable(int row, int step) const;

@@ -120,6 +120,12 @@ bool InPlaceTableModel::setData(const QModelIndex& cell, const QVariant& text, i
   return true;
 }
 
+void InPlaceTableModel::takeAsRead(int row) {
+  shown_.at(static_cast<std::size_t>(row)).read.reset();
+  Q_EMIT dataChanged(index(row, kValue), index(row, kValue));
+  Q_EMIT typedChanged();
+}
+
 bool InPlaceTableModel::hasTyped() const {
   return inserted_ || std::ranges::any_of(shown_, [](const Row& row) { return row.read.has_value(); });
 }

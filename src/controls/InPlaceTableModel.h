@@ -40,6 +40,8 @@ class InPlaceTableModel : public QAbstractTableModel {
   void setChoices(ChoiceList choices);
   void markCaptions();
   void show();
+  // A value that was typed into a shown row counts as read.
+  void takeAsRead(int row);
 
   // The rows being collected, or else those that are seen.
   const std::vector<Row>& rows() const { return collecting_ ? next_ : shown_; }

@@ -22,6 +22,7 @@
 #include "editors/ListAndTable.h"
 #include "editors/NearestNames.h"
 #include "ini/Blocks.h"
+#include "platform/EventYield.h"
 #include "platform/MessageBoxes.h"
 #include "platform/TextEncoding.h"
 
@@ -41,7 +42,7 @@ constexpr QSize kLeastSize(400, 260);
 constexpr const char* kNameCommands[] = {"showInFile", "", "goToDefinition", "findUses", "namesUsed"};
 
 // The parts of the notice bar.
-enum Notices { soughtNotices, entryNotices, typedNotices, editNotices };
+enum Notices { soughtNotices, entryNotices, typedNotices, editNotices, readAgainNotices };
 
 bool BeginsWithWord(const QString& text, const QString& word) {
   if (word.isEmpty() || !text.startsWith(word, Qt::CaseInsensitive)) return false;
@@ -252,11 +253,50 @@ void TableEditor::showEntry(const QModelIndex& entry) {
   // "[*]" means something to Qt unless it is written twice.
   const QString shown = ShownText(name).replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
   setWindowTitle(shown + QStringLiteral(" - ") + entry_.title);
+  fillTable(name);
+}
+
+void TableEditor::fillTable(const QString& name) {
   const std::string text = (context_.parser.*entry_.fill)(ToBytes(name), table());
   shown_ = name;
   table().setAllCaptionsRedAndBold();
   table().finish();
+  notices_->clear(readAgainNotices);
   tellAboutEntry(name, text);
+}
+
+void TableEditor::fileSaved(const QString& file) {
+  const bool isShown = shown_ && file.compare(shownField(*shown_).file, Qt::CaseInsensitive) == 0;
+  if (isShown) again_.start();
+}
+
+bool TableEditor::readAgain() {
+  if (calls_.isClosed()) return true;
+  if (const ParserTurn turn(context_.parser); !turn) return false;
+  if (takeSavedAsRead()) return fillAgain();
+  notices_->tell(readAgainNotices, {ReadAgainNotice(shownField(*shown_).file, [this] { fillAgain(); })});
+  return true;
+}
+
+// False while the parser is taken.
+bool TableEditor::fillAgain() {
+  const WindowCalls::Running call(calls_);
+  const ParserTurn turn(context_.parser);
+  if (!turn) return false;
+  const EventYield::HeldInput held(context_.services.yield);
+  const InPlaceTable::KeptPlace place(table());
+  fillTable(QString(*shown_));
+  return true;
+}
+
+// False when something else is typed too, or is about to be.
+bool TableEditor::takeSavedAsRead() {
+  const std::vector<bool> saved = ShownByFile(typedValues());
+  std::size_t value = 0;
+  for (int row = 0; row < table().rowCount(); ++row) {
+    if (table().row(row).read && saved[value++]) table().takeAsRead(row);
+  }
+  return !table().hasTyped() && !table().isEditing();
 }
 
 ShownField TableEditor::shownField(const QString& name) const {
@@ -269,7 +309,7 @@ ShownField TableEditor::shownField(int row) const {
   std::size_t before = 0;
   const QString& caption = pane_->table().row(row).caption;
   for (int i = 0; i < row; ++i) before += pane_->table().row(i).caption == caption ? 1 : 0;
-  ShownField shown = shownField(shown_);
+  ShownField shown = shownField(shown_.value_or(QString()));
   shown.field = RowField(entry_.kind, ToBytes(caption), before);
   return shown;
 }

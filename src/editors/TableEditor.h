@@ -13,6 +13,7 @@
 #include "app/BlockNotices.h"
 #include "app/Commands.h"
 #include "app/NameSource.h"
+#include "app/ReadingAgain.h"
 #include "app/Services.h"
 #include "app/ValueEdits.h"
 #include "controls/InPlaceTable.h"
@@ -58,6 +59,10 @@ class TableEditor : public QMainWindow, public NameSource {
   // The entry of this name, letter case ignored, as if it had been clicked. False when there is none.
   bool clickEntry(const QString& name);
 
+  // A file of the game folder (the program's path) was saved: reads what the table shows of it again, as soon
+  // as the parser is free. Offers that instead while something is typed.
+  void fileSaved(const QString& file);
+
   std::optional<NameHere> nameHere() const override;
   std::optional<ItemPlace> placeHere() const override;
 
@@ -94,6 +99,10 @@ class TableEditor : public QMainWindow, public NameSource {
   std::optional<NameHere> nameAt(const QModelIndex& cell) const;
   void showNamed(const QString& name);
   void showEntry(const QModelIndex& entry);
+  void fillTable(const QString& name);
+  bool readAgain();
+  bool fillAgain();
+  bool takeSavedAsRead();
   void tellTyped();
   ShownField shownField(const QString& name) const;
   ShownField shownField(int row) const;
@@ -111,8 +120,9 @@ class TableEditor : public QMainWindow, public NameSource {
   NoticeBar* notices_;
   Commands commands_{*this};
   QPersistentModelIndex settled_;  // the entry to go back to when a choice is refused
-  QString shown_;                  // the entry whose block the table shows
+  std::optional<QString> shown_;   // the entry whose block the table shows
   bool loaded_ = false;
+  ReadingAgain again_{[this] { return readAgain(); }};
   WindowCalls calls_{*this, [this] { Q_EMIT closedForGood(); }};
 };
 

@@ -51,6 +51,7 @@ FileEdits::FileEdits(QWidget& window, UnitFields& fields, TypedMarks& typed, Not
                      EditorLauncher& launcher)
     : window_(window),
       fields_(fields),
+      typed_(typed),
       notices_(notices),
       display_(display),
       services_(services),
@@ -97,6 +98,15 @@ void FileEdits::editInFile() {
   }
   if (files.size() == 1) edit(files.front());
   if (files.size() > 1) offerEach(files);
+}
+
+bool FileEdits::takeSavedAsRead() {
+  const std::vector<TypedMarks::Typed> typed = typed_.typed();
+  const std::vector<bool> saved = ShownByFile(sources_.typedOf(display_.shownObject()));
+  for (std::size_t i = 0; i < typed.size(); ++i) {
+    if (saved[i]) typed_.takeAsRead(typed[i].field);
+  }
+  return typed_.typed().empty();
 }
 
 void FileEdits::offerEach(const std::vector<std::vector<TypedValue>>& files) {

@@ -21,6 +21,8 @@ class FileEdits {
   // What was typed, as one unsaved change of its file. Values of two files are edited one file after the
   // other.
   void editInFile();
+  // What was typed and is saved by now counts as read. False when something else is typed too.
+  bool takeSavedAsRead();
 
  private:
   void edit(const std::vector<TypedValue>& values);
@@ -29,6 +31,7 @@ class FileEdits {
 
   QWidget& window_;
   UnitFields& fields_;
+  TypedMarks& typed_;
   NoticeBar& notices_;
   const ObjectDisplay& display_;
   const Services& services_;

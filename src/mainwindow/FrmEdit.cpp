@@ -122,6 +122,7 @@ void FrmEdit::buildCommands() {
 
 void FrmEdit::connectButtons() {
   connect(TVMenu_, &QTreeView::clicked, display_, &ObjectDisplay::select);
+  connect(display_, &ObjectDisplay::wasRead, notices_, [this] { notices_->clear(readAgainNotices); });
   connect(fields_.CmdME_FINI, &QPushButton::clicked, this, [this] { launch_.editObjectFile(); });
   connect(fields_.Btn_LEdit, &QPushButton::clicked, this, [this] { launch_.editLocomotors(); });
   connect(fields_.Btn_FEdit, &QPushButton::clicked, this, [this] { launch_.editObjectBlock(); });
@@ -186,6 +187,20 @@ bool FrmEdit::showObject(const QString& path, const QString& name) {
   Present(*this);
   if (!IsObjectNode(*objects_.node(index))) return false;
   display_->select(index);
+  return true;
+}
+
+void FrmEdit::fileSaved(const QString& file) {
+  if (!display_->readsFrom(file)) return;
+  savedFile_ = file;
+  again_.start();
+}
+
+bool FrmEdit::readAgain() {
+  if (const ParserTurn turn(SParse1_); !turn) return false;
+  if (fileEdits_->takeSavedAsRead()) return display_->readAgain();
+  const auto read = [this] { display_->readAgain(); };
+  notices_->tell(readAgainNotices, {ReadAgainNotice(savedFile_, read)});
   return true;
 }
 

@@ -12,6 +12,7 @@
 #include "app/Commands.h"
 #include "app/NameSource.h"
 #include "app/ObjectErrors.h"
+#include "app/ReadingAgain.h"
 #include "app/Services.h"
 #include "app/UnitChoices.h"
 #include "controls/ClickView.h"
@@ -68,6 +69,10 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   // The selected object.
   std::optional<ItemPlace> placeHere() const override;
 
+  // A file of the game folder (the program's path) was saved: reads what is shown of it again, as soon as the
+  // parser is free. Offers that instead while something is typed.
+  void fileSaved(const QString& file);
+
   // What was seen when the program was last ended, when the user wants that.
   void restoreLastView();
 
@@ -102,6 +107,7 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   void leave();
   void startAgain();
   void remember();
+  bool readAgain();
 
   const Services& services_;
   EditorLauncher& launcher_;
@@ -120,6 +126,8 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   LaunchCommands launch_;
   Commands commands_{*this};
   std::optional<FileEdits> fileEdits_;
+  ReadingAgain again_{[this] { return readAgain(); }};
+  QString savedFile_;  // the last one that what is shown was read from
   std::optional<RowMenus> menus_;
   std::optional<ShownNames> names_;
   QTimer Timer1_{this};

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/ManualEditRequest.h"
 #include "controls/MaskedField.h"
 #include "controls/ShownText.h"
 #include "files/NativePath.h"
@@ -20,6 +21,7 @@
 #include "ini/IniText.h"
 #include "mainwindow/BusyWindow.h"
 #include "mainwindow/FrmColData.h"
+#include "mainwindow/KeptFields.h"
 #include "mainwindow/ObjectNotices.h"
 #include "mainwindow/ObjectTreeModel.h"
 #include "mainwindow/StatusPanels.h"
@@ -87,6 +89,23 @@ void AddCondition(QComboBox& list, const std::string& weaponSet) {
 void Select(QComboBox& list, int index) {
   const QSignalBlocker silent(list);
   list.setCurrentIndex(index);
+}
+
+// An entry of a list that is filled anew.
+struct Entry {
+  int index = -1;
+  QString text{};
+};
+
+Entry EntryOf(const QComboBox& list) {
+  return {list.currentIndex(), list.currentText()};
+}
+
+// Where it stands now: in its old place where that has its text, else where the text stands, else first.
+int IndexOf(const Entry& entry, const QComboBox& list) {
+  if (list.count() == 0) return -1;
+  const bool stays = entry.index >= 0 && list.itemText(entry.index) == entry.text;
+  return stays ? entry.index : std::max(list.findText(entry.text, Qt::MatchExactly), 0);
 }
 
 // Puts the handling values of a locomotor into the masked fields.
@@ -225,6 +244,7 @@ void ObjectDisplay::showNode(const ObjectNode& node) {
   } else {
     notices_.clear();
   }
+  Q_EMIT wasRead();
   DisplayReady_ = true;
   services_.yield.fullTurn();
 }
@@ -251,70 +271,106 @@ void ObjectDisplay::reportNode(const ObjectNode& node) {
 }
 
 void ObjectDisplay::showObject(const ObjectNode& node, BusyWindow& busy) {
-  const std::string& file = node.file;
-  shownObject_ = {node.text, file};
+  shownObject_ = {node.text, node.file};
   fields_.F_Tab->setEnabled(true);
   FrmColData progress(window_);
   connect(&progress, &FrmColData::cameUp, &progress, [&busy] { busy.showChanges(); });
   selectInfoTab();
-  parser_.ObjectName = node.text;
-  readTextFields(file, progress);
+  readValues(Choices::first, [&progress](int stage) { progress.setStage(stage); });
+}
+
+bool ObjectDisplay::readAgain() {
+  const ParserTurn turn(parser_);
+  if (!turn) return false;
+  const ObjectNode* node = selectedNode();
+  const bool isShown = node != nullptr && node == model_.node(shownNode_) && fields_.F_Tab->isEnabled();
+  if (!isShown || !FileExists(objectPath(*node))) return true;
+  const EventYield::HeldInput held(services_.yield);
+  const KeptFields kept(fields_);
+  {
+    const TypedMarks::Reading reading = typed_.readsAll();
+    readValues(Choices::kept, [](int) {});
+    ShowText(*fields_.CboArmour, armour_);
+  }
+  information_.UpdateLV();
+  notices_.tellAbout(*node);
+  Q_EMIT wasRead();
+  return true;
+}
+
+bool ObjectDisplay::readsFrom(const QString& file) const {
+  const std::array files = {std::string_view(shownObject_.file), kLocomotorFile, kWeaponFile, kArmorFile};
+  return !shownObject_.name.empty() && std::ranges::any_of(files, [&](std::string_view each) {
+    const QString path = DataFilePath(services_.folders, DataFolder::ini, FromBytes(each));
+    return path.compare(file, Qt::CaseInsensitive) == 0;
+  });
+}
+
+void ObjectDisplay::readValues(Choices choices, const StageDone& done) {
+  const std::string& file = shownObject_.file;
+  parser_.ObjectName = shownObject_.name;
+  readTextFields(file, done);
   armour_ = FromBytes(parser_.GetParameterValue(kObject, "Armor ", file)).section(kCrLf, 0, 0);
-  progress.setStage(armourRead);
+  done(armourRead);
   choices_.readWeapons();
-  progress.setStage(weaponsRead);
-  readWeaponSets(file);
-  progress.setStage(weaponSetsRead);
-  readLocomotorTabs();
-  progress.setStage(tabsRead);
+  done(weaponsRead);
+  readWeaponSets(file, choices);
+  done(weaponSetsRead);
+  readLocomotorTabs(choices);
+  done(tabsRead);
   choices_.readLocomotors();
-  progress.setStage(locomotorsRead);
+  done(locomotorsRead);
   choices_.readArmours();
-  progress.setStage(allRead);
+  done(allRead);
   const int selected = fields_.LocoTab->currentIndex();
   if (selected >= 0) ShowText(*fields_.CboLocomotor, TabCaption(*fields_.LocoTab, selected));
 }
 
-void ObjectDisplay::readTextFields(const std::string& file, FrmColData& progress) {
+void ObjectDisplay::readTextFields(const std::string& file, const StageDone& done) {
   int stage = 0;
   for (const TextField& text : kTextFields) {
     QLineEdit& field = *(fields_.*text.field);
     field.setText(WithoutLineBreaks(parser_.GetParameterValue(kObject, text.key, file)));
     field.setCursorPosition(0);
-    progress.setStage(++stage);
+    done(++stage);
   }
 }
 
-void ObjectDisplay::readWeaponSets(const std::string& file) {
+void ObjectDisplay::readWeaponSets(const std::string& file, Choices choices) {
   parser_.ExtractWeapons(parser_.GetObjectText(kObject, file));
   const std::vector<std::string>& sets = parser_.WeaponSetTexts();
+  const Entry before = choices == Choices::kept ? EntryOf(*fields_.Conditions) : Entry();
   for (QComboBox* list : {fields_.CondCombo, fields_.Conditions}) {
     list->clear();
     for (std::size_t i = 0; i + 1 < sets.size(); ++i) AddCondition(*list, sets[i]);
-    Select(*list, list->count() == 0 ? -1 : 0);
+    Select(*list, IndexOf(before, *list));
   }
   showWeaponsOf(fields_.Conditions->currentIndex());
 }
 
-void ObjectDisplay::readLocomotorTabs() {
+void ObjectDisplay::readLocomotorTabs(Choices choices) {
   QStringList names;
   for (const std::string& name : parser_.LocomotorNames(selectedObject()))
     names << ShownText(FromBytes(name));
-  {
-    const QSignalBlocker silent(fields_.LocoTab);
-    while (fields_.LocoTab->count() > 0) fields_.LocoTab->removeTab(0);
-    for (const QString& name : names) {
-      const int position = fields_.LocoTab->addTab({});
-      SetTabCaption(*fields_.LocoTab, position, name);
-      fields_.LocoTab->setTabData(position, "PvKey" + QString::number(position + 1));
-    }
-    fields_.LocoTab->setCurrentIndex(names.isEmpty() ? -1 : 0);
-    fields_.LocoTab->updateGeometry();  // on a page that is not shown it does not tell its layout by itself
-  }
+  const Entry before = choices == Choices::kept ? EntryOf(*fields_.CboLoco) : Entry();
   fields_.CboLoco->clear();
   fields_.CboLoco->addItems(names);
-  showLocomotorOf(fields_.LocoTab->currentIndex());
-  Select(*fields_.CboLoco, names.isEmpty() ? -1 : 0);
+  const int tab = IndexOf(before, *fields_.CboLoco);
+  showLocomotorNames(names, tab);
+  showLocomotorOf(tab);
+  Select(*fields_.CboLoco, tab);
+}
+
+void ObjectDisplay::showLocomotorNames(const QStringList& names, int current) {
+  const QSignalBlocker silent(fields_.LocoTab);
+  while (fields_.LocoTab->count() > 0) fields_.LocoTab->removeTab(0);
+  for (const QString& name : names) {
+    const int position = fields_.LocoTab->addTab({});
+    SetTabCaption(*fields_.LocoTab, position, name);
+    fields_.LocoTab->setTabData(position, "PvKey" + QString::number(position + 1));
+  }
+  fields_.LocoTab->setCurrentIndex(current);
+  fields_.LocoTab->updateGeometry();  // on a page that is not shown it does not tell its layout by itself
 }
 
 void ObjectDisplay::conditionChosen(int index) {

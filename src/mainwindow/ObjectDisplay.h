@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QPersistentModelIndex>
 
+#include <functional>
 #include <string>
 
 #include "app/Services.h"
@@ -39,6 +40,12 @@ class ObjectDisplay : public QObject {
   // and where they stop is shown too.
   void select(const QModelIndex& index);
 
+  // Reads the shown object once more; where the user is stays as it is. What is typed goes. False, and
+  // nothing is done, while something else reads.
+  bool readAgain();
+  // The fields show values of the file (the program's path).
+  bool readsFrom(const QString& file) const;
+
   // Brings the tab of the settings to the front, if they name one.
   void selectInfoTab();
 
@@ -51,6 +58,10 @@ class ObjectDisplay : public QObject {
   // The object whose values the fields hold; empty texts before the first.
   const SelectedObject& shownObject() const { return shownObject_; }
 
+ Q_SIGNALS:
+  // The fields show what the files hold now.
+  void wasRead();
+
  private:
   void connectFields();
   void connectLists();
@@ -62,9 +73,14 @@ class ObjectDisplay : public QObject {
   ProgramPath objectPath(const ObjectNode& node) const;
 
   void showObject(const ObjectNode& node, BusyWindow& busy);
-  void readTextFields(const std::string& file, FrmColData& progress);
-  void readWeaponSets(const std::string& file);
-  void readLocomotorTabs();
+  // Which weapon set and which locomotor are chosen when they have been read.
+  enum class Choices { first, kept };
+  using StageDone = std::function<void(int)>;
+  void readValues(Choices choices, const StageDone& done);
+  void readTextFields(const std::string& file, const StageDone& done);
+  void readWeaponSets(const std::string& file, Choices choices);
+  void readLocomotorTabs(Choices choices);
+  void showLocomotorNames(const QStringList& names, int current);
 
   void conditionChosen(int index);
   void showWeaponsOf(int weaponSet);

@@ -17,7 +17,14 @@ struct ObjectNode;
 struct Services;
 
 // The parts of the main window's notice bar, in the order in which they are seen.
-enum MainNotices { missingFileNotices, lineEndNotices, objectNotices, typedNotices, editNotices };
+enum MainNotices {
+  missingFileNotices,
+  lineEndNotices,
+  objectNotices,
+  typedNotices,
+  editNotices,
+  readAgainNotices
+};
 
 // Says where what is shown is not what the chosen node promises, and once there is a catalogue, what that
 // knows of the object: at once from what has been read, and again a little after the last selection, when

@@ -86,6 +86,13 @@ std::vector<TypedMarks::Typed> TypedMarks::typed() const {
   return all;
 }
 
+void TypedMarks::takeAsRead(const QLineEdit* field) {
+  Watched& each = watched(field);
+  each.read = field->displayText();
+  mark(each, false);
+  tell();
+}
+
 QString TypedMarks::readText(const QLineEdit* field) const {
   const auto found = std::ranges::find(watched_, field, &Watched::field);
   return found == watched_.end() ? QString() : found->read;

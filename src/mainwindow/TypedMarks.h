@@ -42,6 +42,8 @@ class TypedMarks : public QObject {
     QString before;
   };
   std::vector<Typed> typed() const;
+  // What the field shows counts as read.
+  void takeAsRead(const QLineEdit* field);
   // What was last read into a field of the marked ones.
   QString readText(const QLineEdit* field) const;
 

@@ -336,7 +336,7 @@ void FrmManEdit::showClock() {
 void FrmManEdit::save() {
   const WindowCalls::Running call(calls_);
   showState("Saving...");
-  if (openText_->save()) Q_EMIT fileSaved();
+  if (openText_->save()) Q_EMIT fileSaved(openText_->file());
   showState("Idle");
 }
 

@@ -82,7 +82,7 @@ class FrmManEdit : public QMainWindow, public NameSource {
 
  Q_SIGNALS:
   void searchAsked(SearchCommand command);
-  void fileSaved();
+  void fileSaved(const QString& file);
   // The text of an archive is to become a file of the game folder.
   void extractAsked(const FilePlace& place);
   // The window can go, see WindowCalls.

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <array>
 
-#include "textview/ScrollMarks.h"
+#include "manualeditor/ScrollMarks.h"
 
 namespace korvane {
 

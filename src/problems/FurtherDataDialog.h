@@ -4,7 +4,6 @@
 #include <QDialog>
 #include <QStringList>
 
-class QFileDialog;
 class QListWidget;
 class QPushButton;
 
@@ -26,8 +25,6 @@ class FurtherDataDialog : public QDialog {
  private:
   void addFolder();
   void addArchives();
-  // Adds what the user chooses there.
-  void choose(QFileDialog& dialog);
   void remove();
 
   MessageBoxes& messages_;

@@ -231,13 +231,26 @@ FrmManEdit* Program::makeManualEditor() {
   QObject::connect(window, &FrmManEdit::extractAsked, window, [this, window](const FilePlace& place) {
     if (places_.extract(place, *window)) names_.filesChanged();
   });
-  QObject::connect(window, &FrmManEdit::fileSaved, window, [this] { names_.filesChanged(); });
+  QObject::connect(window, &FrmManEdit::fileSaved, window, [this](const QString& file) { fileSaved(file); });
   searchDesk_.addPopup(*window, [window](int line) { window->goToLine(line); });
   return window;
 }
 
 void Program::showManualEditor(const ManualEditRequest& request) {
   if (manualEditor_.get().open(request)) Present(manualEditor_.get());
+}
+
+// What windows show of the file is read again.
+void Program::fileSaved(const QString& file) {
+  names_.filesChanged();
+  if (mainWindow_) mainWindow_->fileSaved(file);
+  const auto tell = [&file](const auto& editor) {
+    if (auto* window = editor.existing()) window->fileSaved(file);
+  };
+  tell(weaponEditor_);
+  tell(armourEditor_);
+  tell(commandSetEditor_);
+  tell(commandButtonEditor_);
 }
 
 bool Program::goToInManualEditor(const QString& file, const ManualEditPlace& place) {
@@ -312,7 +325,7 @@ QString Program::fileWithUnsavedText() const {
 
 QString Program::convertLineEnds(const QString& path) {
   const QString problem = ConvertLineEnds(path, files_, *versions_);
-  names_.filesChanged();
+  fileSaved(path);
   return problem;
 }
 

@@ -82,6 +82,7 @@ class Program : public EditorLauncher, public StartupWindows {
  private:
   void runSplash();
   void tellTorn();
+  void fileSaved(const QString& file);
 
   FrmManEdit* makeManualEditor();
   FrmOpt* makeOptions();

@@ -1,97 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <gtest/gtest.h>
-
-#include <QAction>
-#include <QLabel>
-#include <QLineEdit>
-#include <QRegularExpression>
 #include <QTabWidget>
-#include <QTest>
 #include <QTreeView>
 
-#include "controls/InPlaceTable.h"
-#include "controls/NoticeBar.h"
-#include "mainwindow/FrmEdit.h"
-#include "manualeditor/FrmManEdit.h"
-#include "manualeditor/IniTextEdit.h"
-#include "startup/Program.h"
-#include "support/TestDesk.h"
-#include "support/Windows.h"
+#include "startup/FileDesk.h"
 
 namespace korvane {
 namespace {
 
-constexpr const char* kFile = "Data/INI/Object/FactionUnit.ini";
-constexpr std::string_view kUnits =
-    "; units\n"
-    "Object JeepWreck\n  BuildCost = 1\nEnd\n"
-    "Object Tank\n  BuildCost   = 900 ; was 800\n  BuildTime = 8.0\n"
-    "  VisionRange = 150\n  VisionRange = 90\n  Locomotor = SET_NORMAL Tracks\nEnd\n"
-    "Object Jeep\n  BuildCost = 2\nEnd\n";
-
 // From the fields of the main window to the lines of the files.
-class EditInFile : public testing::Test, protected TestDesk {
- protected:
-  void SetUp() override {
-    game.objects("FactionUnit.ini", kUnits);
-    game.ini("Locomotor.ini", "Locomotor Tracks\n  Speed = 40 ; fast\n  TurnRate = 22.5\nEnd\n");
-    ObjectTreeModel& tree = window.objects();
-    tree.addNode({"FactionUnit.ini", "Player Units", "", "FactionUnit.ini"});
-    tree.addNode({"FUOther", "Other", "FactionUnit.ini", "FactionUnit.ini"});
-    for (const char* name : {"Tank", "Jeep"})
-      tree.addNode({std::string("Key") + name, name, "FUOther", "FactionUnit.ini", NodeKind::object,
-                    "Object\\FactionUnit.ini"});
-    window.show();
-    window.prepareInformationList();
-    show("Tank");
-  }
-
-  void show(const char* name) { ASSERT_TRUE(window.showObject("Data\\INI\\Object\\FactionUnit.ini", name)); }
-  QLineEdit& field(const char* name) const { return *window.findChild<QLineEdit*>(name); }
-  // The user's typing over what the field shows.
-  void type(const char* name, const char* text) const {
-    field(name).selectAll();
-    QTest::keyClicks(&field(name), text);
-  }
-  QStringList notices() const { return window.findChild<NoticeBar*>("NoticeBar")->sentences(); }
-  static const char* WindowOf(TableEditorId editor) {
-    return editor == TableEditorId::armours       ? "FrmArmour"
-           : editor == TableEditorId::commandSets ? "FrmCmdSet"
-                                                  : "FrmCmdBtn";
-  }
-  void follow(const char* caption) const { followIn(window, caption); }
-  static void followIn(const QWidget& inWindow, const char* caption) {
-    const QRegularExpression link("href=\"(\\d+)\">" + QRegularExpression::escape(QString(caption)));
-    for (QLabel* label : inWindow.findChild<NoticeBar*>("NoticeBar")->findChildren<QLabel*>("Notice")) {
-      const auto found = link.match(label->text());
-      if (!found.hasMatch()) continue;
-      Q_EMIT label->linkActivated(found.captured(1));
-      QApplication::processEvents();
-      return;
-    }
-    FAIL() << "no link " << caption;
-  }
-  void editInFile() const {
-    follow("Edit in file");
-    waitForEditor();
-  }
-  static void waitForEditor() {
-    EXPECT_TRUE(QTest::qWaitFor([] {
-      const auto* editor = qobject_cast<FrmManEdit*>(VisibleWindow("FrmManEdit"));
-      return editor != nullptr && editor->ManEditInitDone();
-    }));
-  }
-  static IniTextEdit& text() { return *WindowNamed("FrmManEdit")->findChild<IniTextEdit*>("TxtManEdit"); }
-  static std::string edited() { return text().fileBytes().bytes; }
-  static std::string with(std::string_view before, std::string_view after) {
-    std::string units = GameFolder::CrLf(kUnits);
-    return units.replace(units.find(before), before.size(), after);
-  }
-  void undo() const { QTest::keyClick(text().focusProxy(), Qt::Key_Z, Qt::ControlModifier); }
-
-  Program program{services, folders, {}};
-  FrmEdit& window{program.mainWindow()};
-};
+class EditInFile : public FileDesk {};
 
 TEST_F(EditInFile, APriceIsChangedInTwoClicksAndSaved) {
   type("TxtCost", "1000");
@@ -101,7 +18,7 @@ TEST_F(EditInFile, APriceIsChangedInTwoClicksAndSaved) {
   EXPECT_EQ(text().selectedText(), "1000");
   EXPECT_EQ(text().cursorLine(), 5);
   EXPECT_EQ(game.read(kFile), GameFolder::CrLf(kUnits));  // until it is saved
-  WindowNamed("FrmManEdit")->findChild<QAction*>("MnuSave")->trigger();
+  save();
   EXPECT_EQ(game.read(kFile), with("900", "1000"));
   show("Jeep");
   show("Tank");
@@ -192,7 +109,7 @@ TEST_F(EditInFile, CellsOfATableAreEditedInTheirFile) {
     EXPECT_EQ(messages.asked.size(), c.asks ? 1U : 0U);
     EXPECT_EQ(edited(), GameFolder::CrLf(c.after));
     EXPECT_EQ(text().selectedText(), c.typed);
-    WindowNamed("FrmManEdit")->findChild<QAction*>("MnuSave")->trigger();
+    save();
   }
 }
 

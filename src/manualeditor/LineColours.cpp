@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "textview/LineColours.h"
+#include "manualeditor/LineColours.h"
 
 #include <algorithm>
 #include <cstddef>
