@@ -11,7 +11,7 @@
 
 #include "controls/Icons.h"
 #include "controls/ShownText.h"
-#include "manualeditor/ScrollMarks.h"
+#include "textview/ScrollMarks.h"
 
 namespace korvane {
 

@@ -6,8 +6,8 @@
 
 #include <vector>
 
-#include "manualeditor/ScintillaView.h"
 #include "manualeditor/TextCheck.h"
+#include "textview/ScintillaView.h"
 
 class QPalette;
 class QPoint;

@@ -13,9 +13,9 @@
 #include <array>
 
 #include "manualeditor/FindingMarks.h"
-#include "manualeditor/LineColours.h"
 #include "manualeditor/LineMarks.h"
-#include "manualeditor/ScrollMarks.h"
+#include "textview/ScrollMarks.h"
+#include "textview/TextLook.h"
 
 namespace korvane {
 
@@ -23,7 +23,6 @@ namespace {
 
 using Sci = QsciScintillaBase;
 
-constexpr int kSizeFactor = Sci::SC_FONT_SIZE_MULTIPLIER;
 constexpr int kNumberMargin = 0;
 constexpr int kFoldMargin = 3;
 constexpr int kTextMargin = 4;  // pixels between the line numbers and the text
@@ -34,10 +33,6 @@ constexpr int kStrikeIndicator = 20;
 constexpr std::size_t kAnnounced = 1 << 17;
 constexpr int kEdits = Sci::SC_MOD_INSERTTEXT | Sci::SC_MOD_DELETETEXT;
 constexpr int kEditsToCome = Sci::SC_MOD_BEFOREINSERT | Sci::SC_MOD_BEFOREDELETE;
-constexpr int kColourStep = 1 << 18;   // bytes that are coloured in one go
-constexpr int kCurrentLineShare = 20;  // of the highlight colour in the current line's background, in percent
-constexpr int kMarginShare = 6;        // of the text colour in the background of the line numbers
-constexpr int kNumberShare = 55;       // of the text colour in the line numbers
 
 struct MarkStyle {
   TextMark mark;
@@ -59,29 +54,13 @@ const MarkStyle& StyleOf(TextMark mark) {
                        [mark](const MarkStyle& style) { return style.mark == mark; });
 }
 
-struct KindColour {
-  TextKind kind;
-  QRgb onLight;
-  QRgb onDark;
-};
-constexpr std::array kKindColours = {
-    KindColour{TextKind::comment, 0xFF4F7A4F, 0xFF8FB88F},
-    KindColour{TextKind::header, 0xFF1F4E9C, 0xFF8AB4F0},
-    KindColour{TextKind::end, 0xFF7D4A94, 0xFFC9A0DC},
-    KindColour{TextKind::key, 0xFF1E6478, 0xFF86C5D8},
-};
-
-QColor Mixed(const QColor& a, const QColor& b, int percentOfA) {
-  const auto part = [percentOfA](int x, int y) { return (x * percentOfA + y * (100 - percentOfA)) / 100; };
-  return {part(a.red(), b.red()), part(a.green(), b.green()), part(a.blue(), b.blue())};
-}
-
 }  // namespace
 
 IniTextEdit::IniTextEdit(QWidget* parent)
     : QWidget(parent),
       text_(new QsciScintilla(this)),
       view_(*text_),
+      look_(new TextLook(view_)),
       scrollMarks_(new ScrollMarks(*text_->verticalScrollBar())),
       lineMarks_(new LineMarks(view_, *scrollMarks_)),
       findingMarks_(new FindingMarks(view_, *scrollMarks_)),
@@ -101,7 +80,6 @@ IniTextEdit::IniTextEdit(QWidget* parent)
   });
   connect(text_, &QsciScintilla::modificationChanged, this, &IniTextEdit::modificationChanged);
   connect(text_, &Sci::SCN_ZOOM, this, &IniTextEdit::fitNumberMargin);
-  connect(text_, &Sci::SCN_STYLENEEDED, this, &IniTextEdit::colourTo);
 }
 
 void IniTextEdit::prepare() {
@@ -350,46 +328,17 @@ void IniTextEdit::setTextFont(const QFont& font) {
 }
 
 void IniTextEdit::applyFont() {
-  const QByteArray family = font_.family().toUtf8();
-  constexpr auto kAll = Sci::STYLE_DEFAULT;
-  sendText(Sci::SCI_STYLESETFONT, kAll, family.constData());
-  send(Sci::SCI_STYLESETSIZEFRACTIONAL, kAll, qRound(font_.pointSizeF() * kSizeFactor));
-  send(Sci::SCI_STYLESETWEIGHT, kAll, font_.weight());
-  send(Sci::SCI_STYLESETITALIC, kAll, font_.italic());
-  send(Sci::SCI_STYLESETUNDERLINE, kAll, font_.underline());
   applyColours();
   fitNumberMargin();
   strikeOut();
 }
 
 void IniTextEdit::applyColours() {
-  // The window is disabled while it is set up, but not read then.
-  const QColor paper = palette().color(QPalette::Active, QPalette::Base);
-  const QColor ink = palette().color(QPalette::Active, QPalette::Text);
-  const QColor highlight = palette().color(QPalette::Active, QPalette::Highlight);
-  const bool dark = paper.lightness() < ink.lightness();
-  const auto setColour = [this](unsigned message, int style, const QColor& colour) {
-    text_->SendScintilla(message, static_cast<unsigned long>(style), colour);
-  };
-  setColour(Sci::SCI_STYLESETFORE, Sci::STYLE_DEFAULT, ink);
-  setColour(Sci::SCI_STYLESETBACK, Sci::STYLE_DEFAULT, paper);
-  send(Sci::SCI_STYLECLEARALL);
-  for (const KindColour& colour : kKindColours) {
-    setColour(Sci::SCI_STYLESETFORE, static_cast<int>(colour.kind),
-              QColor(dark ? colour.onDark : colour.onLight));
-  }
-  text_->setMarginsForegroundColor(Mixed(ink, paper, kNumberShare));
-  const QColor margin = Mixed(ink, paper, kMarginShare);
-  text_->setMarginsBackgroundColor(margin);
-  text_->setFoldMarginColors(margin, margin);
-  send(Sci::SCI_STYLESETUNDERLINE, Sci::STYLE_LINENUMBER, 0);
-  text_->setCaretForegroundColor(ink);
-  text_->setCaretLineBackgroundColor(Mixed(highlight, paper, kCurrentLineShare));
-  text_->setSelectionBackgroundColor(highlight);
-  text_->setSelectionForegroundColor(palette().color(QPalette::Active, QPalette::HighlightedText));
-  text_->setIndicatorForegroundColor(ink, kStrikeIndicator);
+  look_->apply(font_, palette());
+  text_->setIndicatorForegroundColor(palette().color(QPalette::Active, QPalette::Text), kStrikeIndicator);
   lineMarks_->applyColours(palette());
   findingMarks_->applyColours(palette());
+  const bool dark = TextLook::isDark(palette());
   for (const MarkStyle& style : kMarkStyles) {
     text_->setIndicatorForegroundColor(QColor(dark ? style.onDark : style.onLight), style.indicator);
     send(Sci::SCI_INDICSETALPHA, style.indicator, style.alpha);
@@ -401,28 +350,6 @@ void IniTextEdit::applyColours() {
 void IniTextEdit::strikeOut() {
   const auto fill = font_.strikeOut() ? Sci::SCI_INDICATORFILLRANGE : Sci::SCI_INDICATORCLEARRANGE;
   send(fill, 0, send(Sci::SCI_GETLENGTH));
-}
-
-// Asked for the text that is about to be shown, from where the colours end; an edit moves that place up.
-void IniTextEdit::colourTo(int position) {
-  const qsizetype line = send(Sci::SCI_LINEFROMPOSITION, send(Sci::SCI_GETENDSTYLED));
-  qsizetype from = send(Sci::SCI_POSITIONFROMLINE, line);
-  send(Sci::SCI_STARTSTYLING, from);
-  while (from < position) from = colourLines(from, std::min<qsizetype>(from + kColourStep, position));
-}
-
-// Colours from the start of a line to the end of the line that holds `to`, and gives where that is.
-qsizetype IniTextEdit::colourLines(qsizetype from, qsizetype to) {
-  const qsizetype line = send(Sci::SCI_LINEFROMPOSITION, to - 1);
-  const qsizetype end =
-      line + 1 < lineCount() ? send(Sci::SCI_POSITIONFROMLINE, line + 1) : send(Sci::SCI_GETLENGTH);
-  const auto size = static_cast<std::size_t>(end - from);
-  std::string text(size + 1, '\0');
-  std::string kinds(size, '\0');
-  text_->SendScintilla(Sci::SCI_GETTEXTRANGE, static_cast<long>(from), static_cast<long>(end), text.data());
-  KindsOf(std::string_view(text).substr(0, size), kinds.data());
-  sendText(Sci::SCI_SETSTYLINGEX, end - from, kinds.data());
-  return end;
 }
 
 std::string_view IniTextEdit::utf8() const {

@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "app/TextEdit.h"
-#include "manualeditor/ScintillaView.h"
 #include "manualeditor/TextSearch.h"
 #include "platform/FileText.h"
+#include "textview/ScintillaView.h"
 
 class QContextMenuEvent;
 class QMenu;
@@ -23,6 +23,7 @@ namespace korvane {
 class FindingMarks;
 class LineMarks;
 class ScrollMarks;
+class TextLook;
 
 enum class TextMark {
   hit,    // of a search
@@ -129,13 +130,12 @@ class IniTextEdit : public QWidget {
   void applyColours();
   void strikeOut();
   void showAtScrollBar(TextMark mark, const std::vector<TextSpan>& spans);
-  void colourTo(int position);
-  qsizetype colourLines(qsizetype from, qsizetype to);
   qsizetype send(unsigned message, qsizetype first = 0, qsizetype second = 0) const;
   qsizetype sendText(unsigned message, qsizetype first, const char* second) const;
 
   QsciScintilla* text_;
   ScintillaView view_;
+  TextLook* look_;
   ScrollMarks* scrollMarks_;
   LineMarks* lineMarks_;
   FindingMarks* findingMarks_;

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <array>
 
-#include "manualeditor/ScrollMarks.h"
+#include "textview/ScrollMarks.h"
 
 namespace korvane {
 

@@ -7,8 +7,8 @@
 #include <optional>
 #include <vector>
 
-#include "manualeditor/ScintillaView.h"
 #include "manualeditor/TextSearch.h"
+#include "textview/ScintillaView.h"
 
 class QPalette;
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "manualeditor/IniTextEdit.h"
-#include "manualeditor/LineColours.h"
+#include "textview/LineColours.h"
 #include "manualeditor/LineEdits.h"
 #include "manualeditor/LineMarks.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "manualeditor/ScintillaView.h"
+#include "textview/ScintillaView.h"
 
 #include <Qsci/qsciscintilla.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "manualeditor/ScrollMarks.h"
+#include "textview/ScrollMarks.h"
 
 #include <QEvent>
 #include <QPainter>

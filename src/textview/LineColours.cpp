@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "manualeditor/LineColours.h"
+#include "textview/LineColours.h"
 
 #include <algorithm>
 #include <cstddef>
