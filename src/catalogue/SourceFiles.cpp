@@ -114,9 +114,9 @@ class Lister {
   void walk(const fs::path& folder, const std::string& below, int depth) {
     std::error_code error;
     const fs::path real = fs::canonical(folder, error);
-    if (error || depth > kDeepestFolder || !walked_.insert(real).second) {
-      skip(ProgramText(folder), "it leads to a folder that is read already");
-      return;
+    if (error) return skip(ProgramText(folder), "it cannot be read");
+    if (depth > kDeepestFolder || !walked_.insert(real).second) {
+      return skip(ProgramText(folder), "it leads to a folder that is read already");
     }
     for (const fs::directory_entry& entry : EntriesOf(folder, error)) {
       if (stop_.stop_requested()) return;

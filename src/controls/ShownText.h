@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
+#include <algorithm>
 #include <string_view>
 
 #include "platform/TextEncoding.h"
@@ -28,7 +30,11 @@ inline QString ShownName(std::string_view bytes) {
 // A tooltip with lines of text from a file, which Qt must not take for one with markup.
 inline QString PlainToolTip(const QString& text) {
   if (text.isEmpty()) return text;
-  return "<span style='white-space:pre-wrap'>" + text.toHtmlEscaped() + "</span>";
+  constexpr qsizetype kWidest = 100;  // characters of a line
+  const QStringList lines = text.split('\n');
+  const bool fits = std::ranges::all_of(lines, [](const QString& line) { return line.size() <= kWidest; });
+  const QString wrap = fits ? "pre" : "pre-wrap";
+  return "<span style='white-space:" + wrap + "'>" + text.toHtmlEscaped() + "</span>";
 }
 
 }  // namespace korvane

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <array>
 
-#include "controls/Icons.h"
 #include "controls/ShownText.h"
 #include "textview/ScrollMarks.h"
 
@@ -20,8 +19,7 @@ namespace {
 using Sci = QsciScintillaBase;
 
 constexpr int kSignMargin = 4;
-constexpr int kSignWidth = 14;  // pixels
-constexpr int kSignSize = 12;
+constexpr int kSignWidth = 14;     // pixels
 constexpr int kScrollKinds = 200;  // apart from those of other marks
 constexpr std::size_t kMarkedAtOnce = 500;
 constexpr int kInserts = Sci::SC_MOD_INSERTTEXT | Sci::SC_MOD_BEFOREINSERT;
@@ -31,13 +29,14 @@ struct MarkStyle {
   Level level;
   int indicator;
   int marker;  // a higher one covers a lower one
+  int symbol;  // also tells them apart for whom colours do not
   QRgb onLight;
   QRgb onDark;
 };
 constexpr std::array kStyles = {
-    MarkStyle{Level::note, 24, 4, 0xFF2B6CB0, 0xFF8AB4F0},
-    MarkStyle{Level::warning, 25, 5, 0xFFB36B00, 0xFFFFB84D},
-    MarkStyle{Level::error, 26, 6, 0xFFC62828, 0xFFFF7B72},
+    MarkStyle{Level::note, 24, 4, Sci::SC_MARK_SMALLRECT, 0xFF2B6CB0, 0xFF8AB4F0},
+    MarkStyle{Level::warning, 25, 5, Sci::SC_MARK_ARROWDOWN, 0xFFB36B00, 0xFFFFB84D},
+    MarkStyle{Level::error, 26, 6, Sci::SC_MARK_CIRCLE, 0xFFC62828, 0xFFFF7B72},
 };
 
 const MarkStyle& StyleOf(Level level) {
@@ -80,6 +79,7 @@ FindingMarks::FindingMarks(const ScintillaView& view, ScrollMarks& scrollMarks)
   for (const MarkStyle& style : kStyles) {
     view_.send(Sci::SCI_INDICSETSTYLE, style.indicator, Sci::INDIC_SQUIGGLE);
     view_.send(Sci::SCI_INDICSETUNDER, style.indicator, 1);
+    view_.send(Sci::SCI_MARKERDEFINE, style.marker, style.symbol);
   }
   connect(&view_.control(), &Sci::SCN_MODIFIED, this,
           [this](int position, int kind, const char*, int length) { modified(position, kind, length); });
@@ -89,14 +89,12 @@ FindingMarks::FindingMarks(const ScintillaView& view, ScrollMarks& scrollMarks)
 }
 
 void FindingMarks::applyColours(const QPalette& palette) {
-  const qreal ratio = view_.control().devicePixelRatioF();
-  view_.send(Sci::SCI_RGBAIMAGESETSCALE, qRound(ratio * 100));
   for (const MarkStyle& style : kStyles) {
     const QColor colour = ColourOf(style, palette);
-    view_.control().SendScintilla(Sci::SCI_INDICSETFORE, static_cast<unsigned long>(style.indicator), colour);
-    QImage sign = ThemeIcon(LevelText(style.level)).pixmap({kSignSize, kSignSize}, ratio).toImage();
-    sign.setDevicePixelRatio(1);  // the scale says it
-    view_.control().markerDefine(sign, style.marker);
+    view_.control().setIndicatorForegroundColor(colour, style.indicator);
+    for (const auto message : {Sci::SCI_MARKERSETFORE, Sci::SCI_MARKERSETBACK}) {
+      view_.control().SendScintilla(message, static_cast<unsigned long>(style.marker), colour);
+    }
   }
   showAtScrollBar();
 }

@@ -3,6 +3,7 @@
 
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -16,9 +17,6 @@
 namespace korvane {
 
 namespace {
-
-// Nothing is renamed, deleted or made through the dialogs of files.
-constexpr QFileDialog::Options kChooseOnly = QFileDialog::ReadOnly | QFileDialog::ShowDirsOnly;
 
 constexpr QSize kDesignSize{520, 260};
 
@@ -48,9 +46,11 @@ FurtherDataDialog::FurtherDataDialog(const QStringList& paths, MessageBoxes& mes
   list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   list_->addItems(paths);
   layout->addWidget(list_);
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+  auto* changes = new QHBoxLayout;
+  layout->addLayout(changes);
   const auto addButton = [&](const char* name, const char* caption, void (FurtherDataDialog::*run)()) {
-    auto* button = Named(name, buttons->addButton(caption, QDialogButtonBox::ActionRole));
+    auto* button = Named(name, new QPushButton(caption));
+    changes->addWidget(button);
     button->setAutoDefault(false);
     connect(button, &QPushButton::clicked, this, run);
     return button;
@@ -58,6 +58,8 @@ FurtherDataDialog::FurtherDataDialog(const QStringList& paths, MessageBoxes& mes
   addButton("addFolder", "Add &Folder...", &FurtherDataDialog::addFolder);
   addButton("addArchive", "Add &Archive...", &FurtherDataDialog::addArchives);
   remove_ = addButton("remove", "&Remove", &FurtherDataDialog::remove);
+  changes->addStretch();
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
   layout->addWidget(buttons);
   remove_->setEnabled(false);
   connect(list_, &QListWidget::itemSelectionChanged, this,
@@ -82,14 +84,25 @@ void FurtherDataDialog::add(const QString& path) {
 }
 
 void FurtherDataDialog::addFolder() {
-  const QString folder = QFileDialog::getExistingDirectory(this, "Add a Folder", {}, kChooseOnly);
-  if (!folder.isEmpty()) add(ProgramPathOf(folder));
+  auto* dialog = new QFileDialog(this, "Add a Folder");
+  dialog->setFileMode(QFileDialog::Directory);
+  dialog->setOption(QFileDialog::ShowDirsOnly);
+  choose(*dialog);
 }
 
 void FurtherDataDialog::addArchives() {
-  const QStringList archives = QFileDialog::getOpenFileNames(
-      this, "Add an Archive", {}, "Archives (*.big *.BIG *.Big)", nullptr, QFileDialog::ReadOnly);
-  for (const QString& archive : archives) add(ProgramPathOf(archive));
+  auto* dialog = new QFileDialog(this, "Add an Archive", {}, "Archives (*.big *.BIG *.Big)");
+  dialog->setFileMode(QFileDialog::ExistingFiles);
+  choose(*dialog);
+}
+
+void FurtherDataDialog::choose(QFileDialog& dialog) {
+  dialog.setAttribute(Qt::WA_DeleteOnClose);
+  dialog.setOption(QFileDialog::ReadOnly);  // nothing is renamed, deleted or made through it
+  connect(&dialog, &QFileDialog::filesSelected, this, [this](const QStringList& chosen) {
+    for (const QString& native : chosen) add(ProgramPathOf(native));
+  });
+  dialog.open();
 }
 
 void FurtherDataDialog::remove() {

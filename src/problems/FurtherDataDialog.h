@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QStringList>
 
+class QFileDialog;
 class QListWidget;
 class QPushButton;
 
@@ -25,6 +26,8 @@ class FurtherDataDialog : public QDialog {
  private:
   void addFolder();
   void addArchives();
+  // Adds what the user chooses there.
+  void choose(QFileDialog& dialog);
   void remove();
 
   MessageBoxes& messages_;

@@ -132,6 +132,7 @@ QString SearchDesk::tellOfName(const NameHere& name) const {
   const std::size_t uses = names->countUses(name.space, bytes);
   if (found.empty() && name.space == kNoSpace && uses == 0) return {};
   const QString used = uses == 1 ? QStringLiteral("1 use") : QStringLiteral("%1 uses").arg(uses);
+  if (found.empty() && !rows_.names().isCurrent()) return {};  // further data may define it
   if (found.empty()) return ShownText(name.name) + "\nDefined nowhere\n" + used;
   const ItemPlace item = ItemOf(found.front());
   return QStringList{KindName(item.kind) + ' ' + ShownText(item.name), ShownPlace(item.place), used}.join(

@@ -105,6 +105,8 @@ TEST_F(CheckTool, AnswersByItsExitCode) {
   folder.write("mod.big",
                ArchiveBytes({{"Data\\INI\\Weapon.ini", "Weapon A\r\n  FireFX = FX_Bang\r\nEnd\r\nEnd\r\n"}}));
   folder.write("bad/bad.big", "BIGF but no more");
+  folder.write("art.big", ArchiveBytes({{"Art\\Tank.txt", "no data"}}));
+  folder.write("barren/Data/INI/readme.txt", "no data");
   struct Case {
     const char* arguments;
     int exitCode;
@@ -129,6 +131,11 @@ TEST_F(CheckTool, AnswersByItsExitCode) {
       {"nowhere", 2, "nowhere"},
       {"binary", 2, "it is no text"},
       {"bad/bad.big", 2, "bad/bad.big"},
+      {"bad/bad.big --format sarif", 2, "bad/bad.big: has no INI file below Data/INI that could be checked"},
+      {"art.big", 2, "art.big: has no INI file"},
+      {"barren", 2, "barren: has no INI file"},
+      {"fine --also art.big", 2, "art.big: has no INI files"},
+      {"fine --also empty", 2, "empty: has no INI files"},
       {"fine --also bad", 2, "bad/bad.big: not read"},
       {"fine --also nowhere", 2, "nowhere"},
       {"--only sideways fine", 2, "sideways"},
@@ -143,6 +150,7 @@ TEST_F(CheckTool, AnswersByItsExitCode) {
     const auto [code, text] = run(each.arguments);
     EXPECT_EQ(code, each.exitCode) << each.arguments << '\n' << text;
     EXPECT_NE(text.find(each.says), std::string::npos) << each.arguments << '\n' << text;
+    EXPECT_EQ(text.find(" 0 files"), std::string::npos) << each.arguments << '\n' << text;
   }
 }
 

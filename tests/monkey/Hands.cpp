@@ -20,14 +20,14 @@ namespace {
 constexpr std::array kTexts = {"a",      "Tank",   "Gun1",   "90.5", "0",          " ; x",
                                "\u00e9", "\u20ac", "\u4e2d", "\t",   "Weapon Gun9"};
 constexpr std::array kKeys = {
-    Qt::Key_Up,     Qt::Key_Down,      Qt::Key_Down,     Qt::Key_Left,   Qt::Key_Right,
-    Qt::Key_Tab,    Qt::Key_Backtab,   Qt::Key_Home,     Qt::Key_End,    Qt::Key_PageDown,
-    Qt::Key_PageUp, Qt::Key_Return,    Qt::Key_Enter,    Qt::Key_Escape, Qt::Key_Space,
-    Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Menu,     Qt::Key_F3,     Qt::Key_F9,
-    Qt::Key_F1,     Qt::Key_F2,        Qt::Key_Asterisk, Qt::Key_Plus,   Qt::Key_Minus};
-constexpr std::array kLetters = {Qt::Key_S,    Qt::Key_S,   Qt::Key_F,   Qt::Key_H, Qt::Key_A,
-                                 Qt::Key_Z,    Qt::Key_Y,   Qt::Key_X,   Qt::Key_C, Qt::Key_V,
-                                 Qt::Key_Home, Qt::Key_End, Qt::Key_Down};
+    Qt::Key_Up,      Qt::Key_Down,   Qt::Key_Down,  Qt::Key_Left,     Qt::Key_Right,     Qt::Key_Tab,
+    Qt::Key_Backtab, Qt::Key_Home,   Qt::Key_End,   Qt::Key_PageDown, Qt::Key_PageUp,    Qt::Key_Return,
+    Qt::Key_Enter,   Qt::Key_Escape, Qt::Key_Space, Qt::Key_Delete,   Qt::Key_Backspace, Qt::Key_Menu,
+    Qt::Key_F3,      Qt::Key_F9,     Qt::Key_F1,    Qt::Key_F8,       Qt::Key_F2,        Qt::Key_Asterisk,
+    Qt::Key_Plus,    Qt::Key_Minus};
+constexpr std::array kLetters = {Qt::Key_S,    Qt::Key_S,   Qt::Key_F,    Qt::Key_H,      Qt::Key_A,
+                                 Qt::Key_Z,    Qt::Key_Y,   Qt::Key_X,    Qt::Key_C,      Qt::Key_V,
+                                 Qt::Key_Home, Qt::Key_End, Qt::Key_Down, Qt::Key_Period, Qt::Key_I};
 constexpr int kLargest = 1800;  // pixels of a window
 
 bool IsBlocked(const QWindow& window) {

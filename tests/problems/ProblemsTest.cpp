@@ -4,9 +4,11 @@
 #include <QAction>
 #include <QClipboard>
 #include <QComboBox>
+#include <QFileDialog>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 #include <QToolButton>
@@ -14,12 +16,14 @@
 
 #include <chrono>
 #include <filesystem>
+#include <utility>
 
 #include "app/CatalogueService.h"
 #include "app/FurtherData.h"
 #include "app/Places.h"
 #include "problems/FurtherDataDialog.h"
 #include "problems/ProblemsWindow.h"
+#include "stock/StockFiles.h"
 #include "support/TestDesk.h"
 
 namespace korvane {
@@ -263,6 +267,28 @@ TEST_F(ProblemsTest, FurtherDataCountAndAreRememberedForTheGameFolder) {
   SaveFurtherData(settings, "C:\\Other", {"D:\\a.big", "D:\\b.big"});
   EXPECT_EQ(FurtherDataOf(settings, folders.game), QStringList(original));
   EXPECT_EQ(FurtherDataOf(settings, "c:\\other"), QStringList({"D:\\a.big", "D:\\b.big"}));
+}
+
+TEST_F(ProblemsTest, FurtherDataAreChosenInDialogsThatHoldUpNothing) {
+  game.write("Original/Data/INI/Effects.ini", "FXList FX_Bnag\r\nEnd\r\n");
+  game.write("More.big", ArchiveBytes({{"Data\\INI\\More.ini", "FXList FX_Boom\r\nEnd\r\n"}}));
+  part<QPushButton>("furtherData").click();
+  auto* dialog = window->findChild<FurtherDataDialog*>();
+  ASSERT_NE(dialog, nullptr);
+  for (const auto& [button, chosen] :
+       {std::pair("addFolder", "Original"), std::pair("addArchive", "More.big")}) {
+    dialog->findChild<QPushButton*>(button)->click();
+    auto* chooser = dialog->findChild<QFileDialog*>();
+    ASSERT_NE(chooser, nullptr) << button;
+    EXPECT_TRUE(chooser->testOption(QFileDialog::ReadOnly)) << "the game's files are not renamed there";
+    Q_EMIT chooser->filesSelected({QString::fromStdString(game.native(chosen).generic_string())});
+    chooser->close();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return dialog->findChild<QFileDialog*>() == nullptr; }));
+  }
+  EXPECT_EQ(dialog->paths(), QStringList({game.qpath() + "\\Original", game.qpath() + "\\More.big"}));
+  dialog->findChild<QListWidget*>()->setCurrentRow(0);
+  dialog->findChild<QPushButton*>("remove")->click();
+  EXPECT_EQ(dialog->paths(), QStringList(game.qpath() + "\\More.big"));
 }
 
 TEST_F(ProblemsTest, ObjectsWithErrorsAreNamedWithWhatIsWrong) {

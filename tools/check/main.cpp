@@ -10,6 +10,7 @@
 #include "Terminal.h"
 #include "catalogue/Catalogue.h"
 #include "catalogue/LineTexts.h"
+#include "catalogue/SourceFiles.h"
 #include "check/Arguments.h"
 #include "check/Baseline.h"
 #include "check/Checker.h"
@@ -33,15 +34,25 @@ bool IsArchive(const std::string& path) {
   return ToLowerAscii(path).ends_with(".big") && FileExists(ProgramPath(path));
 }
 
+// A source that has nothing to read, rather than something that cannot be read, was named by mistake.
+void RequireData(const std::string& written) {
+  const std::string path = PathOf(written);
+  if (!IsArchive(path) && !FolderExists(ProgramPath(path)))
+    throw std::runtime_error(written + ": is no folder and no archive");
+  const auto list = ListSourceFiles({path}, {});
+  if (list && list->files.empty() && list->skipped.empty())
+    throw std::runtime_error(written + ": has no INI files below Data/INI that can be read");
+}
+
 CatalogueSources SourcesOf(const Arguments& arguments) {
   CatalogueSources sources{.gameFolder = PathOf(arguments.game)};
   const bool hasData =
       IsArchive(sources.gameFolder) || FolderExists(ProgramPath(sources.gameFolder + "\\Data\\INI"));
-  if (!hasData) throw std::runtime_error(arguments.game + ": has no Data/INI and is no archive");
+  if (!hasData)
+    throw std::runtime_error(arguments.game + ": has no Data/INI that can be read, and is no archive");
   for (const std::string& also : arguments.also) {
+    RequireData(also);
     sources.also.push_back(PathOf(also));
-    if (!IsArchive(sources.also.back()) && !FolderExists(ProgramPath(sources.also.back())))
-      throw std::runtime_error(also + ": is no folder and no archive");
   }
   return sources;
 }
@@ -109,6 +120,8 @@ int Check(const Arguments& arguments) {
   const CataloguePtr catalogue = ReadCatalogue(SourcesOf(arguments));
   const bool incomplete = SaySkipped(*catalogue);
   const Checker checker(catalogue, arguments.rules);
+  if (checker.files().empty())
+    throw std::runtime_error(arguments.game + ": has no INI file below Data/INI that could be checked");
   Findings findings = FindingsOf(checker, arguments);
   if (arguments.writeBaseline) {
     WriteBaseline(arguments, findings);
