@@ -16,6 +16,7 @@
 #include <array>
 
 #include "controls/Named.h"
+#include "controls/ShownText.h"
 #include "manualeditor/IniTextEdit.h"
 #include "settings/SettingsStore.h"
 
@@ -43,8 +44,9 @@ void RemoveDuplicates(QComboBox& list) {
 const QString kFind = QStringLiteral("Find");
 const QString kFindNext = QStringLiteral("Find Next");
 const QString kSearchList = QStringLiteral("Search List");
-constexpr int kBoxWidth = 220;    // pixels
-constexpr int kResultMargin = 6;  // pixels
+constexpr int kBoxWidth = 220;     // pixels
+constexpr int kResultMargin = 6;   // pixels
+constexpr int kMostOfSought = 60;  // characters in what is said
 constexpr QRgb kNotFoundOnLight = 0xFFFFD9D6;
 constexpr QRgb kNotFoundOnDark = 0xFF5C2B2B;
 constexpr auto kWithEnter = Qt::ShiftModifier | Qt::KeypadModifier;
@@ -75,7 +77,10 @@ FindBar::FindBar(IniTextEdit& text, QToolBar& bar)
   CboFind_->installEventFilter(this);  // its line edit leaves the keyboard to it
   BtnFind_->installEventFilter(this);
   text_.focusProxy()->installEventFilter(this);
-  connect(CboFind_, &QComboBox::editTextChanged, this, [this] { BtnFind_->setText(kFind); });
+  connect(CboFind_, &QComboBox::editTextChanged, this, [this] {
+    BtnFind_->setText(kFind);
+    if (notFound_) show({}, TextFinder::Outcome::neither);
+  });
   released_.setSingleShot(true);
   released_.setInterval(kLetGo);
   connect(&released_, &QTimer::timeout, this, &FindBar::FindText);
@@ -133,7 +138,7 @@ void FindBar::setConfined(bool confined) {
     finder_.unconfine();
   } else if (!finder_.confine()) {
     inSelection_->setChecked(false);
-    show("Nothing is selected", false);
+    show("Nothing is selected", TextFinder::Outcome::neither);
   }
 }
 
@@ -143,6 +148,9 @@ SearchOptions FindBar::options() const {
 
 void FindBar::clear() {
   CboFind_->clear();
+  inSelection_->setChecked(false);
+  finder_.forget();
+  goingOn_ = false;
   loaded_ = false;
 }
 
@@ -178,46 +186,56 @@ void FindBar::FindText() {
   if (BtnFind_->text() == kFind) {
     CboFind_->addItem(sought);
     finder_.findFirst(sought, options());
-    text_.setFocus();
-    goingOn_ = true;
+    goToText(true);
   } else if (BtnFind_->text() == kFindNext) {
-    findNext();
+    goOn(TextFinder::Direction::next, true);
   }
   removeDuplicates();
   BtnFind_->setText(kFindNext);
 }
 
 void FindBar::findNext() {
-  goOn(TextFinder::Direction::next);
+  goOn(TextFinder::Direction::next, goingOn_ || CboFind_->hasFocus());
 }
 
 void FindBar::findPrevious() {
-  goOn(TextFinder::Direction::previous);
+  goOn(TextFinder::Direction::previous, goingOn_ || CboFind_->hasFocus());
 }
 
-void FindBar::goOn(TextFinder::Direction direction) {
+void FindBar::goOn(TextFinder::Direction direction, bool fromBox) {
   finder_.find(soughtText(), options(), direction, wrapAround_->isChecked());
-  text_.setFocus();
-  goingOn_ = true;
+  goToText(fromBox);
 }
 
-void FindBar::show(const QString& result, bool found) {
+void FindBar::goToText(bool fromBox) {
+  text_.setFocus();
+  goingOn_ = fromBox;
+  found_ = text_.selection();
+}
+
+void FindBar::show(const QString& result, TextFinder::Outcome outcome) {
+  notFound_ = outcome == TextFinder::Outcome::notFound;
   result_->setText(result);
   QPalette palette;
-  if (!found) {
+  if (notFound_) {
     const bool dark = palette.color(QPalette::Base).lightness() < palette.color(QPalette::Text).lightness();
     palette.setColor(QPalette::Base, QColor(dark ? kNotFoundOnDark : kNotFoundOnLight));
   }
   CboFind_->lineEdit()->setPalette(palette);
-  Q_EMIT notFound(found ? QString() : soughtText());
+  Q_EMIT said(notFound_ ? notFoundSentence() : QString());
+}
+
+QString FindBar::notFoundSentence() const {
+  const QString where = inSelection_->isChecked() ? "the selection" : "this text";
+  return '\'' + ShownText(soughtText().left(kMostOfSought)) + "' is not found in " + where + '.';
 }
 
 void FindBar::focus() {
   const QString selected = text_.selectedText();
   const bool oneLine = !selected.contains('\n') && !selected.contains('\r');
-  if (!selected.isEmpty() && oneLine && selected.compare(soughtText(), Qt::CaseInsensitive) != 0) {
+  const auto letterCase = matchCase_->isChecked() ? Qt::CaseSensitive : Qt::CaseInsensitive;
+  if (!selected.isEmpty() && oneLine && selected.compare(soughtText(), letterCase) != 0)
     CboFind_->setEditText(selected);
-  }
   CboFind_->setFocus(Qt::ShortcutFocusReason);
   CboFind_->lineEdit()->selectAll();
 }
@@ -242,10 +260,8 @@ bool FindBar::textEvent(const QEvent& event) {
   if (key.key() == Qt::Key_Escape) finder_.forget();
   if (kModifiers.contains(key.key())) return false;
   const bool enter = IsEnter(event, QEvent::KeyPress) && (key.modifiers() & ~kWithEnter) == 0;
-  if (!goingOn_ || !enter) {
-    goingOn_ = false;
-    return false;
-  }
+  goingOn_ = goingOn_ && enter && text_.selection() == found_;
+  if (!goingOn_) return false;
   if ((key.modifiers() & Qt::ShiftModifier) != 0) {
     findPrevious();
   } else {

@@ -44,8 +44,8 @@ class FindBar : public QObject {
   QString soughtText() const;
 
  Q_SIGNALS:
-  // A search has found nothing: for a notice. Empty when a later one does.
-  void notFound(const QString& sought);
+  // What a search that has found nothing has to say; an empty text takes it back.
+  void said(const QString& sentence);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -55,8 +55,11 @@ class FindBar : public QObject {
   void addOptions();
   void setConfined(bool confined);
   SearchOptions options() const;
-  void goOn(TextFinder::Direction direction);
-  void show(const QString& result, bool found);
+  // `fromBox`: the search was begun there.
+  void goOn(TextFinder::Direction direction, bool fromBox);
+  void goToText(bool fromBox);
+  void show(const QString& result, TextFinder::Outcome outcome);
+  QString notFoundSentence() const;
   bool boxEvent(const QEvent& event);
   bool textEvent(const QEvent& event);
 
@@ -74,7 +77,9 @@ class FindBar : public QObject {
   QAction* wrapAround_ = nullptr;
   bool loaded_ = false;
   bool goingOn_ = false;  // Enter in the text finds on, until something else is done there
-  QTimer released_;       // runs while a release of Enter may still be a repeat
+  bool notFound_ = false;
+  TextSpan found_;   // what was selected when the last search was done
+  QTimer released_;  // runs while a release of Enter may still be a repeat
 };
 
 }  // namespace korvane

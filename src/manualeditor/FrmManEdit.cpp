@@ -53,6 +53,8 @@ constexpr QSize kDesignSize(900, 620);
 constexpr QSize kLeastSize(480, 320);
 constexpr QSize kIconSize(16, 16);
 
+constexpr int kFindNotices = 100;  // behind those of the text
+
 // Behind the entries of the text's own context menu.
 constexpr const char* kNameCommands[] = {"", "goToDefinition", "findUses", "namesUsed"};
 
@@ -108,6 +110,9 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
   connect(openText_, &OpenText::loadedAnew, this, &FrmManEdit::showAnew);
   connect(openText_, &OpenText::said, notices_, [this](OpenText::Notice notice, const QString& sentence) {
     notices_->tell(notice, sentence.isEmpty() ? std::vector<Notice>() : std::vector{Notice(sentence)});
+  });
+  connect(find_, &FindBar::said, notices_, [this](const QString& sentence) {
+    notices_->tell(kFindNotices, sentence.isEmpty() ? std::vector<Notice>() : std::vector{Notice(sentence)});
   });
   Timer1_->setObjectName("Timer1");
   connect(Timer1_, &QTimer::timeout, this, &FrmManEdit::showClock);

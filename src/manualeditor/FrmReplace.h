@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QTimer>
 
 #include "manualeditor/TextSearch.h"
 
@@ -28,6 +29,10 @@ class FrmReplace : public QDialog {
   void buildFields(QGridLayout& layout);
   void buildButtons(QGridLayout& layout);
   TextSearch search() const;
+  // What "Replace All" replaces in: what the find bar confines searches to, else all of the text.
+  TextSpan range() const;
+  void countSoon();
+  void count();
   void findNext();
   void replace();
   void replaceAll();
@@ -36,7 +41,10 @@ class FrmReplace : public QDialog {
   QLineEdit* TxtFind_;
   QLineEdit* TxtReplace_;
   QCheckBox* ChkMatchCase_;
+  QCheckBox* wholeWord_;
+  QCheckBox* regularExpression_;
   QLabel* LblResult_;
+  QTimer count_;
 };
 
 }  // namespace korvane

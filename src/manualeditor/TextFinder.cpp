@@ -19,6 +19,7 @@ TextFinder::TextFinder(IniTextEdit& text) : text_(text) {
   recount_.setSingleShot(true);
   connect(&recount_, &QTimer::timeout, this, &TextFinder::count);
   connect(&text_, &IniTextEdit::edited, this, [this] {
+    asked_ = false;
     if (shown_) recount_.start(kAfterEdit);
   });
 }
@@ -40,12 +41,14 @@ TextSpan TextFinder::range() const {
 }
 
 bool TextFinder::findFirst(const QString& sought, const SearchOptions& options) {
+  if (sought.isEmpty()) return forget(), false;
   const TextSearch search(sought, options);
   const TextSpan within = range();
   return take(search, search.next(text_.utf8(), within, within.from), {});
 }
 
 bool TextFinder::find(const QString& sought, const SearchOptions& options, Direction direction, bool wrap) {
+  if (sought.isEmpty()) return forget(), false;
   const TextSearch search(sought, options);
   const std::string_view utf8 = text_.utf8();
   const TextSpan within = range();
@@ -53,15 +56,17 @@ bool TextFinder::find(const QString& sought, const SearchOptions& options, Direc
   if (direction == Direction::next) {
     auto hit = search.next(utf8, within, selected.to);
     if (!hit && wrap) hit = search.next(utf8, within, within.from);
-    return take(search, hit, QStringLiteral("last"));
+    return take(search, hit, wrap ? QString() : QStringLiteral("last"));
   }
   auto hit = search.previous(utf8, within, selected.from);
   if (!hit && wrap) hit = search.previous(utf8, within, within.to);
-  return take(search, hit, QStringLiteral("first"));
+  return take(search, hit, wrap ? QString() : QStringLiteral("first"));
 }
 
 bool TextFinder::take(const TextSearch& search, const std::optional<TextSpan>& hit, const QString& whenNone) {
   shown_ = search;
+  found_ = hit.has_value();
+  asked_ = true;
   atEnd_ = hit ? QString() : whenNone;
   if (hit) text_.select(*hit);
   recount_.start(0);
@@ -72,27 +77,33 @@ void TextFinder::forget() {
   shown_.reset();
   recount_.stop();
   text_.setMarks(TextMark::hit, {});
-  Q_EMIT told({}, true);
+  Q_EMIT told({}, Outcome::neither);
 }
 
 void TextFinder::count() {
   if (!shown_) return;
-  if (const QString fault = shown_->fault(); !fault.isEmpty()) {
-    Q_EMIT told(fault, false);
-    return;
-  }
-  if (text_.utf8().size() > kMostCounted) {
-    Q_EMIT told(atEnd_.isEmpty() ? QString() : QStringLiteral("No further hit"), atEnd_.isEmpty());
-    return;
-  }
+  if (text_.utf8().size() > kMostCounted) return tellOfLargeText();
   std::vector<TextSpan> hits = shown_->hits(text_.utf8(), range());
-  Q_EMIT told(place(hits), !hits.empty());
+  if (const QString fault = shown_->fault(); !fault.isEmpty()) {
+    Q_EMIT told(fault, Outcome::neither);
+  } else {
+    Q_EMIT told(place(hits), hits.empty() && asked_ ? Outcome::notFound : Outcome::found);
+  }
   if (hits.size() > kMostMarks) hits.resize(kMostMarks);
   text_.setMarks(TextMark::hit, hits);
 }
 
+// Its hits are not counted.
+void TextFinder::tellOfLargeText() {
+  const bool notFound = asked_ && !found_ && atEnd_.isEmpty() && shown_->fault().isEmpty();
+  const QString text = notFound            ? QStringLiteral("Not found")
+                       : !atEnd_.isEmpty() ? QStringLiteral("No further hit")
+                                           : shown_->fault();
+  Q_EMIT told(text, notFound ? Outcome::notFound : Outcome::neither);
+}
+
 QString TextFinder::place(const std::vector<TextSpan>& hits) const {
-  if (hits.empty()) return QStringLiteral("Not found");
+  if (hits.empty()) return asked_ ? QStringLiteral("Not found") : QStringLiteral("No hits");
   const auto selected = std::find(hits.begin(), hits.end(), text_.selection());
   const auto count = QString::number(hits.size());
   if (!atEnd_.isEmpty()) return QStringLiteral("%1 of %2").arg(atEnd_, count);

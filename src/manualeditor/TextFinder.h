@@ -19,6 +19,8 @@ class TextFinder : public QObject {
 
  public:
   enum class Direction { next, previous };
+  // What is said of a search; `neither`: nothing was sought, or nothing could be.
+  enum class Outcome { found, notFound, neither };
 
   explicit TextFinder(IniTextEdit& text);
 
@@ -36,16 +38,19 @@ class TextFinder : public QObject {
 
  Q_SIGNALS:
   // "3 of 17", "last of 17", "Not found" or what is wrong with the expression; empty after forget().
-  void told(const QString& text, bool found);
+  void told(const QString& text, TextFinder::Outcome outcome);
 
  private:
   TextSpan range() const;
   bool take(const TextSearch& search, const std::optional<TextSpan>& hit, const QString& whenNone);
   void count();
+  void tellOfLargeText();
   QString place(const std::vector<TextSpan>& hits) const;
 
   IniTextEdit& text_;
   std::optional<TextSearch> shown_;  // whose hits are marked
+  bool found_ = false;               // the last search was
+  bool asked_ = false;               // no edit since
   QString atEnd_;                    // "last" or "first" when there was nothing to go on to
   QTimer recount_;
 };

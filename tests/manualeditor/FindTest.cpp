@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QCheckBox>
 
+#include <functional>
+
 #include "manualeditor/ManEditFixture.h"
 
 namespace korvane {
@@ -19,6 +21,13 @@ class FindTest : public ManEditTest {
     return QTest::qWaitFor([&] { return result() == text; });
   }
   QString button() const { return part<QPushButton>("BtnFind")->text(); }
+  // What the window says at its lower edge, and whether the box has another colour than usual.
+  std::pair<QString, bool> warning() const {
+    const QColor usual = QApplication::palette("QLineEdit").color(QPalette::Base);
+    const auto* box = part<QComboBox>("CboFind")->lineEdit();
+    return {notices().join(' '), box->palette().color(QPalette::Base) != usual};
+  }
+  QString replaceResult() const { return part<QLabel>("LblResult")->text(); }
   void replaceWindow(const char* sought, const char* replacement) const {
     trigger("MnuReplace");
     part<QLineEdit>("TxtFind")->setText(sought);
@@ -107,15 +116,67 @@ TEST_F(FindTest, EnterInTheTextGoesOnUntilSomethingElseIsDone) {
   EXPECT_TRUE(text().isModified());
 }
 
+TEST_F(FindTest, EnterIsALineBreakWhenTheUserHasGoneElsewhere) {
+  const struct {
+    const char* what;
+    std::function<void()> act;
+  } kCases[] = {
+      {"find next from the text", [this] { trigger("MnuFindNext"); }},
+      {"another place", [this] { find("gun"), text().goTo(2, 0, 0); }},
+      {"an edit", [this] { find("gun"), trigger("MnuDelete"); }},
+  };
+  for (const auto& [what, act] : kCases) {
+    SCOPED_TRACE(what);
+    openFile("gun\r\ngun\r\ngun\r\n");
+    part<QComboBox>("CboFind")->setEditText("gun");
+    act();
+    const int lines = text().lineCount();
+    QTest::keyClick(text().focusProxy(), Qt::Key_Return);
+    EXPECT_EQ(text().lineCount(), lines + 1);
+  }
+}
+
 TEST_F(FindTest, WhatIsNotThereIsSaidAndMovesNothing) {
   openFile("a\r\ngun\r\n");
   find("gun");
   find("cannon");
   EXPECT_TRUE(resultBecomes("Not found"));
   EXPECT_EQ(text().selectedText(), "gun");
+  EXPECT_EQ(warning(), std::pair(QString("'cannon' is not found in this text."), true));
+  part<QComboBox>("CboFind")->setEditText("canno");
+  EXPECT_EQ(warning(), std::pair(QString(), false));
+}
+
+TEST_F(FindTest, OnlyWhatIsNotThereIsSaidToBeNotFound) {
+  const std::pair<QString, bool> kNothing{};
+  openFile("a\r\ngun\r\n");
+  part<QAction>("findInSelection")->setChecked(true);
+  EXPECT_EQ(result(), "Nothing is selected");
+  EXPECT_EQ(warning(), kNothing);
+  EXPECT_FALSE(part<QAction>("findInSelection")->isChecked());
+  find("");
+  EXPECT_TRUE(resultBecomes(""));
+  EXPECT_EQ(warning(), kNothing);
+  find("gun");
+  EXPECT_TRUE(resultBecomes("1 of 1"));
+  trigger("MnuDelete");
+  EXPECT_TRUE(resultBecomes("No hits"));
+  EXPECT_EQ(warning(), kNothing);
   part<QAction>("findRegularExpression")->setChecked(true);
   find("g(un");
   EXPECT_TRUE(QTest::qWaitFor([&] { return result().contains("parenthes"); }));
+  EXPECT_EQ(warning(), kNothing);
+}
+
+TEST_F(FindTest, AHugeTextSaysWhatIsNotThere) {
+  std::string file = "gun\r\n";
+  while (file.size() < 17'000'000) file += std::string(98, 'x') + "\r\n";
+  openFile(file);
+  find("cannon");
+  EXPECT_TRUE(resultBecomes("Not found"));
+  find("gun");
+  trigger("MnuFindNext");
+  EXPECT_TRUE(resultBecomes("No further hit"));
 }
 
 TEST_F(FindTest, OptionsSayWhatIsAHit) {
@@ -185,6 +246,48 @@ TEST_F(FindTest, ReplaceAllIsOneStepAndSaysHowMany) {
   EXPECT_EQ(text().fileBytes().bytes, "\x80 gun \x80 gun \x80 gun");
   QTest::keyClick(text().focusProxy(), Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(text().fileBytes().bytes, "gun Gun gun");
+}
+
+TEST_F(FindTest, TheReplaceWindowSaysWhatItWouldReplace) {
+  const struct {
+    std::vector<const char*> options;
+    const char* sought;
+    const char* result;
+    const char* after;
+  } kCases[] = {
+      {{}, "gun", "4 to replace.", "<> <> <>ner\r\n<>"},
+      {{"ChkMatchCase"}, "Gun", "1 to replace.", "gun <> gunner\r\ngun"},
+      {{"replaceWholeWord"}, "gun", "3 to replace.", "<> <> gunner\r\n<>"},
+      {{"replaceRegularExpression"}, "^g..", "2 to replace.", "<> Gun gunner\r\n<>"},
+      {{"replaceRegularExpression"}, "g(un", "missing closing parenthesis", "gun Gun gunner\r\ngun"},
+      {{}, "cannon", "0 to replace.", "gun Gun gunner\r\ngun"},
+  };
+  for (const auto& [options, sought, expected, after] : kCases) {
+    SCOPED_TRACE(expected);
+    openFile("gun Gun gunner\r\ngun");
+    replaceWindow(sought, "<>");
+    for (const char* option : options) part<QCheckBox>(option)->setChecked(true);
+    EXPECT_TRUE(QTest::qWaitFor([&, result = expected] { return replaceResult() == result; }))
+        << replaceResult().toStdString();
+    part<QPushButton>("BtnReplaceAll")->click();
+    EXPECT_EQ(text().fileBytes().bytes, after);
+    for (const char* option : options) part<QCheckBox>(option)->setChecked(false);
+  }
+}
+
+TEST_F(FindTest, ReplacesOnlyInTheSelectionThatSearchesKeepTo) {
+  openFile("gun gun gun");
+  text().select({4, 11});
+  part<QAction>("findInSelection")->setChecked(true);
+  replaceWindow("(g)un", "\\1o");
+  part<QCheckBox>("replaceRegularExpression")->setChecked(true);
+  text().moveToStart();
+  part<QPushButton>("BtnReplace")->click();
+  EXPECT_EQ(text().selection(), (TextSpan{4, 7}));
+  part<QPushButton>("BtnReplace")->click();
+  EXPECT_EQ(text().fileBytes().bytes, "gun go gun");
+  part<QPushButton>("BtnReplaceAll")->click();
+  EXPECT_EQ(text().fileBytes().bytes, "gun go go");
 }
 
 TEST_F(FindTest, ReplacingOneByOneMindsTheCase) {
