@@ -124,6 +124,8 @@ void FrmEdit::connectButtons() {
   connect(TVMenu_, &QTreeView::clicked, display_, &ObjectDisplay::select);
   connect(display_, &ObjectDisplay::wasRead, notices_, [this] { notices_->clear(readAgainNotices); });
   connect(fields_.CmdME_FINI, &QPushButton::clicked, this, [this] { launch_.editObjectFile(); });
+  fields_.CmdME_FINI->addAction(&commands_.action("showInFile"));
+  fields_.CmdME_FINI->setContextMenuPolicy(Qt::ActionsContextMenu);
   connect(fields_.Btn_LEdit, &QPushButton::clicked, this, [this] { launch_.editLocomotors(); });
   connect(fields_.Btn_FEdit, &QPushButton::clicked, this, [this] { launch_.editObjectBlock(); });
   connect(&panels_.problems(), &QToolButton::clicked, this, [this] { launch_.checkData(); });

@@ -371,7 +371,10 @@ void FrmManEdit::goTo(const ManualEditPlace& place) {
 
 void FrmManEdit::goToNow(const ManualEditPlace& place) {
   TxtManEdit_->goTo(place.line - 1, place.column - 1, place.length);
-  if (place.header > 0) TxtManEdit_->keepInSight(place.header - 1);
+  if (place.header > 0) return TxtManEdit_->keepInSight(place.header - 1);
+  std::vector<const TextBlock*> path = outline_->pathAt(place.line - 1);
+  std::ranges::reverse(path);
+  for (const TextBlock* block : path) TxtManEdit_->keepInSight(static_cast<int>(block->firstLine) - 1);
 }
 
 std::string FrmManEdit::bytes() const {

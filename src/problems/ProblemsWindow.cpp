@@ -143,6 +143,7 @@ void ProblemsWindow::buildTree() {
   tree_->header()->setSectionResizeMode(ProblemsModel::text, QHeaderView::Stretch);
   tree_->header()->resizeSection(ProblemsModel::file, fontMetrics().averageCharWidth() * kFileWidth);
   tree_->header()->setSectionResizeMode(ProblemsModel::line, QHeaderView::ResizeToContents);
+  makeAction("showInFile", "Show in &File", {"F6"}, &ProblemsWindow::showInFile);
   makeAction("copy", "C&opy", QKeySequence::Copy, &ProblemsWindow::copy);
   mends_ = {makeAction("ignore", "&Ignore Here", {"Ctrl+I"}, &ProblemsWindow::ignoreHere),
             makeAction("apply", "Apply &Suggestion", {"Ctrl+."}, &ProblemsWindow::applySuggestion)};
@@ -278,6 +279,12 @@ void ProblemsWindow::takeFurtherData(const QStringList& paths) {
   SaveFurtherData(settings_, services_.folders.game, paths);
   names_.setFurtherData(paths);
   check_.start();
+}
+
+// Of a group the first finding.
+void ProblemsWindow::showInFile() {
+  const QModelIndex current = tree_->currentIndex().siblingAtColumn(0);
+  openPlace(model_->rowCount(current) > 0 ? model_->index(0, 0, current) : current);
 }
 
 void ProblemsWindow::openPlace(const QModelIndex& index) {

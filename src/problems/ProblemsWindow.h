@@ -56,6 +56,7 @@ class ProblemsWindow : public ToolDialog {
   void mend(Mend mend);
   void askFurtherData();
   void takeFurtherData(const QStringList& paths);
+  void showInFile();
   void openPlace(const QModelIndex& index);
   void levelToggled(Level level, bool shown);
 

@@ -150,10 +150,12 @@ void UsesWindow::makeCommands() {
     if (command == SearchCommand::namesUsed) return showNamesOfChosen();
     Q_EMIT searchAsked(command);
   });
+  commands_.add("showInFile", "Show in &File", "F6", [this] { showInFile(); });
   commands_.add("refresh", "&Refresh", "F5", [this] { askAgain(); });
   commands_.add("copyText", "&Copy as Text", {}, [this] { copyAsText(); });
   auto* menu = Named("foundMenu", new QMenu(this));
-  constexpr const char* kNames[] = {"goToDefinition", "findUses", "namesUsed", "", "copyText", "refresh"};
+  constexpr const char* kNames[] = {"showInFile", "", "goToDefinition", "findUses",
+                                    "namesUsed",  "", "copyText",       "refresh"};
   FillMenu(*menu, commands_, kNames);
   connect(
       new MenuButton(*tree_), &MenuButton::pressed, menu, [menu](const QPoint& at) { menu->popup(at); },
@@ -309,6 +311,13 @@ void UsesWindow::openPlace(const QModelIndex& index) {
   const QModelIndex row = index.siblingAtColumn(0);
   if (filtered_.rowCount(row) > 0) return tree_->setExpanded(row, !tree_->isExpanded(row));
   if (const FoundLine* line = found_->lineAt(filtered_.mapToSource(row))) places_.showPlace(line->place);
+}
+
+// Of a branch the first line that is shown.
+void UsesWindow::showInFile() {
+  QModelIndex row = tree_->currentIndex().siblingAtColumn(0);
+  while (filtered_.rowCount(row) > 0 && row.isValid()) row = filtered_.index(0, 0, row);
+  if (row.isValid()) openPlace(row);
 }
 
 void UsesWindow::showNamesOfChosen() {

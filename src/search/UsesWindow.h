@@ -68,6 +68,7 @@ class UsesWindow : public ToolDialog, public NameSource {
   void filter(const QString& text);
   void expandFew();
   void openPlace(const QModelIndex& index);
+  void showInFile();
   void showNamesOfChosen();
   void copyAsText() const;
 

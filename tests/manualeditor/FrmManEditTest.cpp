@@ -332,6 +332,30 @@ TEST_F(ManEditTest, ACancelledFontDialogChangesAndStoresNothing) {
   EXPECT_EQ(settings_.GetSet("ManEditName", "none"), "none");
 }
 
+TEST_F(ManEditTest, APlaceIsShownWithTheHeaderOfItsBlock) {
+  std::string file;
+  for (int i = 0; i < 200; ++i) file += "; x\r\n";
+  for (const int lines : {10, 100}) {
+    file += "Object Tank\r\n  WeaponSet\r\n";
+    for (int i = 0; i < lines; ++i) file += "    Weapon = PRIMARY A\r\n";
+    file += "  End\r\nEnd\r\n";
+  }
+  openFile(file);
+  const struct {
+    int line;
+    int header;  // that is seen with it
+  } kCases[] = {{212, 201}, {220, 216}, {314, 314}};
+  for (const auto& [line, header] : kCases) {
+    text().moveToStart();
+    ASSERT_TRUE(window_->goToIn(path_, {line, 5, 6}));
+    EXPECT_EQ(text().selectedText(), "Weapon") << line;
+    const auto top = text().view().send(QsciScintillaBase::SCI_GETFIRSTVISIBLELINE) + 1;
+    const auto rows = text().view().send(QsciScintillaBase::SCI_LINESONSCREEN);
+    EXPECT_LE(top, header) << line;
+    EXPECT_LT(line, top + rows);
+  }
+}
+
 // The entries at the menu's end when it is asked for at a place of the text, from 0.
 QStringList MenuAt(const IniTextEdit& text, int line, int column) {
   using Sci = QsciScintillaBase;

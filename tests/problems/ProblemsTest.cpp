@@ -164,6 +164,12 @@ TEST_F(ProblemsTest, EnterOpensThePlaceWithItsLength) {
   choose(tree().model()->index(0, 0));
   QTest::keyClick(&tree(), Qt::Key_Return);
   EXPECT_EQ(places.places.size(), 1U) << "a group is no place";
+  QTest::keyClick(&tree(), Qt::Key_F6);
+  select(1, 1);
+  QTest::keyClick(&tree(), Qt::Key_F6);
+  ASSERT_EQ(places.places.size(), 3U);
+  EXPECT_EQ(places.places[1].line, 3) << "of a group the first finding";
+  EXPECT_EQ(places.places[2], places.places[0]);
 }
 
 TEST_F(ProblemsTest, CopiesASelectedGroupWithAllOfItsFindings) {

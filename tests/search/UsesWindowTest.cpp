@@ -103,6 +103,19 @@ TEST_F(UsesWindowTest, UsesStandBelowTheirBlocksAndEnterOpensThePlace) {
   EXPECT_EQ(places.shown.size(), 1U) << "a branch is no place";
 }
 
+TEST_F(UsesWindowTest, ShowInFileOpensALineOrTheFirstOneOfABranch) {
+  window.showUses({"Gun", GameStructure::get().space("Weapon")});
+  ASSERT_TRUE(waitForTitle("2 uses of 'Gun'"));
+  chooseWith(Qt::Key_F6, rowOf("line 9"));
+  part<QLineEdit>("filterField").setText("jeep");
+  chooseWith(Qt::Key_F6, rowOf("Object (2)"));
+  ASSERT_EQ(places.shown.size(), 2U);
+  for (const FilePlace& place : places.shown) EXPECT_EQ(place.line, 9);
+  part<QLineEdit>("filterField").setText("no such");
+  part<QAction>("showInFile").trigger();
+  EXPECT_EQ(places.shown.size(), 2U);
+}
+
 TEST_F(UsesWindowTest, TheFilterKeepsWhatItFitsAndCopyTakesWhatIsSeen) {
   window.showUses({"Gun", GameStructure::get().space("Weapon")});
   ASSERT_TRUE(waitForTitle("2 uses of 'Gun'"));

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTreeView>
 
@@ -124,6 +125,15 @@ TEST_F(EditInFile, ShowInFileSelectsTheValue) {
   window.activateWindow();
   window.findChild<QTreeView*>("TVMenu")->setFocus();
   window.findChild<QAction*>("showInFile")->trigger();
+  EXPECT_TRUE(QTest::qWaitFor([] { return text().selectedText() == "Tank"; }));
+  const auto* wholeFile = window.findChild<QPushButton*>("CmdME_FINI");
+  ASSERT_EQ(wholeFile->contextMenuPolicy(), Qt::ActionsContextMenu);
+  ASSERT_EQ(wholeFile->actions().size(), 1);
+  text().moveToStart();
+  window.activateWindow();
+  window.findChild<QTabWidget*>("F_Tab")->setCurrentIndex(3);
+  window.findChild<QPushButton*>("CmdME_FINI")->setFocus();
+  wholeFile->actions().first()->trigger();
   EXPECT_TRUE(QTest::qWaitFor([] { return text().selectedText() == "Tank"; }));
 }
 
