@@ -67,6 +67,8 @@ class CatalogueFile {
   std::size_t nameCount() const { return names_.size(); }
   std::string_view name(NameId id) const { return textOf(names_[id].text); }
   SpaceId space(NameId id) const { return names_[id].space; }
+  // The low bits of its FoldedHash.
+  std::uint32_t hash(NameId id) const { return names_[id].hash; }
   // Indexes into definitions() and uses().
   std::span<const std::uint32_t> definitionsOf(NameId id) const { return definitionsOfNames_.of(id); }
   std::span<const std::uint32_t> usesOf(NameId id) const { return usesOfNames_.of(id); }

@@ -130,7 +130,7 @@ std::optional<Findings> Checker::checkText(std::string_view path, std::string_vi
   std::ranges::replace(source.path, '/', '\\');
   const auto file = CatalogueFile::read(std::move(source), text, stop);
   if (file == nullptr) return std::nullopt;
-  const DefinedNames names(*catalogue_, file.get());
+  const DefinedNames names(names_, *catalogue_, *file);
   return FileCheck({*file, text}, context(names, stop)).run();
 }
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kLongest = 128;  // longer words are never taken for misspelt ones
 
-using Distances = std::array<std::size_t, kLongest + 1>;
+using Distances = std::array<std::size_t, kLongest + 2>;
 
 bool IsDigit(char c) {
   return c >= '0' && c <= '9';
@@ -37,26 +37,30 @@ bool DifferInLastCapital(std::string_view a, std::string_view b) {
 
 }  // namespace
 
+// Only the cells next to the diagonal are looked at: all others need more edits than the limit.
 std::size_t EditsBetween(std::string_view a, std::string_view b, std::size_t limit) {
   const std::size_t lengths = a.size() > b.size() ? a.size() - b.size() : b.size() - a.size();
-  if (lengths > limit || std::max(a.size(), b.size()) > kLongest) return limit + 1;
-  Distances before{};
-  Distances last{};
-  Distances now{};
-  std::iota(last.begin(), last.end(), std::size_t{0});
+  const std::size_t tooMany = limit + 1;
+  if (lengths > limit || std::max(a.size(), b.size()) > kLongest) return tooMany;
+  std::array<Distances, 3> rows;
+  std::iota(rows[0].begin(), rows[0].end(), std::size_t{0});
   for (std::size_t i = 1; i <= a.size(); ++i) {
-    std::size_t least = now[0] = i;
-    for (std::size_t j = 1; j <= b.size(); ++j) {
+    const Distances& before = rows[(i + 1) % rows.size()];
+    const Distances& last = rows[(i + 2) % rows.size()];
+    Distances& now = rows[i % rows.size()];
+    const std::size_t from = i > limit ? i - limit : 1;
+    const std::size_t to = std::min(b.size(), i + limit);
+    std::size_t least = now[from - 1] = from == 1 ? i : tooMany;
+    for (std::size_t j = from; j <= to; ++j) {
       now[j] = std::min({last[j] + 1, now[j - 1] + 1, last[j - 1] + (a[i - 1] == b[j - 1] ? 0 : 1)});
       if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1])
         now[j] = std::min(now[j], before[j - 2] + 1);
       least = std::min(least, now[j]);
     }
-    if (least > limit) return limit + 1;
-    before = last;
-    last = now;
+    if (least > limit) return tooMany;
+    now[to + 1] = tooMany;
   }
-  return std::min(last[b.size()], limit + 1);
+  return std::min(rows[a.size() % rows.size()][b.size()], tooMany);
 }
 
 std::size_t EditsAllowed(std::size_t length) {

@@ -94,16 +94,18 @@ void FileCheck::keyFound(const KeyLine& key) {
   const bool belongsHere = key.block != nullptr && key.facts != nullptr;
   before_ = belongsHere ? findGiven(key) : nullptr;
   for (const KeyFunction check : context_.functions.of<KeyFunction>()) check(*this, key);
-  if (belongsHere && before_ == nullptr && !key.facts->key.ends_with('#'))
-    given_.push_back({key.facts, key.key, {key.value, key.valueColumn}, key.place.line});
+  if (belongsHere && before_ == nullptr && !key.facts->key.ends_with('#')) {
+    given_.push_back({key.key, {key.value, key.valueColumn}, key.place.line});
+    facts_.push_back(key.facts);
+  }
 }
 
+// Keys with the same facts are the same key, but for the members of a series, which are not noted.
 const GivenKey* FileCheck::findGiven(const KeyLine& key) const {
-  const std::span<const GivenKey> all = given();
-  const auto found = std::ranges::find_if(all, [&](const GivenKey& each) {
-    return each.facts == key.facts && EqualFolded(each.key.text, key.key.text);
-  });
-  return found == all.end() ? nullptr : &*found;
+  if (givenBefore_.empty()) return nullptr;
+  const auto begin = facts_.begin() + static_cast<std::ptrdiff_t>(givenBefore_.back());
+  const auto found = std::find(begin, facts_.end(), key.facts);
+  return found == facts_.end() ? nullptr : &given_[static_cast<std::size_t>(found - facts_.begin())];
 }
 
 std::uint32_t FileCheck::noteTag(std::string_view tag, std::uint32_t line) {
@@ -154,7 +156,7 @@ void FileCheck::checkNames() {
     const std::span<const std::uint32_t> uses = file_.known.usesOf(id);
     const SpaceId space = file_.known.space(id);
     if (uses.empty() || !context_.names.hasAny(space)) continue;
-    const auto spelling = context_.names.spelling(space, file_.known.name(id));
+    const auto spelling = context_.names.spelling(space, file_.known.name(id), file_.known.hash(id));
     if (spelling == file_.known.name(id)) continue;
     for (const std::uint32_t use : uses) checkUse(file_.known.uses()[use], spelling);
   }
@@ -178,6 +180,7 @@ void FileCheck::blockEnds(const BlockHeader& block, const BlockEnd& end) {
   if (block.depth > 0 && end.closed) lastInner_ = {block, end.place.line};
   for (const BlockFunction check : context_.functions.of<BlockFunction>()) check(*this, block, end);
   given_.resize(givenBefore_.back());
+  facts_.resize(givenBefore_.back());
   givenBefore_.pop_back();
   if (block.depth == 0) outerBlocks_.push_back(outer_);
 }

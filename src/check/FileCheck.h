@@ -26,7 +26,6 @@ struct NameUse {
 
 // What a block has been given: the first line of every key of its kind.
 struct GivenKey {
-  const KeyFacts* facts = nullptr;
   TextWord key;
   TextWord value;
   std::uint32_t line = 0;
@@ -115,6 +114,7 @@ class FileCheck : public StructureSink {
   OuterBlock outer_;
   std::vector<OuterBlock> outerBlocks_;
   std::vector<GivenKey> given_;           // of all open blocks, one after the other
+  std::vector<const KeyFacts*> facts_;    // of each of these, for they are looked through at every key
   std::vector<std::size_t> givenBefore_;  // how many there were when each open block began
   const GivenKey* before_ = nullptr;
   std::unordered_map<std::string, std::uint32_t> tags_;  // in small letters, with their lines

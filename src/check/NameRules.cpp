@@ -43,14 +43,11 @@ std::string_view Trimmed(std::string_view text) {
 }
 
 // The first definition of what is defined again here. Further data does not count.
-const DefinedNames::Definition* DefinedBefore(const FileCheck& check) {
+std::optional<DefinedNames::Definition> DefinedBefore(const FileCheck& check) {
   const OuterBlock& block = check.outer();
-  const auto& all = check.context().names.definitions(block.space, block.name.text);
-  const auto first =
-      std::ranges::find_if(all, [](const DefinedNames::Definition& each) { return each.file->source().own; });
-  if (first == all.end()) return nullptr;
-  const bool isThis = first->file == &check.file().known && first->block().firstLine == block.line;
-  return isThis ? nullptr : &*first;
+  const auto first = check.context().names.firstOwn(block.space, block.name.text);
+  const bool isThis = first && first->file == &check.file().known && first->block().firstLine == block.line;
+  return isThis ? std::nullopt : first;
 }
 
 }  // namespace
@@ -79,8 +76,8 @@ void CheckDefinedOnce(FileCheck& check, const BlockHeader& block, const BlockEnd
   if (block.depth > 0 || outer.name.text.empty()) return;
   const Again again = GameStructure::get().kinds()[outer.kind].again;
   if (again == Again::nothing) return;
-  const DefinedNames::Definition* first = DefinedBefore(check);
-  if (first == nullptr) return;
+  const auto first = DefinedBefore(check);
+  if (!first) return;
   const std::string_view text = check.file().text.substr(block.lineOffset, end.behind - block.lineOffset);
   const bool same = Trimmed(check.textOf(*first)) == Trimmed(text);
   const std::string file = FindingPath(first->file->source());

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
-#include <memory>
+#include <bit>
+#include <functional>
+#include <map>
+#include <span>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
+#include "catalogue/FoldedText.h"
 #include "check/EditDistance.h"
 #include "check/FileCheck.h"
 #include "check/NumberForm.h"
@@ -17,9 +20,7 @@ namespace {
 
 constexpr std::string_view kModuleKey = "<module>";
 
-using FoldedSet = std::unordered_set<std::string_view, HashFolded, SameFolded>;
-
-// The closed lists of words, by the keys that have them.
+// The closed lists of words in one hash table. Keys that have the same list share it.
 class WordLists {
  public:
   static const WordLists& get() {
@@ -28,20 +29,41 @@ class WordLists {
   }
 
   bool has(const KeyFacts& facts, std::string_view word) const {
-    return lists_[facts.id] == nullptr || lists_[facts.id]->contains(word);
+    return slots_[placeOf(facts.words.data(), word)].list != nullptr;
   }
 
  private:
+  using List = const std::string_view*;
+  struct Slot {
+    List list = nullptr;
+    std::string_view word;
+  };
+
   WordLists() {
     const GameStructure& structure = GameStructure::get();
-    lists_.resize(structure.keyCount());
-    for (std::size_t id = 0; id < lists_.size(); ++id) {
+    std::map<List, std::span<const std::string_view>> lists;
+    std::size_t count = 0;
+    for (std::size_t id = 0; id < structure.keyCount(); ++id) {
       const auto words = structure.key(static_cast<KeyId>(id)).words;
-      if (!words.empty()) lists_[id] = std::make_unique<FoldedSet>(words.begin(), words.end());
+      if (lists.emplace(words.data(), words).second) count += words.size();
     }
+    slots_.resize(std::bit_ceil(count * 2));
+    for (const auto& [list, words] : lists)
+      for (const std::string_view word : words) slots_[placeOf(list, word)] = {list, word};
   }
 
-  std::vector<std::unique_ptr<FoldedSet>> lists_;
+  // Where the word stands in the table, or where it would.
+  std::size_t placeOf(List list, std::string_view word) const {
+    const std::size_t mask = slots_.size() - 1;
+    std::size_t place = (FoldedHash(word) ^ (std::hash<List>()(list) * 0x9E3779B1U)) & mask;
+    const auto isAnother = [&](const Slot& slot) {
+      return slot.list != nullptr && (slot.list != list || !EqualFolded(slot.word, word));
+    };
+    while (isAnother(slots_[place])) place = (place + 1) & mask;
+    return place;
+  }
+
+  std::vector<Slot> slots_;  // its size is a power of two
 };
 
 // The nearest of the candidates that the word may be a misspelling of, letter case as `Spelt` has it.

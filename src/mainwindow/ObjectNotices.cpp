@@ -41,9 +41,7 @@ void ObjectNotices::tellAbout(const ObjectNode& node) {
 void ObjectNotices::tell() {
   if (!shown_) return;
   std::vector<Notice> notices = NoticesOf(shown_->block, shown_->object, launcher_);
-  const bool known = names_ != nullptr && names_->catalogue() != nullptr &&
-                     names_->catalogue()->sources() == names_->sources();
-  if (known) {
+  if (names_ != nullptr && names_->isCurrent()) {
     for (Notice& notice : NameNotices(*names_->catalogue(), shown_->object, shown_->block, launcher_))
       notices.push_back(std::move(notice));
   }

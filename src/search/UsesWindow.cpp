@@ -207,7 +207,8 @@ void UsesWindow::ask() {
   nowhere_.clear();
   skipped_.clear();
   full_ = false;
-  asked_ = names_.catalogue();
+  // Before the further data are read, nothing can be called defined nowhere.
+  asked_ = names_.isCurrent() ? names_.catalogue() : nullptr;
   place_ = asked_ == nullptr ? block_.place : StartOfBlock(*asked_, block_);
   const bool asksFiles = subject_ == Subject::text;
   progress_->setVisible(asksFiles);

@@ -94,7 +94,7 @@ void SearchDesk::carryOut(SearchCommand command, QWidget& window) {
 // Nothing when it is not known, or when the file has changed since.
 std::optional<ItemPlace> SearchDesk::definitionOf(const NameHere& name) const {
   const CataloguePtr& names = rows_.names().catalogue();
-  if (names == nullptr || names->sources() != rows_.names().sources()) return std::nullopt;
+  if (!rows_.names().isCurrent()) return std::nullopt;
   const auto found = names->definitions(name.space, ToBytes(name.name));
   if (found.empty()) return std::nullopt;
   const SourceFile& source = found.front().file->source();

@@ -93,6 +93,8 @@ TEST(Checker, ChecksATextInPlaceOfItsFile) {
        "FXList FX_New\r\nEnd\r\nWeapon W\r\n  ProjectileDetonationFX = FX_New\r\n  FireFX = "
        "FX_Bang\r\nEnd\r\n",
        {"FXList.ini:5:12:7 error missing-name"}},
+      {"Data/INI/FXList.ini", "Weapon W\r\n  FireFX = FX_Bang\r\nEnd\r\n", {}},  // no effect is left
+      {"Data/INI/Aaa.ini", "Weapon Gun\r\nEnd\r\n", {}},                         // stands first
       {"Data/INI/New.ini", "Weapon W\r\n  FireFX = FX_Bang\r\nEnd\r\n", {}},
       {"Data/INI/Zzz.ini", "Weapon Gun\r\nEnd\r\n", {"Zzz.ini:1:8:3 error duplicate"}},
   };

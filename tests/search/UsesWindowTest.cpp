@@ -152,6 +152,19 @@ TEST_F(UsesWindowTest, NamesOfTheChosenBlockSayWhichAreDefinedNowhere) {
   EXPECT_EQ(part<QLabel>("searchState").text(), "Defined nowhere: 1.");
 }
 
+TEST_F(UsesWindowTest, NothingIsCalledDefinedNowhereBeforeTheFurtherDataAreRead) {
+  game.write("Original/Data/INI/More.ini", "Weapon Lost\r\nEnd\r\n");
+  window.showUses({"Gun", GameStructure::get().space("Weapon")});
+  ASSERT_TRUE(waitForTitle("2 uses of 'Gun'"));
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !names.isReading(); }));
+  names.setFurtherData({game.qpath() + "\\Original"});
+  window.showUses({"Lost", GameStructure::get().space("Weapon")});
+  EXPECT_EQ(part<QLabel>("searchState").text(), "Reading the names...");
+  ASSERT_TRUE(waitForTitle("1 use of 'Lost'"));
+  EXPECT_EQ(part<QLabel>("searchState").text(), "");
+  EXPECT_TRUE(rowOf("Weapon Lost, More.ini").isValid()) << rows();
+}
+
 TEST_F(UsesWindowTest, ANameThatNothingDefinesOrUsesIsSaidToBeSo) {
   window.showUses({"Nothing"});
   ASSERT_TRUE(waitForTitle("0 uses of 'Nothing'"));
