@@ -22,7 +22,7 @@ struct NameHere;
 enum class TableEditorId { weapons, armours, commandSets, commandButtons };
 
 // What all windows offer for the names of a game folder.
-enum class SearchCommand { anything, definition, uses, namesUsed, files, problems, back, forward };
+enum class SearchCommand { anything, definition, uses, namesUsed, files, problems, history, back, forward };
 
 // What the windows ask of each other. Every window is made at its first use and shown modeless.
 class EditorLauncher {
@@ -43,6 +43,11 @@ class EditorLauncher {
 
   // The whole file's text as the manual editor has it, see EditPlan; nothing when it does not show the file.
   virtual std::optional<std::string> textInManualEditor(const QString& file) const = 0;
+
+  // The same with all characters, in UTF-8.
+  virtual std::optional<std::string> utf8InManualEditor(const QString& file) const = 0;
+  // Changes the whole file's text in the manual editor as editInManualEditor does.
+  virtual bool rewriteInManualEditor(const QString& file, const TextRewrite& rewrite) = 0;
 
   // How many objects name the item of this kind (in the file's bytes); nothing as long as that is not known.
   virtual std::optional<std::size_t> objectsThatName(std::string_view kind, std::string_view name) = 0;

@@ -23,6 +23,7 @@ struct ManualEditRequest {
   QString ManualEditFile{};           // the program's full path
   int ManualEditPartial = 0;          // 1: only a part of that file, which cannot be saved
   std::optional<std::string> text{};  // in the file's bytes; none: the file as it is on the disk
+  bool utf8 = false;                  // that text is in UTF-8 instead, with any characters
   ManualEditPlace place{};            // gone to when the window is set up
   // The archive or further folder that has the file, the program's path; the text can then only be read.
   QString archive{};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,5 +22,8 @@ struct TextEdit {
 // Says what to change in a file, whose bytes it is shown: changes that do not overlap, in any order. A
 // character for which files have no byte is shown as '?'.
 using EditPlan = std::function<std::vector<TextEdit>(std::string_view bytes)>;
+
+// Gives a file's new text from the text that it has, both in UTF-8; nothing: no change.
+using TextRewrite = std::function<std::optional<std::string>(std::string_view utf8)>;
 
 }  // namespace korvane

@@ -72,6 +72,9 @@ void LaunchCommands::findInFiles() {
 void LaunchCommands::checkData() {
   launcher_.search(SearchCommand::problems, window_);
 }
+void LaunchCommands::showHistory() {
+  launcher_.search(SearchCommand::history, window_);
+}
 void LaunchCommands::goBack() {
   launcher_.search(SearchCommand::back, window_);
 }

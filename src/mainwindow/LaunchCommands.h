@@ -35,6 +35,7 @@ class LaunchCommands {
   void listNamesUsed();
   void findInFiles();
   void checkData();
+  void showHistory();
   void goBack();
   void goForward();
   void showHelp();

@@ -20,6 +20,7 @@ struct Services;
 enum MainNotices {
   missingFileNotices,
   lineEndNotices,
+  keptTextNotices,
   objectNotices,
   typedNotices,
   editNotices,

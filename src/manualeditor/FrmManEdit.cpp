@@ -401,6 +401,19 @@ bool FrmManEdit::edit(const EditPlan& plan) {
   return true;
 }
 
+bool FrmManEdit::rewrite(const TextRewrite& rewrite) {
+  if (openText_->isPart() || !openText_->archive().isEmpty()) return false;
+  const std::optional<std::string> text = rewrite(TxtManEdit_->utf8());
+  if (!text || *text == TxtManEdit_->utf8()) return false;
+  TxtManEdit_->rewrite(*text);
+  goTo({TxtManEdit_->cursorLine() + 1});
+  return true;
+}
+
+std::string FrmManEdit::utf8() const {
+  return std::string(TxtManEdit_->utf8());
+}
+
 std::optional<NameHere> FrmManEdit::nameHere() const {
   return NameAtCursor(*TxtManEdit_, *outline_);
 }

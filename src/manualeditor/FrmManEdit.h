@@ -66,6 +66,9 @@ class FrmManEdit : public QMainWindow, public NameSource {
   // Changes the text as one step to undo and goes to the first change. False when the plan names none, or
   // when the text cannot be changed.
   bool edit(const EditPlan& plan);
+  // The same by what TextRewrite gives, all characters included.
+  bool rewrite(const TextRewrite& rewrite);
+  std::string utf8() const;
 
   // Keeps an unsaved text among the former versions of its file, for the moment before the program ends.
   // False when it cannot be kept and the user does not want to lose it.

@@ -109,10 +109,13 @@ void IniTextEdit::fitNumberMargin() {
 }
 
 void IniTextEdit::setBytes(std::string_view bytes) {
-  const QByteArray utf8 = Utf8OfFile(bytes);
+  setUtf8(Utf8OfFile(bytes));
+}
+
+void IniTextEdit::setUtf8(const QByteArray& utf8) {
   lineMarks_->beginText();
   send(Sci::SCI_SETUNDOCOLLECTION, 0);
-  send(Sci::SCI_SETMODEVENTMASK, bytes.size() > kAnnounced ? kEditsToCome : kEdits);
+  send(Sci::SCI_SETMODEVENTMASK, static_cast<std::size_t>(utf8.size()) > kAnnounced ? kEditsToCome : kEdits);
   send(Sci::SCI_CLEARALL);
   sendText(Sci::SCI_ADDTEXT, utf8.size(), utf8.constData());
   send(Sci::SCI_SETUNDOCOLLECTION, 1);
@@ -307,6 +310,24 @@ void IniTextEdit::replaceAllText(const QByteArray& utf8) {
   const qsizetype position = send(Sci::SCI_FINDCOLUMN, cursor.line, cursor.column);
   select({position, position});
   send(Sci::SCI_SETFIRSTVISIBLELINE, topLine);
+}
+
+// From line to line: a character of several bytes, or a line end, is never cut.
+void IniTextEdit::rewrite(std::string_view utf8) {
+  const std::string_view now = this->utf8();
+  const std::size_t shorter = std::min(now.size(), utf8.size());
+  auto same = static_cast<std::size_t>(
+      std::ranges::mismatch(now.substr(0, shorter), utf8.substr(0, shorter)).in1 - now.begin());
+  while (same > 0 && now[same - 1] != '\n') --same;
+  std::size_t tail = 0;
+  while (tail < shorter - same && now[now.size() - tail - 1] == utf8[utf8.size() - tail - 1]) ++tail;
+  while (tail > 0 && now[now.size() - tail - 1] != '\n') --tail;
+  const auto from = static_cast<qsizetype>(same);
+  send(Sci::SCI_BEGINUNDOACTION);
+  replaceSpan({from, static_cast<qsizetype>(now.size() - tail)},
+              utf8.substr(same, utf8.size() - tail - same));
+  send(Sci::SCI_ENDUNDOACTION);
+  select({from, from});
 }
 
 // From the last one on, so that none moves the place of another.

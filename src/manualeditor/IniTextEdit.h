@@ -41,6 +41,8 @@ class IniTextEdit : public QWidget {
 
   // A new text (a file's bytes): unmodified, with nothing to undo, the cursor at its start.
   void setBytes(std::string_view bytes);
+  // The same for a text in UTF-8.
+  void setUtf8(const QByteArray& utf8);
   // The same for another version of the text that is shown: the cursor and the view stay.
   void setBytesAgain(std::string_view bytes);
   // The file that holds the text, see FileOfUtf8.
@@ -92,6 +94,9 @@ class IniTextEdit : public QWidget {
   void replaceSpan(TextSpan span, std::string_view utf8);
   // Another text in the place of all of it, as one step to undo, the view as little moved as can be.
   void replaceAllText(const QByteArray& utf8);
+
+  // The same, with only the lines touched that differ, and the first of them gone to.
+  void rewrite(std::string_view utf8);
 
   // Changes, in their order, as one step to undo.
   void apply(std::span<const TextEdit> edits);

@@ -86,6 +86,7 @@ constexpr std::array kMenuBar = {
     MenuRow{0, "MnuFile", "&File"},
     MenuRow{1, "MnuSave"},
     MenuRow{1, "extractText"},
+    MenuRow{1, "showHistory"},
     kSeparator,
     MenuRow{1, "MnuExit"},
     MenuRow{0, "MnuEdit", "&Edit"},

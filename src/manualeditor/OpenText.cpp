@@ -58,7 +58,9 @@ bool OpenText::open(const ManualEditRequest& request) {
   look_ = look;
   vanished_ = false;
   text_.setReadOnly(false);  // for the new text itself
-  text_.setBytes(request.text ? std::string_view(*request.text) : file.bytes());
+  const std::string_view bytes = request.text ? std::string_view(*request.text) : file.bytes();
+  text_.setUtf8(request.utf8 ? QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()))
+                             : Utf8OfFile(bytes));
   text_.setReadOnly(!archive_.isEmpty());
   Q_EMIT said(ofFile, {});
   return true;

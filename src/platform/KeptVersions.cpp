@@ -117,6 +117,33 @@ std::vector<KeptVersions::File> KeptVersions::files() const {
   return files;
 }
 
+KeptVersions::Room KeptVersions::room() const {
+  Room room;
+  for (const File& file : files()) {
+    const std::vector<KeptVersion> versions = versionsIn(file.folder);
+    if (!versions.empty()) ++room.files;
+    room.versions += versions.size();
+    for (const KeptVersion& version : versions) room.bytes += QFileInfo(version.file).size();
+  }
+  return room;
+}
+
+std::vector<KeptVersion> KeptVersions::olderThan(const QDateTime& time, bool withUnsaved) const {
+  std::vector<KeptVersion> older;
+  for (const File& file : files()) {
+    const std::vector<KeptVersion> versions = versionsIn(file.folder);
+    for (std::size_t i = 1; i < versions.size(); ++i) {  // the first one is the newest
+      if (versions[i].time < time && (withUnsaved || !versions[i].isUnsaved())) older.push_back(versions[i]);
+    }
+  }
+  return older;
+}
+
+std::size_t KeptVersions::forget(const std::vector<KeptVersion>& versions) {
+  return static_cast<std::size_t>(std::ranges::count_if(
+      versions, [](const KeptVersion& version) { return QFile::remove(version.file); }));
+}
+
 std::optional<QString> KeptVersions::read(const KeptVersion& version) {
   FileBytes file;
   if (!file.readNative(Native(version.file))) return std::nullopt;

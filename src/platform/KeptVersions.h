@@ -50,6 +50,22 @@ class KeptVersions {
   // The characters of a version; nothing when it cannot be read whole.
   static std::optional<QString> read(const KeptVersion& version);
 
+  // How much the versions of all files take.
+  struct Room {
+    std::size_t files = 0;
+    std::size_t versions = 0;
+    qint64 bytes = 0;
+  };
+  Room room() const;
+  // The folder (native path) that holds all of them.
+  const QString& folder() const { return folder_; }
+
+  // Versions that were kept before the time, but of no file the newest one. Texts that were not saved only
+  // when they are asked for.
+  std::vector<KeptVersion> olderThan(const QDateTime& time, bool withUnsaved) const;
+  // Deletes versions for good. Gives how many are gone.
+  static std::size_t forget(const std::vector<KeptVersion>& versions);
+
   // Texts that a crash left, which this store has made versions at its start.
   struct Recovered {
     QString path;

@@ -19,6 +19,7 @@ struct KeptVersion {
   bool part = false;  // only a part of the file
   bool utf8 = false;  // a text with characters that no file can hold; else the file's bytes (Windows1252.h)
 
+  bool operator==(const KeptVersion&) const = default;
   bool isUnsaved() const { return kind != Kind::replaced; }
 };
 

@@ -10,6 +10,8 @@
 #include "editors/FrmArmour.h"
 #include "editors/FrmCmdSet.h"
 #include "editors/TableEditors.h"
+#include "history/FileVersions.h"
+#include "history/HistoryWindow.h"
 #include "mainwindow/FrmEdit.h"
 #include "manualeditor/FrmManEdit.h"
 #include "options/FrmOpt.h"
@@ -63,7 +65,8 @@ Program::Program(const Services& services, Folders& folders, QString arguments)
       commandSetEditor_([this] { return makeCommandSetEditor(); }),
       commandSetFormat_([this] { return new CmdSetFormat(services_.settings); }),
       commandButtonEditor_([this] { return withSearch(new FrmCmdBtn(editorContext())); }),
-      problems_([this] { return new ProblemsWindow(services_, names_, dataCheck_, places_, *this); }) {}
+      problems_([this] { return new ProblemsWindow(services_, names_, dataCheck_, places_, *this); }),
+      history_([this] { return new HistoryWindow(services_, files_, *versions_, *this); }) {}
 
 Program::~Program() = default;
 
@@ -84,6 +87,22 @@ void Program::tellTorn() {
   }
 }
 
+void Program::tellKeptTexts() {
+  std::vector<Notice> notices;
+  for (const auto& [path, version] : versions_->recovered()) {
+    Notice notice("Text of " + path.section('\\', -1) + " that was not saved on " +
+                  ShortTimeText(version.time) + " was kept. ");
+    notice.link("Show", [this, file = path, kept = version.file] { showHistory(file, kept); });
+    notices.push_back(notice);
+  }
+  mainWindow_->tell(keptTextNotices, std::move(notices));
+}
+
+void Program::showHistory(const QString& file, const QString& version) {
+  history_.get().showFile(file, version);
+  Present(history_.get());
+}
+
 void Program::keepAtEnd() {
   if (FrmManEdit* editor = manualEditor_.existing()) editor->keepAtEnd();
 }
@@ -99,6 +118,7 @@ FrmEdit& Program::mainWindow() {
   if (!mainWindow_) {
     mainWindow_ = std::make_unique<FrmEdit>(services_, *this);
     mainWindow_->useCatalogue(names_);
+    tellKeptTexts();
     searchDesk_.addField(*mainWindow_, [this] { return mainWindow_->commands().all(); });
     QObject::connect(&dataCheck_, &DataCheck::resultChanged, mainWindow_.get(), [this] {
       const DataCheck::ResultPtr& result = dataCheck_.result();
@@ -260,12 +280,28 @@ bool Program::goToInManualEditor(const QString& file, const ManualEditPlace& pla
   return true;
 }
 
-bool Program::editInManualEditor(const QString& file, const EditPlan& plan) {
+bool Program::wholeInManualEditor(const QString& file) {
   FrmManEdit& editor = manualEditor_.get();
-  if (!editor.shows(file) && !editor.open({file})) return false;
-  const bool edited = editor.edit(plan);
-  Present(editor);
+  return editor.shows(file) || editor.open({file});
+}
+
+bool Program::editInManualEditor(const QString& file, const EditPlan& plan) {
+  if (!wholeInManualEditor(file)) return false;
+  const bool edited = manualEditor_.get().edit(plan);
+  Present(manualEditor_.get());
   return edited;
+}
+
+bool Program::rewriteInManualEditor(const QString& file, const TextRewrite& rewrite) {
+  if (!wholeInManualEditor(file)) return false;
+  const bool rewritten = manualEditor_.get().rewrite(rewrite);
+  Present(manualEditor_.get());
+  return rewritten;
+}
+
+std::optional<std::string> Program::utf8InManualEditor(const QString& file) const {
+  const FrmManEdit* editor = manualEditor_.existing();
+  return editor != nullptr && editor->shows(file) ? std::optional(editor->utf8()) : std::nullopt;
 }
 
 std::optional<std::string> Program::textInManualEditor(const QString& file) const {
@@ -300,6 +336,10 @@ bool Program::showEntry(TableEditorId editor, const QString& name) {
 void Program::search(SearchCommand command, QWidget& window) {
   if (command == SearchCommand::problems) {
     Present(problems_.get());
+  } else if (command == SearchCommand::history) {
+    const auto* source = dynamic_cast<const NameSource*>(&window);
+    const auto place = source == nullptr ? std::nullopt : source->placeHere();
+    showHistory(place ? services_.folders.game + '\\' + place->place.path : QString());
   } else {
     searchDesk_.carryOut(command, window);
   }

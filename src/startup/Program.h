@@ -30,6 +30,7 @@ class FrmFun;
 class FrmManEdit;
 class FrmOpt;
 class FrmWE;
+class HistoryWindow;
 class KeptVersions;
 class ProblemsWindow;
 class Registry;
@@ -56,6 +57,8 @@ class Program : public EditorLauncher, public StartupWindows {
   bool goToInManualEditor(const QString& file, const ManualEditPlace& place) override;
   bool editInManualEditor(const QString& file, const EditPlan& plan) override;
   std::optional<std::string> textInManualEditor(const QString& file) const override;
+  std::optional<std::string> utf8InManualEditor(const QString& file) const override;
+  bool rewriteInManualEditor(const QString& file, const TextRewrite& rewrite) override;
   std::optional<std::size_t> objectsThatName(std::string_view kind, std::string_view name) override;
   bool showEntry(TableEditorId editor, const QString& name) override;
   void search(SearchCommand command, QWidget& window) override;
@@ -83,6 +86,9 @@ class Program : public EditorLauncher, public StartupWindows {
   void runSplash();
   void tellTorn();
   void fileSaved(const QString& file);
+  void tellKeptTexts();
+  void showHistory(const QString& file, const QString& version = {});
+  bool wholeInManualEditor(const QString& file);
 
   FrmManEdit* makeManualEditor();
   FrmOpt* makeOptions();
@@ -127,6 +133,7 @@ class Program : public EditorLauncher, public StartupWindows {
   Lazy<CmdSetFormat> commandSetFormat_;
   Lazy<FrmCmdBtn> commandButtonEditor_;
   Lazy<ProblemsWindow> problems_;
+  Lazy<HistoryWindow> history_;
 };
 
 }  // namespace korvane

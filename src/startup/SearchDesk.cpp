@@ -87,6 +87,7 @@ void SearchDesk::carryOut(SearchCommand command, QWidget& window) {
       places_.goForward();
       break;
     case SearchCommand::problems:  // asks for no place
+    case SearchCommand::history:   // has a window of its own
       break;
   }
 }

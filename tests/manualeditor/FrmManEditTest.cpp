@@ -52,7 +52,7 @@ QStringList Entries(const QList<QAction*>& actions) {
 
 TEST_F(ManEditTest, EveryMenuEntryAndToolbarButtonHasItsNameAndPlace) {
   const std::pair<const char*, QStringList> kMenus[] = {
-      {"MnuFile", {"MnuSave: Save", "", "MnuExit: Exit"}},
+      {"MnuFile", {"MnuSave: Save", "showHistory: History...", "", "MnuExit: Exit"}},
       {"MnuEdit",
        {"MnuUndo: Undo", "MnuRedo: Redo", "", "MnuCut: Cut", "MnuCopy: Copy", "MnuPaste: Paste",
         "MnuDelete: Delete", "", "MnuFind: Find...", "MnuFindNext: Find Next", "MnuReplace: Replace...", "",

@@ -31,6 +31,12 @@ class FakeLauncher : public EditorLauncher {
     return true;
   }
   std::optional<std::string> textInManualEditor(const QString&) const override { return unsavedText; }
+  std::optional<std::string> utf8InManualEditor(const QString&) const override { return unsavedText; }
+  bool rewriteInManualEditor(const QString& file, const TextRewrite& rewrite) override {
+    calls += "rewrite " + file;
+    rewritten = rewrite(unsavedText.value_or(""));
+    return rewritten.has_value();
+  }
   std::optional<std::size_t> objectsThatName(std::string_view, std::string_view) override { return objects; }
   bool showEntry(TableEditorId, const QString& name) override {
     calls += "entry " + name;
@@ -64,6 +70,7 @@ class FakeLauncher : public EditorLauncher {
   QStringList calls;
   std::vector<EditPlan> plans;
   std::optional<std::string> unsavedText;
+  std::optional<std::string> rewritten;
   std::optional<std::size_t> objects;
   bool textsKept = true;
   QString unsavedFile;
