@@ -3,6 +3,7 @@
 
 #include "controls/FullTextTips.h"
 #include "controls/Icons.h"
+#include "controls/ReadableColours.h"
 #include "startup/Desktop.h"
 #include "startup/EndSignals.h"
 #include "startup/Program.h"
@@ -13,6 +14,7 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName("korvane");
   QApplication::setWindowIcon(korvane::ApplicationIcon());
   korvane::FullTextTips::install();
+  korvane::ReadableHints::install();
   korvane::Desktop desktop;
   korvane::Program program(desktop.services(), desktop.folders(), QApplication::arguments().mid(1).join(' '));
   korvane::EndSignals endSignals;

@@ -9,7 +9,7 @@
 
 #include <vector>
 
-#include "controls/LinkColour.h"
+#include "controls/ReadableColours.h"
 
 namespace korvane {
 

@@ -10,6 +10,9 @@ namespace {
 constexpr QChar kDigitPlace = u'#';
 constexpr QChar kPrompt = u'_';
 
+constexpr int kTextMargin = 2;  // pixels that a field keeps free on either side of its text
+constexpr int kCursor = 1;
+
 bool IsDigit(QChar c) {
   return c >= u'0' && c <= u'9';
 }
@@ -88,6 +91,13 @@ QString MaskedField::clipText() const {
     return text().endsWith(tail) ? text().chopped(tail.size()) : text();
   }
   return shown.left(digits_).remove(kPrompt);
+}
+
+QSize MaskedField::minimumSizeHint() const {
+  const QSize least = QLineEdit::minimumSizeHint();  // which is as wide as the font's widest letter
+  const int frame = least.width() - fontMetrics().maxWidth();
+  const QString shown = QString(mask_).replace(kDigitPlace, kPrompt);
+  return least.expandedTo({fontMetrics().horizontalAdvance(shown) + frame + 2 * kTextMargin + kCursor, 0});
 }
 
 }  // namespace korvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QLineEdit>
+#include <QSize>
 #include <QString>
 
 namespace korvane {
@@ -32,6 +33,9 @@ class MaskedField : public QLineEdit {
 
   // What was entered, without prompts and without the mask's literal text.
   QString clipText() const;
+
+  // Wide enough for the template.
+  QSize minimumSizeHint() const override;
 
  private:
   bool fits(const QString& value) const;

@@ -10,7 +10,7 @@
 
 #include <algorithm>
 
-#include "controls/LinkColour.h"
+#include "controls/ReadableColours.h"
 #include "controls/ShownText.h"
 
 namespace korvane {
@@ -65,12 +65,15 @@ QString Notice::plainText() const {
   return text;
 }
 
-// A link's address is the number of its piece.
-QString Notice::richText() const {
+// A link's address is the number of its piece. Its colour has to stand here: a label's palette does not count
+// for links.
+QString Notice::richText(const QColor& linkColour) const {
   QString text;
   for (std::size_t i = 0; i < pieces_.size(); ++i) {
     const QString shown = WithBreaks(pieces_[i].text).toHtmlEscaped();
-    text += pieces_[i].follow ? QStringLiteral("<a href=\"%1\">%2</a>").arg(i).arg(shown) : shown;
+    text += pieces_[i].follow ? QStringLiteral("<a style=\"color:%1\" href=\"%2\">%3</a>")
+                                    .arg(linkColour.name(), QString::number(i), shown)
+                              : shown;
   }
   return text;
 }
@@ -122,6 +125,7 @@ QStringList NoticeBar::sentences() const {
 
 void NoticeBar::rebuild() {
   auto* rows = new QWidget;
+  texts_.clear();
   auto* layout = new QVBoxLayout(rows);
   layout->setContentsMargins(2 * kMargin, kMargin, 2 * kMargin, kMargin);
   layout->setSpacing(kMargin);
@@ -138,7 +142,7 @@ QWidget* NoticeBar::makeRow(const Notice& notice) {
   auto* row = new QWidget;
   auto* layout = new QHBoxLayout(row);
   layout->setContentsMargins(0, 0, 0, 0);
-  auto* label = new QLabel(notice.richText());
+  auto* label = new QLabel;
   label->setObjectName("Notice");
   label->setTextFormat(Qt::RichText);
   label->setWordWrap(true);
@@ -149,6 +153,7 @@ QWidget* NoticeBar::makeRow(const Notice& notice) {
     follow(pieces.at(number.toULong()).follow);
   });
   layout->addWidget(label, 1);
+  texts_.push_back({label, notice});
   for (const Notice::Piece& button : notice.buttons_) {
     auto* push = new QPushButton(button.text);
     push->setObjectName("NoticeButton");
@@ -166,15 +171,16 @@ void NoticeBar::follow(const Notice::Follow& follow) {
 
 void NoticeBar::applyColours() {
   if (widget() == nullptr) return;
-  const QPalette around = parentWidget() == nullptr ? palette() : parentWidget()->palette();
-  QPalette colours = around;
-  const QColor ground = GroundOf(around);
+  QPalette colours = parentWidget() == nullptr ? palette() : parentWidget()->palette();
+  const QColor ground = GroundOf(colours);
+  const QColor link = ReadableLink(colours, ground);
   colours.setColor(QPalette::Window, ground);
-  colours.setColor(QPalette::Link, ReadableLink(around, ground));
-  colours.setColor(QPalette::LinkVisited, ReadableLink(around, ground));
   widget()->setPalette(colours);
   widget()->setAutoFillBackground(true);
-  for (QLabel* label : widget()->findChildren<QLabel*>()) label->setPalette(colours);
+  for (const auto& [label, notice] : texts_) {
+    label->setPalette(colours);
+    label->setText(notice.richText(link));
+  }
 }
 
 int NoticeBar::heightForWidth(int width) const {

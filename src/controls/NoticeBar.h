@@ -6,7 +6,10 @@
 
 #include <functional>
 #include <map>
+#include <utility>
 #include <vector>
+
+class QLabel;
 
 namespace korvane {
 
@@ -31,7 +34,7 @@ class Notice {
     QString text;
     Follow follow;  // none: plain text
   };
-  QString richText() const;
+  QString richText(const QColor& linkColour) const;
 
   std::vector<Piece> pieces_;
   std::vector<Piece> buttons_;
@@ -72,6 +75,7 @@ class NoticeBar : public QScrollArea {
   void applyColours();
 
   std::map<int, std::vector<Notice>> parts_;
+  std::vector<std::pair<QLabel*, Notice>> texts_;  // as they are seen
 };
 
 }  // namespace korvane

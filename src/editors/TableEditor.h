@@ -66,6 +66,8 @@ class TableEditor : public QMainWindow, public NameSource {
   std::optional<NameHere> nameHere() const override;
   std::optional<ItemPlace> placeHere() const override;
 
+  Commands& commands() { return commands_; }
+
  Q_SIGNALS:
   // The window can go, see WindowCalls.
   void closedForGood();
@@ -81,7 +83,6 @@ class TableEditor : public QMainWindow, public NameSource {
   virtual std::vector<Notice> noticesOf(const std::string& text, const ShownBlock& block,
                                         const QString& file) const;
 
-  Commands& commands() { return commands_; }
   InPlaceTable& table();
   const TableEditorContext& context() const { return context_; }
 

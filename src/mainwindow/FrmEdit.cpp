@@ -114,10 +114,18 @@ void FrmEdit::buildCommands() {
   Toolbar1_->setContextMenuPolicy(Qt::PreventContextMenu);
   AddMainCommands(commands_, launch_, [this] { exitCommand(); });
   commands_.add("showInFile", "Show in &File", "F6", [this] { fileEdits_->showInFile(); });
+  commands_.add("nextTab", "Next &Tab", "Ctrl+Tab", [this] { stepTab(1); });
+  commands_.add("previousTab", "&Previous Tab", "Ctrl+Shift+Tab", [this] { stepTab(-1); });
   BuildMainMenu(*menuBar(), commands_);
   BuildMainToolBar(*Toolbar1_, commands_, launch_);
   menus_.emplace(*TVMenu_, objects_, *fields_.LstInfo, launch_, commands_);
   names_.emplace(*TVMenu_, objects_, fields_, commands_, launcher_);
+}
+
+// From wherever the keyboard is; Qt's own keys need it in the tab box.
+void FrmEdit::stepTab(int by) {
+  const int count = fields_.F_Tab->count();
+  fields_.F_Tab->setCurrentIndex((fields_.F_Tab->currentIndex() + by + count) % count);
 }
 
 void FrmEdit::connectButtons() {

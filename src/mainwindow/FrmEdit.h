@@ -98,6 +98,7 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   void buildLayout();
   void buildCommands();
   void connectButtons();
+  void stepTab(int by);
   void load();
   void applyTreeFont();
   void nameFileButton();

@@ -13,8 +13,8 @@ StatusPanels::StatusPanels(QStatusBar& bar) : problems_(new QToolButton), troubl
     panels_[i] = new QLabel;
     panels_[i]->setObjectName("Panel" + QString::number(i + 1));
     panels_[i]->setTextFormat(Qt::PlainText);
-    // A long text must not widen the window.
-    panels_[i]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    // A long text must not widen the window; what is counted is short, and seen whole.
+    panels_[i]->setSizePolicy(i == count ? QSizePolicy::Minimum : QSizePolicy::Ignored, QSizePolicy::Fixed);
     bar.addWidget(panels_[i], kStretch[i]);
   }
   problems_->setObjectName("problems");

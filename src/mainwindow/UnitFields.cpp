@@ -44,6 +44,7 @@ constexpr std::array<HandlingField, kHandlingFields> kHandling = {{
 
 constexpr int kFieldWidth = 220;  // device-independent pixels; less where captions need the place
 constexpr int kLeastListWidth = 120;
+constexpr int kCaptionMargin = 8;
 constexpr int kListEntryWidth = 34;  // characters
 
 template <typename Field>
@@ -163,6 +164,7 @@ UnitFields::UnitFields() : F_Tab(Named("F_Tab", new QTabWidget)), weapons(new QS
 QWidget* UnitFields::handlingTab() {
   auto* frame = new QGroupBox("Handling And Speed");
   auto* form = Form(frame);
+  form->setRowWrapPolicy(QFormLayout::WrapLongRows);  // in a narrow window units are seen whole
   AddField(form, "Locomotor:", CboLocomotor = List("CboLocomotor", true));
   locomotorLink = Link("locomotorLink", *CboLocomotor, *CboLocomotor);
   LocoTab = Named("LocoTab", new QTabBar);
@@ -180,6 +182,7 @@ void UnitFields::addHandlingField(QFormLayout* form, std::size_t i) {
   field->setMask(kHandling[i].mask);
   auto* clear = Button(qPrintable(QString("HS_ClearBtn%1").arg(i)), "Clear");
   clear->setToolTip("<< Deletes all text (if any)");
+  clear->setMinimumWidth(clear->fontMetrics().horizontalAdvance(clear->text()) + 2 * kCaptionMargin);
   AddFieldWithButton(form, kHandling[i].label, field, clear);
   HS_TextBox[i] = field;
   HS_ClearBtn[i] = clear;

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "controls/LinkColour.h"
+#include "controls/ReadableColours.h"
 #include "manualeditor/BlockOutline.h"
 #include "manualeditor/IniTextEdit.h"
 

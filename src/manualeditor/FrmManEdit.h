@@ -56,6 +56,7 @@ class FrmManEdit : public QMainWindow, public NameSource {
   bool goToIn(const QString& file, const ManualEditPlace& place);
   void goToLine(int line);  // from 1
   std::optional<NameHere> nameHere() const override;
+  const Commands& commands() const { return commands_; }
   std::optional<ItemPlace> placeHere() const override;
   std::optional<ItemPlace> blockHere() const override;
 

@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "app/CatalogueService.h"
+#include "app/Commands.h"
 #include "controls/Named.h"
 #include "search/SearchList.h"
 
@@ -83,7 +84,7 @@ void FindAnything::showList() {
 }
 
 void FindAnything::refresh() {
-  model_->setRows(desk_.rows.find(field_->text(), {desk_.commands(), desk_.goToLine != nullptr}));
+  model_->setRows(desk_.rows.find(field_->text(), {desk_.commands.all(), desk_.goToLine != nullptr}));
   const QModelIndex first = model_->index(0);
   list_->setCurrentIndex((model_->flags(first) & Qt::ItemIsSelectable) != 0 ? first : QModelIndex());
   const int rows = std::clamp(model_->rowCount(), 1, kMostShown);

@@ -13,6 +13,7 @@ class QListView;
 
 namespace korvane {
 
+class Commands;
 class SearchModel;
 
 // The field "Find anything" and the list below it. Either with a field that stands in a window all the time,
@@ -26,7 +27,7 @@ class FindAnything : public QFrame {
   struct Desk {
     SearchRows& rows;
     PlaceLauncher& places;
-    std::function<QList<QAction*>()> commands;
+    const Commands& commands;
     std::function<void(int line)> goToLine;  // of the open file; none: the window has no such file
   };
 

@@ -68,12 +68,20 @@ QString PlainCaption(const QAction& action) {
   return caption.remove('&');
 }
 
+// A menu and a context menu may each have an action of the same command.
+bool IsOffered(const QAction& action, const std::vector<SearchRow>& rows) {
+  const auto same = [caption = PlainCaption(action)](const SearchRow& row) {
+    return row.what == SearchRow::What::command && row.name == caption;
+  };
+  return action.isEnabled() && std::ranges::none_of(rows, same);
+}
+
 void AddCommands(std::vector<SearchRow>& rows, const QString& pattern, const QList<QAction*>& commands) {
   const NameMatcher matcher(ToBytes(pattern));
   std::size_t added = 0;
   for (QAction* action : commands) {
     const std::string caption = ToBytes(PlainCaption(*action));
-    if (added == kMostCommands || !action->isEnabled() || !matcher.rank(caption)) continue;
+    if (added == kMostCommands || !IsOffered(*action, rows) || !matcher.rank(caption)) continue;
     SearchRow row{SearchRow::What::command, FromBytes(caption), "Command",
                   action->shortcut().toString(QKeySequence::NativeText), matcher.parts(caption)};
     row.command = action;

@@ -41,6 +41,8 @@ class UsesWindow : public ToolDialog, public NameSource {
   // The name that the chosen row stands for.
   std::optional<NameHere> nameHere() const override;
 
+  const Commands& commands() const { return commands_; }
+
  Q_SIGNALS:
   // Any but that for a text in all files.
   void searchAsked(SearchCommand command);

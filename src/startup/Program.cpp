@@ -119,7 +119,7 @@ FrmEdit& Program::mainWindow() {
     mainWindow_ = std::make_unique<FrmEdit>(services_, *this);
     mainWindow_->useCatalogue(names_);
     tellKeptTexts();
-    searchDesk_.addField(*mainWindow_, [this] { return mainWindow_->commands().all(); });
+    searchDesk_.addField(*mainWindow_, mainWindow_->commands());
     QObject::connect(&dataCheck_, &DataCheck::resultChanged, mainWindow_.get(), [this] {
       const DataCheck::ResultPtr& result = dataCheck_.result();
       mainWindow_->showProblems(CountsText(*result), result->objects);
@@ -179,13 +179,13 @@ UsesWindow* Program::makeUsesWindow() {
   auto* window = new UsesWindow(services_.settings, names_, places_);
   QObject::connect(window, &UsesWindow::searchAsked, window,
                    [this, window](SearchCommand command) { search(command, *window); });
-  searchDesk_.addPopup(*window);
+  searchDesk_.addPopup(*window, window->commands());
   return window;
 }
 
 template <typename Editor>
 Editor* Program::withSearch(Editor* editor) {
-  searchDesk_.addPopup(*editor);
+  searchDesk_.addPopup(*editor, editor->commands());
   return editor;
 }
 
@@ -252,7 +252,7 @@ FrmManEdit* Program::makeManualEditor() {
     if (places_.extract(place, *window)) names_.filesChanged();
   });
   QObject::connect(window, &FrmManEdit::fileSaved, window, [this](const QString& file) { fileSaved(file); });
-  searchDesk_.addPopup(*window, [window](int line) { window->goToLine(line); });
+  searchDesk_.addPopup(*window, window->commands(), [window](int line) { window->goToLine(line); });
   return window;
 }
 

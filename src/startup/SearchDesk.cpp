@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "startup/SearchDesk.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -34,7 +33,7 @@ void Tell(const QString& text) {
 
 }  // namespace
 
-void SearchDesk::addField(QMainWindow& window, std::function<QList<QAction*>()> commands) {
+void SearchDesk::addField(QMainWindow& window, const Commands& commands) {
   QLineEdit* field = FindAnything::makeField();
   field->setFocusPolicy(Qt::ClickFocus);
   auto* corner = new QWidget;
@@ -46,17 +45,10 @@ void SearchDesk::addField(QMainWindow& window, std::function<QList<QAction*>()> 
   field->setFixedHeight(height);
   corner->setFixedHeight(height);
   window.menuBar()->setCornerWidget(corner);
-  new FindAnything(window, {rows_, places_, std::move(commands), {}}, field);
+  new FindAnything(window, {rows_, places_, commands, {}}, field);
 }
 
-void SearchDesk::addPopup(QWidget& window, std::function<void(int)> goToLine) {
-  const auto commands = [&window] {
-    QList<QAction*> found;
-    for (QAction* action : window.findChildren<QAction*>()) {
-      if (!action->text().isEmpty() && action->menu() == nullptr) found += action;
-    }
-    return found;
-  };
+void SearchDesk::addPopup(QWidget& window, const Commands& commands, std::function<void(int)> goToLine) {
   new FindAnything(window, {rows_, places_, commands, std::move(goToLine)});
 }
 

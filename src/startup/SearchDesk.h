@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QList>
 #include <QObject>
 
 #include <functional>
@@ -10,11 +9,11 @@
 #include "app/NameSource.h"
 #include "app/Places.h"
 
-class QAction;
 class QMainWindow;
 
 namespace korvane {
 
+class Commands;
 class SearchRows;
 class UsesWindow;
 
@@ -25,9 +24,9 @@ class SearchDesk {
       : rows_(rows), places_(places), usesWindow_(std::move(usesWindow)) {}
 
   // "Find anything" as a field at the right end of the window's menu bar.
-  void addField(QMainWindow& window, std::function<QList<QAction*>()> commands);
+  void addField(QMainWindow& window, const Commands& commands);
   // The same as a popup of the window; `goToLine` goes to a line of its file, if it shows one.
-  void addPopup(QWidget& window, std::function<void(int)> goToLine = {});
+  void addPopup(QWidget& window, const Commands& commands, std::function<void(int)> goToLine = {});
 
   void carryOut(SearchCommand command, QWidget& window);
   // Goes there once the names are read as the files are now, unless the user goes elsewhere meanwhile.

@@ -4,11 +4,12 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTest>
 #include <QTextEdit>
 
-#include "controls/LinkColour.h"
 #include "controls/NoticeBar.h"
+#include "controls/ReadableColours.h"
 
 namespace korvane {
 namespace {
@@ -92,6 +93,37 @@ TEST_F(NoticeBars, TextOfAFileIsNeverMarkup) {
   bar->tell(1, {Notice("<b>Tank</b> & ").link("<i>x</i>", [] {})});
   EXPECT_TRUE(row(0).text().contains("&lt;b&gt;Tank&lt;/b&gt; &amp; "));
   EXPECT_TRUE(row(0).text().contains(">&lt;i&gt;x&lt;/i&gt;</a>"));
+}
+
+TEST_F(NoticeBars, LinksCanBeReadWhenThePaletteTurnsDark) {
+  const auto linkColour = [this] {
+    return QColor(QRegularExpression("color:(#[0-9a-f]{6})").match(row(0).text()).captured(1));
+  };
+  QPalette palette(QColor(240, 240, 240));
+  palette.setColor(QPalette::Link, Qt::blue);
+  window->setPalette(palette);
+  bar->tell(1, {Notice("See ").link("line 7", [] {})});
+  EXPECT_EQ(linkColour(), QColor(Qt::blue));
+  palette = QPalette(QColor(40, 44, 48));
+  palette.setColor(QPalette::Link, Qt::blue);
+  window->setPalette(palette);
+  EXPECT_GT(linkColour().lightness(), 150);
+}
+
+TEST(Hints, CanBeReadWhateverColoursTheDesktopHas) {
+  const QPalette before = QApplication::palette();
+  const QColor dimBlack(0, 0, 0, 128);
+  QPalette palette(Qt::white);
+  palette.setColor(QPalette::PlaceholderText, dimBlack);
+  EXPECT_EQ(ReadableHint(palette), dimBlack);
+  ReadableHints::install();
+  palette = QPalette(QColor(40, 44, 48));
+  palette.setColor(QPalette::Base, QColor(27, 30, 32));
+  palette.setColor(QPalette::PlaceholderText, dimBlack);
+  QApplication::setPalette(palette);
+  QApplication::processEvents();
+  EXPECT_GT(QApplication::palette().color(QPalette::PlaceholderText).lightness(), 200);
+  QApplication::setPalette(before);
 }
 
 TEST(LinkColours, CanBeReadInLightAndDarkPalettes) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QScreen>
 
+#include "controls/FullTextTips.h"
 #include "mainwindow/MainWindow.h"
 
 namespace korvane {
@@ -83,7 +84,20 @@ TEST_F(LastViewTest, TheSmallestWindowShowsNamesAndCaptions) {
   EXPECT_GE(tree().width(), 180);
   EXPECT_LE(window->minimumSizeHint().width(), window->screen()->availableGeometry().width());
   EXPECT_LE(window->minimumSizeHint().height(), 360 - 20) << "half a small screen, with a title bar";
+  click("Jeep");
   get<QTabWidget>("F_Tab").setCurrentIndex(0);
+  get<QTabWidget>("F_Tab").setFixedWidth(640 - 208);  // as on half a small screen, beside the tree
+  ASSERT_TRUE(QTest::qWaitFor([this] {
+    window->resize(1, 1);
+    return window->width() < 660;
+  }));
+  QApplication::processEvents();
+  for (int i = 1; i < 9; ++i) {
+    const auto& field = get<QLineEdit>(qPrintable(QString("HS_TextBox%1").arg(i)));
+    EXPECT_EQ(CutTextAt(field, {}), "") << "unit of field " << i;
+  }
+  const auto& counted = get<QLabel>("Panel3");
+  EXPECT_GE(counted.width(), counted.sizeHint().width());
   for (const QLabel* label : get<QTabWidget>("F_Tab").currentWidget()->findChildren<QLabel*>())
     EXPECT_GE(label->width(), label->sizeHint().width()) << qPrintable(label->text());
 }

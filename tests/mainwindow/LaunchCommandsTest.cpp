@@ -60,6 +60,14 @@ TEST_F(LaunchCommandsTest, ShortcutsHoldInAllOfTheWindow) {
   EXPECT_EQ(shell.runs.size(), 2U);
   QTest::keyClick(&get<QTreeView>("TVMenu"), Qt::Key_F1, Qt::ShiftModifier);
   EXPECT_EQ(help.topics.size(), 1U);
+  auto& tabs = get<QTabWidget>("F_Tab");
+  const std::pair<Qt::KeyboardModifiers, int> steps[] = {{Qt::ControlModifier, 0},
+                                                         {Qt::ControlModifier | Qt::ShiftModifier, 6}};
+  tabs.setCurrentIndex(6);
+  for (const auto& [modifiers, tab] : steps) {
+    QTest::keyClick(&get<QTreeView>("TVMenu"), Qt::Key_Tab, modifiers);
+    EXPECT_EQ(tabs.currentIndex(), tab);
+  }
   get<QToolButton>("W95MBX01").click();
   EXPECT_EQ(process.ends, 1);
 }

@@ -191,6 +191,29 @@ TEST_F(TankJourney, BackAndForwardLeadThroughAllWindows) {
   EXPECT_TRUE(isAtSound());
 }
 
+TEST_F(TankJourney, AWindowsCommandsAreFoundOnceAndNoneThatItDoesNotOffer) {
+  const auto offered = [](const char* window, const char* control, const QString& typed) {
+    QWidget* start = &part<QWidget>(window, control);
+    while (start->focusProxy() != nullptr) start = start->focusProxy();
+    press(*start, Qt::Key_P, Qt::ControlModifier);
+    auto& field = part<QLineEdit>(window, "findAnythingField");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return field.hasFocus(); }));
+    QTest::keyClicks(&field, typed);
+    const auto& model = *part<QListView>(window, "findAnythingList").model();
+    QStringList rows;
+    for (int row = 0; row < model.rowCount(); ++row) rows += model.index(row, 0).data().toString();
+    QTest::keyClick(&field, Qt::Key_Escape);
+    return rows.filter("Command");
+  };
+  program.showWeaponEditor();
+  EXPECT_EQ(offered("FrmWE", "LstWPN", "Weapon in Manual"),
+            QStringList("Edit Weapon in Manual Editor Command"));
+  program.showManualEditor({.ManualEditFile = game.qpath() + "\\Data\\INI\\Weapon.ini"});
+  ASSERT_TRUE(waitForTitle("FrmManEdit", "Manual Editor"));
+  EXPECT_EQ(offered("FrmManEdit", "TxtManEdit", "duplicate"), QStringList("Duplicate Command Ctrl+D"));
+  EXPECT_EQ(offered("FrmManEdit", "TxtManEdit", "extract"), QStringList()) << "the text is in no archive";
+}
+
 TEST_F(TankJourney, EveryWindowFindsAnythingAndTexts) {
   struct Control {
     const char* window;
