@@ -62,6 +62,29 @@ constexpr std::string_view kCheckSeeds[] = {
     "# file\tcode\ttext\nData/INI/Weapon.ini\tstray-end\tEnd closes nothing here: no block is open\n",
 };
 
+// The first byte chooses the kind, a line for each edit follows, and an empty one.
+constexpr std::string_view kEditSeeds[] = {
+    "\x00"
+    "a1000\nd200\nh5\n\n; units\r\nObject TankWreck2\r\nEnd\r\n"sv,
+    "\x00"
+    "a1000\nb4.5\nd200\n\nObject Tank ; a\r\n  BuildCost  =  900 ; was 8\r\n  BuildTime = 8.0\r\n  Body = "
+    "ActiveBody Tag\r\n    MaxHealth = 5\r\n  End\r\nEnd\r\n"sv,
+    "\x00"
+    "iGun2\nmGun\nhWheels\n\nObject Tank\r\n  WeaponSet\r\n    Conditions = None\r\n    Weapon = PRIMARY "
+    "Gun\r\n  End\r\n  Locomotor = SET_NORMAL A\r\nEnd\r\n"sv,
+    "\x01"
+    "b30\nc40\n\nLocomotor Tank\r\n  Surfaces = GROUND RUBBLE\r\n  Speed = 3 // 4\r\nEnd\r\n"sv,
+    "\x02"
+    "a5\nbLASER\n\nWeapon Tank\r  PrimaryDamage = 1.5\r End\r"sv,
+    "\x03"
+    "a5%\nb6%\n\nArmor Tank\r\n  Armor = FLAME 50% ; x\r\n  Armor = FLAME 5%;\r\n  Armor = LASER "
+    "1%\r\nEnd\r\n"sv,
+    "\x04"
+    "aSTOP\n\nCommandButton Tank\r\n  Command = \"A\"\r\nEnd\r\n"sv,
+    "\x05"
+    "aX\nbY\njZ\n\nCommandSet Tank\r\n  1 = A\r\n 10 = B\r\nEnd\r\n"sv,
+};
+
 // Two texts with a zero byte between them.
 constexpr std::string_view kCompareSeeds[] = {
     "Weapon Gun\r\n Clip = 1 ; x\r\nEnd\r\nWeapon B\nEnd\n\0Weapon B\nEnd\nweapon gun\n Clip = 2\n Clip = "
@@ -125,6 +148,7 @@ int main(int argc, char** argv) {
   WriteEach(Folder(seeds / "tree"), kTreeSeeds);
   WriteEach(Folder(seeds / "catalogue"), kCatalogueSeeds);
   WriteEach(Folder(seeds / "check"), kCheckSeeds);
+  WriteEach(Folder(seeds / "edit"), kEditSeeds);
   WriteEach(Folder(seeds / "compare"), kCompareSeeds);
   return 0;
 }
