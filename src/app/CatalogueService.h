@@ -13,7 +13,7 @@ namespace korvane {
 
 struct Folders;
 
-// The catalogue of names for the windows: read in a worker at the first need and kept fresh. Windows never
+// The catalogue of names for the windows: read in a worker at the first need and kept fresh. Windows do not
 // wait for it; they ask again when it says that it has changed.
 class CatalogueService : public QObject {
   Q_OBJECT

@@ -49,7 +49,8 @@ class EditorLauncher {
   // Changes the whole file's text in the manual editor as editInManualEditor does.
   virtual bool rewriteInManualEditor(const QString& file, const TextRewrite& rewrite) = 0;
 
-  // How many objects name the item of this kind (in the file's bytes); nothing as long as that is not known.
+  // How many objects name the item of this kind (in the file's bytes); waits for the names while they are
+  // read for the first time. Nothing when they cannot be.
   virtual std::optional<std::size_t> objectsThatName(std::string_view kind, std::string_view name) = 0;
 
   virtual void showWeaponEditor() = 0;

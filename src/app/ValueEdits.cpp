@@ -71,7 +71,7 @@ bool AgreesForAll(const BlockName& block, EditorLauncher& launcher, MessageBoxes
   const QString objects =
       count && *count == 1 ? "1 object names" : QString("%1 objects name").arg(count.value_or(0));
   const QString text = count ? objects + " the " + name + ". The change is one for all that use it."
-                             : "How many objects name the " + name + " is not known yet.";
+                             : "How many objects name the " + name + " is not known.";
   return messages.ask({.text = text, .answers = {"Edit in file", "Cancel"}}, &owner) == 0;
 }
 

@@ -46,6 +46,8 @@ class InPlaceTable : public QTableView, public TableSink {
   }
   // Some value is not what the last fill put there, or the user inserted a row.
   bool hasTyped() const { return model_.hasTyped(); }
+  // The user inserted a row.
+  bool hasInserted() const { return model_.hasInserted(); }
   // A cell is being typed into.
   bool isEditing() const { return state() == EditingState; }
   // What the row shows counts as what the fill put there.

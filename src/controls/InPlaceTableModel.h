@@ -48,6 +48,7 @@ class InPlaceTableModel : public QAbstractTableModel {
   const Row& shownRow(int row) const { return shown_[static_cast<std::size_t>(row)]; }
   // Some value is not what was read, or the user inserted a row.
   bool hasTyped() const;
+  bool hasInserted() const { return inserted_; }
   // A row that stands for a line.
   bool isSeparator(int row) const;
   // A cell whose text the user can change.

@@ -326,8 +326,11 @@ std::vector<TypedValue> TableEditor::typedValues() const {
 void TableEditor::editInFile() {
   const WindowCalls::Running call(calls_);
   const std::vector<TypedValue> values = typedValues();
-  if (!values.empty())
-    notices_->tell(editNotices, EditInFile(values, context_.launcher, context_.services.messages, *this));
+  if (values.empty()) return;
+  std::vector<Notice> notices = EditInFile(values, context_.launcher, context_.services.messages, *this);
+  if (table().hasInserted())
+    notices.emplace_back("A row that was inserted has no value, and no line in the file.");
+  notices_->tell(editNotices, std::move(notices));
 }
 
 // The selected row of the table when that has the keyboard, else the selected entry.

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "startup/Program.h"
 
+#include <QDeadlineTimer>
+#include <QEventLoop>
+
+#include <chrono>
+
 #include "about/FrmFun.h"
 #include "about/frmAbout.h"
 #include "app/FurtherData.h"
@@ -28,6 +33,8 @@
 namespace korvane {
 
 namespace {
+
+constexpr auto kLongestWait = std::chrono::seconds(10);  // for the names
 
 // A table editor reads its list when it is made; the events that run meanwhile already find the window
 // registered. If the user closes it meanwhile the reference stays valid until control returns to the event
@@ -309,8 +316,18 @@ std::optional<std::string> Program::textInManualEditor(const QString& file) cons
   return editor != nullptr && editor->shows(file) ? std::optional(editor->bytes()) : std::nullopt;
 }
 
-std::optional<std::size_t> Program::objectsThatName(std::string_view kind, std::string_view name) {
+// The user has to hear it before an edit is made. Reading the names takes a moment, in which no input comes
+// in.
+void Program::waitForNames() {
   names_.ensure();
+  const QDeadlineTimer deadline(kLongestWait);
+  QEventLoop events;
+  while (names_.catalogue() == nullptr && names_.isReading() && !deadline.hasExpired())
+    events.processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
+}
+
+std::optional<std::size_t> Program::objectsThatName(std::string_view kind, std::string_view name) {
+  waitForNames();
   if (names_.catalogue() == nullptr) return std::nullopt;
   return CountUsers(*names_.catalogue(), kind, name, "Object");
 }

@@ -89,6 +89,7 @@ class Program : public EditorLauncher, public StartupWindows {
   void tellKeptTexts();
   void showHistory(const QString& file, const QString& version = {});
   bool wholeInManualEditor(const QString& file);
+  void waitForNames();
 
   FrmManEdit* makeManualEditor();
   FrmOpt* makeOptions();

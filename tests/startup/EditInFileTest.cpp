@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QComboBox>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTreeView>
@@ -19,10 +20,9 @@ TEST_F(EditInFile, APriceIsChangedInTwoClicksAndSaved) {
   EXPECT_EQ(text().selectedText(), "1000");
   EXPECT_EQ(text().cursorLine(), 5);
   EXPECT_EQ(game.read(kFile), GameFolder::CrLf(kUnits));  // until it is saved
-  save();
+  QTest::keyClick(text().focusProxy(), Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(game.read(kFile), with("900", "1000"));
-  show("Jeep");
-  show("Tank");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return notices().isEmpty(); }));
   EXPECT_EQ(field("TxtCost").text(), "1000");
 }
 
@@ -66,6 +66,9 @@ TEST_F(EditInFile, ALocomotorIsEditedWhenTheUserHasHeardWhoElseNamesIt) {
   messages.answers = {"Cancel"};
   follow("Edit in file");
   EXPECT_EQ(VisibleWindow("FrmManEdit"), nullptr);
+  ASSERT_EQ(messages.asked.size(), 1U);
+  EXPECT_EQ(messages.asked[0].text,
+            "2 objects name the locomotor Tracks. The change is one for all that use it.");
   messages.answers = {"Edit in file"};
   editInFile();
   EXPECT_TRUE(edited().find("  Speed = 55 ; fast\r\n") != std::string::npos) << edited();
@@ -112,6 +115,80 @@ TEST_F(EditInFile, CellsOfATableAreEditedInTheirFile) {
     EXPECT_EQ(text().selectedText(), c.typed);
     save();
   }
+}
+
+TEST_F(EditInFile, AnInsertedRowMovesNoOtherAndIsNotWritten) {
+  game.ini("Armor.ini", "Armor A\n  Armor = FLAME 5%\n  Armor = FLAME 6%\nEnd\n");
+  ASSERT_TRUE(program.showEntry(TableEditorId::armours, "A"));
+  QWidget& editor = *WindowNamed("FrmArmour");
+  auto& rows = *editor.findChild<InPlaceTable*>("LVEdit");
+  rows.addRow("FLAME");
+  ASSERT_FALSE(rows.model()->setData(rows.model()->index(2, 1), "9%"));
+  ASSERT_TRUE(rows.model()->setData(rows.model()->index(1, 1), "7%"));
+  messages.answers = {"Edit in file"};
+  followIn(editor, "Edit in file");
+  waitForEditor();
+  EXPECT_EQ(edited(), GameFolder::CrLf("Armor A\n  Armor = FLAME 5%\n  Armor = FLAME 7%\nEnd\n"));
+  EXPECT_EQ(editor.findChild<NoticeBar*>("NoticeBar")->sentences().last(),
+            "A row that was inserted has no value, and no line in the file.");
+}
+
+// Each is refused with its reason, and nothing is opened or changed.
+TEST_F(EditInFile, WhatNoLineShowsForSureIsRefused) {
+  struct Case {
+    const char* object;  // that a Tank is made of
+    const char* field;
+    const char* typed;
+    const char* reason;
+  };
+  const Case kCases[] = {
+      {"  BuildCost = 1\n  BuildCost = 2\n", "TxtCost", "5",
+       "Cost cannot be edited in the file: it shows 2 lines run together (line 2)."},
+      {"  BuildCost = \"a b\"\n", "TxtCost", "5",
+       "Cost cannot be edited in the file: only a part of the value in its line is shown (line 2)."},
+      {"  WeaponSet\n    Weapon = PRIMARY A\n    End\n  WeaponSet\n    Weapon = PRIMARY B\n  End\n",
+       "PWeapon", "C",
+       "Primary Weapon cannot be edited in the file: its weapon set shares lines with the next (line 2)."},
+      {"  Locomotor = SET_NORMAL Slow\n", "HS_TextBox1", "abc",
+       "Top Speed cannot be edited in the file: what is typed does not fit the field's mask."},
+      {"  BuildCost = 1\n", "TxtCost", "1 2",
+       "Cost cannot be edited in the file: what is typed is not one word of a line."},
+      {"  BuildCost = 1\n", "TxtCost", "",
+       "Cost cannot be edited in the file: it is empty; a line is deleted in the manual editor."},
+      {"  BuildCost = 1\n", "TxtCost", "\xE2\x82\xAC\xC4\xB1",
+       "Cost cannot be edited in the file: the game's files have no byte for a character of it."},
+  };
+  game.ini("Locomotor.ini", "Locomotor Slow\n  Speed = 22.5\nEnd\n");
+  for (const Case& c : kCases) {
+    SCOPED_TRACE(c.reason);
+    const std::string file = GameFolder::CrLf(std::string("Object Tank\n") + c.object + "End\n");
+    game.write(kFile, file);
+    show("Tank");
+    auto* list = window.findChild<QComboBox*>(c.field);
+    QLineEdit& line = list == nullptr ? field(c.field) : *list->lineEdit();
+    line.setText(QString::fromUtf8(c.typed));
+    follow("Edit in file");
+    EXPECT_EQ(notices().last(), c.reason);
+    EXPECT_EQ(VisibleWindow("FrmManEdit"), nullptr);
+    EXPECT_TRUE(messages.asked.empty());
+    EXPECT_EQ(game.read(kFile), file);
+  }
+}
+
+TEST_F(EditInFile, AMisspeltNameIsFoundAndMendedWithTheKeyboard) {
+  game.ini("FXList.ini", "FXList FX_Bang\nEnd\n");
+  game.ini("Weapon.ini", "Weapon Gun\n  ClipSize = 2\n  FireFX = FX_Bnag ; loud\nEnd\n");
+  program.showManualEditor({game.qpath() + "\\Data\\INI\\Weapon.ini"});
+  waitForEditor();
+  QWidget* control = text().focusProxy();
+  ASSERT_TRUE(QTest::qWaitFor([&] {
+    QTest::keyClick(control, Qt::Key_F8);
+    return text().selectedText() == "FX_Bnag";
+  }));
+  QTest::keyClick(control, Qt::Key_Period, Qt::ControlModifier);
+  QTest::keyClick(control, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(game.read("Data/INI/Weapon.ini"),
+            GameFolder::CrLf("Weapon Gun\n  ClipSize = 2\n  FireFX = FX_Bang ; loud\nEnd\n"));
 }
 
 TEST_F(EditInFile, ShowInFileSelectsTheValue) {
