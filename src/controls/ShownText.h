@@ -4,7 +4,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <algorithm>
 #include <string_view>
 
 #include "platform/TextEncoding.h"
@@ -27,14 +26,26 @@ inline QString ShownName(std::string_view bytes) {
   return FromBytes(bytes.substr(0, kMostShown));
 }
 
-// A tooltip with lines of text from a file, which Qt must not take for one with markup.
+// The text with no line longer than this, broken at blanks where there are any.
+inline QString WithShortLines(const QString& text, qsizetype longest) {
+  QStringList lines;
+  for (QString line : text.split('\n')) {
+    while (line.size() > longest) {
+      const qsizetype blank = line.lastIndexOf(' ', longest);
+      lines += line.left(blank > 0 ? blank : longest);
+      line.remove(0, blank > 0 ? blank + 1 : longest);
+    }
+    lines += line;
+  }
+  return lines.join('\n');
+}
+
+// A tooltip with lines of text from a file, which Qt must not take for one with markup, nor break where it is
+// still narrow.
 inline QString PlainToolTip(const QString& text) {
+  constexpr qsizetype kLongestLine = 100;
   if (text.isEmpty()) return text;
-  constexpr qsizetype kWidest = 100;  // characters of a line
-  const QStringList lines = text.split('\n');
-  const bool fits = std::ranges::all_of(lines, [](const QString& line) { return line.size() <= kWidest; });
-  const QString wrap = fits ? "pre" : "pre-wrap";
-  return "<span style='white-space:" + wrap + "'>" + text.toHtmlEscaped() + "</span>";
+  return "<span style='white-space:pre'>" + WithShortLines(text, kLongestLine).toHtmlEscaped() + "</span>";
 }
 
 }  // namespace korvane

@@ -83,10 +83,10 @@ ProblemsWindow::ProblemsWindow(const Services& services, CatalogueService& names
   auto* filters = new QHBoxLayout;
   auto* foot = new QHBoxLayout;
   layout->addLayout(filters);
+  buildFilters(*filters);  // what is added later comes later by Tab too
   layout->addWidget(tree_);
-  layout->addLayout(foot);
-  buildFilters(*filters);
   buildTree();
+  layout->addLayout(foot);
   buildFoot(*foot);
   connect(&check_, &DataCheck::resultChanged, this, [this] {
     cancelled_ = false;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QMenu>
+#include <QTextDocumentFragment>
 #include <QToolTip>
 #include <Qsci/qsciscintilla.h>
 
@@ -124,6 +125,18 @@ TEST_F(LiveFindingsTest, KeysGoFromOneToTheNextAndMendThem) {
   press(Qt::Key_Z, Qt::ControlModifier);
   press(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(text().fileBytes().bytes, kFaulty) << "one step to undo for each";
+}
+
+TEST_F(LiveFindingsTest, ATooltipIsAsWideAsItsTextUpToALimit) {
+  const std::string name = "FX_Bang" + std::string(150, 'x');
+  openChecked("Weapon Gun\r\n  FireFX = FX_Bnag\r\n  FireFX = " + name + "\r\nEnd\r\n");
+  press(Qt::Key_F8);
+  EXPECT_TRUE(
+      QToolTip::text().contains("no FXList 'FX_Bnag' is defined; is 'FX_Bang' meant? [missing-name]\n"))
+      << QToolTip::text().toStdString();
+  press(Qt::Key_F8);
+  for (const QString& line : QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText().split('\n'))
+    EXPECT_LE(line.size(), 100) << line.toStdString();
 }
 
 TEST_F(LiveFindingsTest, TheWayGoesRoundTheEndsOfTheText) {

@@ -308,6 +308,19 @@ TEST_F(ProblemsTest, ObjectsWithErrorsAreNamedWithWhatIsWrong) {
   EXPECT_TRUE(object.texts.contains("Tag_1")) << object.texts.toStdString();
 }
 
+TEST_F(ProblemsTest, TabGoesThroughTheWindowAsItIsRead) {
+  select(0, 0);
+  QStringList names;
+  part<QLineEdit>("filter").setFocus();
+  for (int i = 0; i < 9; ++i) {
+    names += window->focusWidget()->objectName();
+    QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(names, QStringList({"filter", "errors", "warnings", "notes", "grouping", "furtherData",
+                                "findings", "again", "copyButton"}))
+      << names.join(' ').toStdString();
+}
+
 TEST_F(ProblemsTest, ASelectionThatTheFilterHidesComesBack) {
   select(1, 1);
   part<QLineEdit>("filter").setText("stray-end");
