@@ -12,4 +12,8 @@ class SettingsStore;
 QStringList FurtherDataOf(const SettingsStore& settings, const QString& gameFolder);
 void SaveFurtherData(SettingsStore& settings, const QString& gameFolder, const QStringList& paths);
 
+// The folder or archive with which a game folder is compared; empty: the archives in the game folder itself.
+QString OriginalDataOf(const SettingsStore& settings, const QString& gameFolder);
+void SaveOriginalData(SettingsStore& settings, const QString& gameFolder, const QString& path);
+
 }  // namespace korvane

@@ -23,6 +23,7 @@ constexpr std::array kRows = {
     Row{SearchCommand::files, "findInFiles", "Find &in Files...", "Ctrl+Shift+F"},
     Row{SearchCommand::problems, "checkData", "&Check the Data", "Ctrl+Shift+M"},
     Row{SearchCommand::history, "showHistory", "&History...", ""},
+    Row{SearchCommand::original, "compareOriginal", "Compare with the Ori&ginal...", ""},
     Row{SearchCommand::back, "goBack", "Bac&k", "Alt+Left"},
     Row{SearchCommand::forward, "goForward", "F&orward", "Alt+Right"},
 };

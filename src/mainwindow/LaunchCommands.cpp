@@ -75,6 +75,9 @@ void LaunchCommands::checkData() {
 void LaunchCommands::showHistory() {
   launcher_.search(SearchCommand::history, window_);
 }
+void LaunchCommands::compareWithOriginal() {
+  launcher_.search(SearchCommand::original, window_);
+}
 void LaunchCommands::goBack() {
   launcher_.search(SearchCommand::back, window_);
 }

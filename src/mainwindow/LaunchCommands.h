@@ -36,6 +36,7 @@ class LaunchCommands {
   void findInFiles();
   void checkData();
   void showHistory();
+  void compareWithOriginal();
   void goBack();
   void goForward();
   void showHelp();

@@ -112,6 +112,7 @@ constexpr std::array kMenuBar = {
     MenuRow{1, "namesUsed"},
     MenuRow{1, "findInFiles"},
     MenuRow{1, "checkData"},
+    MenuRow{1, "compareOriginal"},
     kSeparator,
     MenuRow{1, "goBack"},
     MenuRow{1, "goForward"},

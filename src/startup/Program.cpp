@@ -15,6 +15,7 @@
 #include "editors/FrmArmour.h"
 #include "editors/FrmCmdSet.h"
 #include "editors/TableEditors.h"
+#include "history/CompareWindow.h"
 #include "history/FileVersions.h"
 #include "history/HistoryWindow.h"
 #include "mainwindow/FrmEdit.h"
@@ -60,6 +61,7 @@ Program::Program(const Services& services, Folders& folders, QString arguments)
       places_(services, *this, [this]() -> FrmEdit& { return mainWindow(); }),
       searchDesk_(searchRows_, places_, [this]() -> UsesWindow& { return uses_.get(); }),
       dataCheck_(names_),
+      dataComparison_(services),
       uses_([this] { return makeUsesWindow(); }),
       wizard_([this] { return makeWizard(); }),
       manualEditor_([this] { return makeManualEditor(); }),
@@ -73,7 +75,8 @@ Program::Program(const Services& services, Folders& folders, QString arguments)
       commandSetFormat_([this] { return new CmdSetFormat(services_.settings); }),
       commandButtonEditor_([this] { return withSearch(new FrmCmdBtn(editorContext())); }),
       problems_([this] { return new ProblemsWindow(services_, names_, dataCheck_, places_, *this); }),
-      history_([this] { return new HistoryWindow(services_, files_, *versions_, *this); }) {}
+      history_([this] { return new HistoryWindow(services_, files_, *versions_, *this); }),
+      compare_([this] { return new CompareWindow(services_, files_, dataComparison_, places_); }) {}
 
 Program::~Program() = default;
 
@@ -118,6 +121,7 @@ void Program::runSplash() {
   frmSplash splash(services_, folders_, *this, arguments_);
   splash.load();
   names_.setFurtherData(FurtherDataOf(services_.settings, services_.folders.game));
+  dataComparison_.forget();
   names_.filesChanged();  // the wizard restores files, and may have chosen another folder
 }
 
@@ -353,6 +357,8 @@ bool Program::showEntry(TableEditorId editor, const QString& name) {
 void Program::search(SearchCommand command, QWidget& window) {
   if (command == SearchCommand::problems) {
     Present(problems_.get());
+  } else if (command == SearchCommand::original) {
+    Present(compare_.get());
   } else if (command == SearchCommand::history) {
     const auto* source = dynamic_cast<const NameSource*>(&window);
     const auto place = source == nullptr ? std::nullopt : source->placeHere();

@@ -9,6 +9,7 @@
 #include "app/EditorLauncher.h"
 #include "app/Services.h"
 #include "controls/FontDialog.h"
+#include "history/DataComparison.h"
 #include "platform/FileWriter.h"
 #include "platform/Programs.h"
 #include "problems/DataCheck.h"
@@ -22,6 +23,7 @@
 namespace korvane {
 
 class CmdSetFormat;
+class CompareWindow;
 class FrmAmrPar;
 class FrmArmour;
 class FrmCmdBtn;
@@ -119,6 +121,7 @@ class Program : public EditorLauncher, public StartupWindows {
   PlaceOpener places_;
   SearchDesk searchDesk_;
   DataCheck dataCheck_;
+  DataComparison dataComparison_;
 
   std::unique_ptr<FrmEdit> mainWindow_;
   Lazy<UsesWindow> uses_;
@@ -135,6 +138,7 @@ class Program : public EditorLauncher, public StartupWindows {
   Lazy<FrmCmdBtn> commandButtonEditor_;
   Lazy<ProblemsWindow> problems_;
   Lazy<HistoryWindow> history_;
+  Lazy<CompareWindow> compare_;
 };
 
 }  // namespace korvane

@@ -79,7 +79,8 @@ void SearchDesk::carryOut(SearchCommand command, QWidget& window) {
       places_.goForward();
       break;
     case SearchCommand::problems:  // asks for no place
-    case SearchCommand::history:   // has a window of its own
+    case SearchCommand::history:   // have windows of their own
+    case SearchCommand::original:
       break;
   }
 }

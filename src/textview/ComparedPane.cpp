@@ -93,8 +93,6 @@ void ComparedPane::prepare() {
   text_->setCaretLineVisible(true);
   send(Sci::SCI_SETCARETLINEFRAME, 1);
   send(Sci::SCI_SETCARETLINEVISIBLEALWAYS, 1);
-  send(Sci::SCI_SETSCROLLWIDTH, 1);
-  send(Sci::SCI_SETSCROLLWIDTHTRACKING, 1);
   send(Sci::SCI_INDICSETSTYLE, kFoldIndicator, Sci::INDIC_TEXTFORE);
   send(Sci::SCI_INDICSETSTYLE, kWordIndicator, Sci::INDIC_FULLBOX);
   send(Sci::SCI_INDICSETUNDER, kWordIndicator, 1);
@@ -182,17 +180,19 @@ void ComparedPane::markRows() {
       send(Sci::SCI_MARKERADD, at, style->marker);
     }
     if (line == 0) continue;
+    const std::uint32_t first = side_ == Side::former ? pair_->formerFirst : pair_->presentFirst;
     const QByteArray number =
-        QByteArray::number(line) + (style == nullptr ? "  " : QByteArray(" ") + style->sign);
+        QByteArray::number(line + first - 1) + (style == nullptr ? "  " : QByteArray(" ") + style->sign);
     view_.sendText(Sci::SCI_MARGINSETTEXT, at, number.constData());
     send(Sci::SCI_MARGINSETSTYLE, at, Sci::STYLE_LINENUMBER);
   }
 }
 
 void ComparedPane::fitMargin() {
-  const auto rows = pair_ == nullptr ? 0 : pair_->aligned.rows.size();
-  const QByteArray widest =
-      QByteArray::number(static_cast<qulonglong>(std::max<std::size_t>(rows, 999))) + "  ~";
+  constexpr std::size_t kUsual = 999;  // lines
+  const std::size_t last =
+      pair_ == nullptr ? 0 : pair_->aligned.rows.size() + std::max(pair_->formerFirst, pair_->presentFirst);
+  const QByteArray widest = QByteArray::number(static_cast<qulonglong>(std::max(last, kUsual))) + "  ~";
   send(Sci::SCI_SETMARGINWIDTHN, kNumberMargin,
        view_.sendText(Sci::SCI_TEXTWIDTH, Sci::STYLE_LINENUMBER, widest.constData()) + 2 * kTextMargin);
 }
@@ -218,6 +218,17 @@ void ComparedPane::scrollTo(int row) {
   const qsizetype rows = send(Sci::SCI_LINESONSCREEN);
   if (seen < top || seen >= top + rows)
     send(Sci::SCI_SETFIRSTVISIBLELINE, std::max<qsizetype>(seen - rows / 4, 0));
+}
+
+int ComparedPane::textWidth() const {
+  if (pair_ == nullptr) return 1;
+  const auto& lines = side_ == Side::former ? pair_->texts.formerLines() : pair_->texts.presentLines();
+  const auto longest = std::ranges::max_element(lines, {}, &std::string_view::size);
+  if (longest == lines.end()) return 1;
+  constexpr std::size_t kMost = 4096;  // bytes that are measured
+  QByteArray text(longest->data(), static_cast<qsizetype>(std::min(longest->size(), kMost)));
+  text.replace('\t', "    ").replace('\0', ' ');
+  return static_cast<int>(view_.sendText(Sci::SCI_TEXTWIDTH, Sci::STYLE_DEFAULT, text.constData()));
 }
 
 void ComparedPane::showAtScrollBar() {

@@ -28,6 +28,9 @@ struct TextPair {
 
   ComparedTexts texts;
   AlignedRows aligned;
+  // The numbers of the first lines, in the files of which the texts are parts.
+  std::uint32_t formerFirst = 1;
+  std::uint32_t presentFirst = 1;
 };
 using TextPairPtr = std::shared_ptr<const TextPair>;
 
@@ -51,6 +54,8 @@ class ComparedPane : public QObject {
   void setRow(int row);
   // So that it stands in the upper part.
   void scrollTo(int row);
+  // Pixels that the longest line takes.
+  int textWidth() const;
   // Marks on the scroll bar where rows differ, among those that are seen.
   void showAtScrollBar();
   // What is selected, without rows in which this text has no line.

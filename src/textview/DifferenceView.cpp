@@ -67,12 +67,20 @@ void DifferenceView::show(TextPairPtr pair, const QString& formerTitle, const QS
   titles_[1]->setText(presentTitle);
   former_->show(pair_);
   present_->show(pair_);
+  alignWidths();
   row_ = 0;
   change_ = -1;
   foldedRows_.assign(pair_ == nullptr ? 0 : pair_->aligned.rows.size(), false);
   setFolded(folded_);
   if (changeCount() > 0) goToChange(0);
   Q_EMIT currentChangeChanged(currentChange());
+}
+
+// As wide as the wider one: with a scroll bar below only one of them their last lines would not meet.
+void DifferenceView::alignWidths() {
+  const int width = std::max(former_->textWidth(), present_->textWidth());
+  for (ComparedPane* pane : {former_, present_})
+    pane->control().SendScintilla(Sci::SCI_SETSCROLLWIDTH, static_cast<long>(width));
 }
 
 void DifferenceView::setTextFont(const QFont& font) {
@@ -117,6 +125,20 @@ void DifferenceView::goToChange(int change) {
     goToRow(pair_->aligned.changes[static_cast<std::size_t>(change)]);
 }
 
+void DifferenceView::goToLines(std::uint32_t former, std::uint32_t present) {
+  if (pair_ == nullptr || former + present == 0) return;
+  const std::vector<AlignedRow>& rows = pair_->aligned.rows;
+  const auto found = std::ranges::find_if(rows, [&](const AlignedRow& each) {
+    return present != 0 ? each.present == present : each.former == former;
+  });
+  if (found == rows.end()) return;
+  const auto row = static_cast<std::size_t>(found - rows.begin());
+  for (std::size_t fold = 0; fold < row; ++fold) {
+    if (foldedRows_[fold] && fold + rows[fold].folded >= row) setFold(fold, false);
+  }
+  goToRow(row);
+}
+
 void DifferenceView::goToNext() {
   goToChange(currentChange() + 1);
 }
@@ -157,6 +179,7 @@ AlignedRow DifferenceView::currentRow() const {
 
 void DifferenceView::applyLook() {
   for (ComparedPane* pane : {former_, present_}) pane->applyLook(font_, palette());
+  alignWidths();
 }
 
 void DifferenceView::changeEvent(QEvent* event) {

@@ -33,6 +33,9 @@ class DifferenceView : public QWidget {
   // The one at the cursor or, where there is none, before it; -1 before the first.
   int currentChange() const;
   void goToChange(int change);
+  // To the row of a line, counted from 1 in its text: of the present one, or where it has none (0), of the
+  // former one.
+  void goToLines(std::uint32_t former, std::uint32_t present);
   // The next one behind the cursor or before it; nothing happens behind the last.
   void goToNext();
   void goToPrevious();
@@ -54,6 +57,7 @@ class DifferenceView : public QWidget {
   void setFold(std::size_t row, bool folded);
   void goToRow(std::size_t row);
   void rowMoved(ComparedPane& other, int row);
+  void alignWidths();
   void applyLook();
   AlignedRow currentRow() const;
 
