@@ -50,6 +50,13 @@ QStringList FoldersIn(const QString& typedFolder) {
   return found;
 }
 
+// A second "/" begins anew at the root, a "~" at the home folder, whatever stands before them.
+QString BegunAnew(const QString& typed) {
+  if (const qsizetype root = typed.lastIndexOf("//"); root > 0) return typed.mid(root + 1);
+  const qsizetype home = typed.endsWith("/~") ? typed.size() - 2 : typed.lastIndexOf("/~/");
+  return home < 0 ? typed : typed.mid(home + 1);
+}
+
 }  // namespace
 
 PathField::PathField(QWidget* parent) : QLineEdit(parent) {
@@ -75,6 +82,7 @@ void PathField::open(const QString& text) {
 
 // The list is made anew when another folder has been typed.
 void PathField::offer() {
+  if (const QString anew = BegunAnew(text()); anew != text()) setText(anew);
   const QString folder = FolderPart(text());
   if (folder == offered_) return;
   offered_ = folder;

@@ -12,6 +12,7 @@
 #include <QScrollArea>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QToolButton>
 
 #include <initializer_list>
 
@@ -44,6 +45,7 @@ constexpr std::array<HandlingField, kHandlingFields> kHandling = {{
 
 constexpr int kFieldWidth = 220;  // device-independent pixels; less where captions need the place
 constexpr int kLeastListWidth = 120;
+constexpr int kLeastListHeight = 120;
 constexpr int kCaptionMargin = 8;
 constexpr int kListEntryWidth = 34;  // characters
 
@@ -142,7 +144,12 @@ QWidget* Page(std::initializer_list<QWidget*> frames, QWidget* rest = nullptr) {
   } else {
     layout->addWidget(rest, 1);
   }
-  return rest == nullptr ? Scrolled(page) : page;
+  return Scrolled(page);
+}
+
+// The arrows that scroll tabs; the tabs themselves have keys.
+void KeepArrowsFromKeyboard(const QTabBar& tabs) {
+  for (QToolButton* arrow : tabs.findChildren<QToolButton*>()) arrow->setFocusPolicy(Qt::NoFocus);
 }
 
 }  // namespace
@@ -159,6 +166,8 @@ UnitFields::UnitFields() : F_Tab(Named("F_Tab", new QTabWidget)), weapons(new QS
   F_Tab->addTab(costTab(), "Cost and Build Speed");
   F_Tab->addTab(informationTab(), "Information");
   F_Tab->addTab(otherTab(), "Other Settings");
+  KeepArrowsFromKeyboard(*F_Tab->tabBar());
+  KeepArrowsFromKeyboard(*LocoTab);
 }
 
 QWidget* UnitFields::handlingTab() {
@@ -244,6 +253,7 @@ QWidget* UnitFields::informationTab() {
   AddField(form, "Weapon Conditions:", CondCombo = List("CondCombo", false));
   LstInfo = Named("LstInfo", new InPlaceTable);
   LstInfo->setAccessibleName("Information");
+  LstInfo->setMinimumHeight(kLeastListHeight);
   return Page({frame}, LstInfo);
 }
 

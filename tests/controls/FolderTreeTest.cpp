@@ -102,6 +102,11 @@ TEST_F(FolderTreeTest, APathIsTypedWithCompletionAndRevealedAlsoInHiddenFolders)
   tree.setCurrentIndex(top());
   QTest::keyClick(&tree, Qt::Key_L, Qt::ControlModifier);
   EXPECT_EQ(field().text().toStdString(), disk.native("").string());
+  QTest::keyClicks(&field(), "~");
+  EXPECT_EQ(field().text(), "~") << "a path from the home folder";
+  QTest::keyClicks(&field(), "//");
+  EXPECT_EQ(field().text(), "/") << "a path from the root";
+  field().setText(QString::fromStdString(disk.native("").string()));
   QTest::keyClicks(&field(), ".wine/drive_c/g");
   EXPECT_EQ(field().completer()->completionCount(), 2);
   QTest::keyClicks(&field(), "o");
