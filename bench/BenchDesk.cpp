@@ -7,6 +7,7 @@
 
 #include "BarePass.h"
 #include "GameGenerator.h"
+#include "ModificationGenerator.h"
 #include "files/NativePath.h"
 #include "ini/DataFiles.h"
 #include "stock/StockTable.h"
@@ -56,12 +57,23 @@ std::vector<fs::path> BenchFolders::dataFiles() const {
   return files;
 }
 
+std::vector<fs::path> BenchFolders::iniFiles() const {
+  std::vector<fs::path> files;
+  for (const auto& each : fs::recursive_directory_iterator(ini(""))) {
+    if (each.is_regular_file()) files.push_back(each.path());
+  }
+  return files;
+}
+
 void MakeBenchFolders(const BenchFolders& folders, int factor) {
-  fs::create_directories(folders.program());
-  fs::create_directories(folders.settings());
   GenerateGame(folders.game(), factor);
   MarkTheEnd(folders.objects(kLargestFile));
-  PackStock(folders);
+  GenerateModification(folders.modification().game(), factor);
+  for (const BenchFolders& each : {folders, folders.modification()}) {
+    fs::create_directories(each.program());
+    fs::create_directories(each.settings());
+    PackStock(each);
+  }
 }
 
 BenchDesk::BenchDesk(const BenchFolders& where)

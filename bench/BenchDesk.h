@@ -19,17 +19,23 @@ struct BenchFolders {
   std::filesystem::path ini(std::string_view name) const { return game() / "Data" / "INI" / name; }
   std::filesystem::path objects(std::string_view name) const { return ini("Object") / name; }
 
+  // Beside them, those of a whole modification.
+  BenchFolders modification() const { return {home / "modification"}; }
+
   // The object files, in the order in which they are read.
   std::vector<std::filesystem::path> objectFiles() const;
-  // All data files.
+  // The thirteen data files.
   std::vector<std::filesystem::path> dataFiles() const;
+  // All files below Data\INI.
+  std::vector<std::filesystem::path> iniFiles() const;
 };
 
 inline constexpr std::string_view kLargestFile = "FactionUnit.ini";
 // Stands at the end of the largest file, and nowhere else.
 inline constexpr const char* kFarthestText = "farthest from the start";
 
-// Writes a made-up game so many times as large as the original, and the stock database made of it.
+// Writes a made-up game so many times as large as the original, a modification so many times as large as
+// published ones, and the stock databases made of them.
 void MakeBenchFolders(const BenchFolders& folders, int factor);
 
 // A desktop on which nobody sits: the program runs for real, its messages are answered, and its settings are

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <filesystem>
-#include <fstream>
 #include <memory>
 #include <stdexcept>
 
@@ -13,33 +12,10 @@ namespace korvane {
 
 namespace {
 
-constexpr std::string_view kTyped = "amvehi1";  // finds names by their words' beginnings at last
-
-constexpr std::size_t kPublishedFile = 32'000;  // bytes: published modifications are 24 MB in 760 files
+constexpr std::string_view kTyped = "amvehi0";  // finds names by their words' beginnings at last
 
 CatalogueSources SourcesOf(const std::filesystem::path& game) {
   return {ProgramText(game)};
-}
-
-// The bytes in files of that size, cut behind a block.
-void Spread(std::string_view bytes, const std::filesystem::path& folder, Paths& files) {
-  constexpr std::string_view kEnd = "\r\nEnd\r\n";
-  std::filesystem::create_directories(folder);
-  while (!bytes.empty()) {
-    const std::size_t end = bytes.find(kEnd, kPublishedFile);
-    const std::string_view part = bytes.substr(0, end == bytes.npos ? end : end + kEnd.size());
-    files.push_back(folder / (std::to_string(files.size()) + ".ini"));
-    std::ofstream(files.back(), std::ios::binary) << part;
-    bytes.remove_prefix(part.size());
-  }
-}
-
-// The data of the game in as many files as a published modification of its size has.
-Paths SpreadGame(const BenchFolders& folders, const std::filesystem::path& game) {
-  Paths files;
-  for (const std::filesystem::path& file : folders.dataFiles())
-    Spread(ReadWhole(file), game / "Data" / "INI" / file.stem(), files);
-  return files;
 }
 
 // The catalogue that the jobs ask, read when the first one runs.
@@ -52,12 +28,11 @@ std::function<void()> Reading(const SharedCatalogue& catalogue, const CatalogueS
 }
 
 Job WholeJob(const BenchFolders& folders) {
-  const std::filesystem::path game = folders.home / "spread";
-  const Paths files = SpreadGame(folders, game);
+  const Paths files = folders.iniFiles();
   return {.name = "catalogue from nothing",
           .promise = {.ratio = 12, .growth = true},
           .run =
-              [sources = SourcesOf(game), count = files.size()] {
+              [sources = SourcesOf(folders.game()), count = files.size()] {
                 if (ReadCatalogue(sources)->files().size() != count)
                   throw std::runtime_error("files are missing");
               },
@@ -66,8 +41,8 @@ Job WholeJob(const BenchFolders& folders) {
 
 Job ChangedJob(const BenchFolders& folders, const SharedCatalogue& catalogue) {
   const std::string path = "Data\\INI\\Object\\" + std::string(kLargestFile);
-  return {.name = "catalogue, the largest file changed",
-          .promise = {.time = 20, .growth = true},
+  return {.name = "catalogue, a file of 2 MB changed",
+          .promise = {.time = 20},
           .run = [=] { *catalogue = WithFileRead(**catalogue, path); },
           .bare = BareRead({folders.objects(kLargestFile)}),
           .prepare = Reading(catalogue, SourcesOf(folders.game()))};
@@ -81,7 +56,7 @@ void TypeAndSearch(const Catalogue& catalogue) {
 
 Job SearchJob(const BenchFolders& folders, const SharedCatalogue& catalogue) {
   return {.name = "search of all names, a key",
-          .promise = {.time = 8, .growth = true},
+          .promise = {.time = 8},
           .run = [=] { TypeAndSearch(**catalogue); },
           .bare = {},
           .prepare = Reading(catalogue, SourcesOf(folders.game())),
@@ -107,7 +82,7 @@ Job UsesJob(const BenchFolders& folders, const SharedCatalogue& catalogue) {
   const auto name = std::make_shared<UsedName>();
   const auto read = Reading(catalogue, SourcesOf(folders.game()));
   return {.name = "uses of the most used name",
-          .promise = {.time = 8, .growth = true},
+          .promise = {.time = 8},
           .run =
               [=] {
                 if ((*catalogue)->uses(name->space, name->name).size() < name->uses)

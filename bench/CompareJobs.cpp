@@ -33,21 +33,21 @@ std::size_t LinesBetweenChanges(std::string_view text) {
   return std::max<std::size_t>(LinesOf(text).size() / kChangedLines, 1);
 }
 
-// Another copy of the game in which every file is changed.
-std::filesystem::path ChangedGame(const BenchFolders& folders) {
-  const std::filesystem::path mod = folders.home / "changed";
-  for (const std::filesystem::path& file : folders.dataFiles()) {
-    const std::filesystem::path target = mod / file.lexically_relative(folders.game());
+// Another copy of the modification in which every file is changed.
+std::filesystem::path ChangedModification(const BenchFolders& folders) {
+  const std::filesystem::path changed = folders.home / "changed";
+  for (const std::filesystem::path& file : folders.iniFiles()) {
+    const std::filesystem::path target = changed / file.lexically_relative(folders.game());
     std::filesystem::create_directories(target.parent_path());
     std::ofstream(target, std::ios::binary) << Changed(ReadWhole(file), 200);
   }
-  return mod;
+  return changed;
 }
 
 // Beside twice the catalogue of one.
 Job SourcesJob(const BenchFolders& folders) {
   const std::string game = ProgramText(folders.game());
-  const std::string mod = ProgramText(ChangedGame(folders));
+  const std::string mod = ProgramText(ChangedModification(folders));
   return {.name = "comparison of two modifications",
           .promise = {.ratio = 1.5, .time = 1000, .growth = true},
           .run =
@@ -62,7 +62,7 @@ Job SourcesJob(const BenchFolders& folders) {
               }};
 }
 
-// The largest file, 60,000 lines where the data are sixteen times the original's.
+// The largest file, of 50,000 lines.
 Job LinesJob(const BenchFolders& folders) {
   const auto former = std::make_shared<const std::string>(ReadWhole(folders.objects(kLargestFile)));
   const auto present = std::make_shared<const std::string>(Changed(*former, LinesBetweenChanges(*former)));

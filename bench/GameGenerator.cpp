@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "GeneratedText.h"
 #include "IniPage.h"
 
 namespace korvane {
@@ -53,28 +54,6 @@ constexpr std::array<std::string_view, 16> kDamages = {
     "SNIPER",  "MELEE", "JET_MISSILES",   "AURORA_BOMB", "KILL_PILOT", "EXPLOSION", "WATER", "POISON"};
 constexpr std::array<std::string_view, 5> kCommands = {"UNIT_BUILD", "DOZER_CONSTRUCT", "STOP", "GUARD",
                                                        "SPECIAL_POWER"};
-
-template <std::size_t N>
-std::string_view Pick(const std::array<std::string_view, N>& of, int index) {
-  return of[static_cast<std::size_t>(index) % N];
-}
-
-// Five digits, so that no name begins with another one.
-std::string Numbered(std::string_view stem, int index) {
-  const std::string digits = std::to_string(index);
-  return std::string(stem) + std::string(5 - std::min<std::size_t>(5, digits.size()), '0') + digits;
-}
-
-// A number that looks like any between low and high, always the same for the same seed.
-int Between(int low, int high, int seed) {
-  const unsigned mixed = (static_cast<unsigned>(seed) + 1U) * 2654435761U;
-  return low + static_cast<int>((mixed >> 8) % static_cast<unsigned>(high - low + 1));
-}
-
-// One line's share: lines of the block number index when so many lines are dealt out to so many blocks.
-int Share(int lines, int blocks, int index) {
-  return static_cast<int>((index + 1LL) * lines / blocks - static_cast<long long>(index) * lines / blocks);
-}
 
 class Generator {
  public:

@@ -92,13 +92,13 @@ Job StockJob(const char* name, Words arguments, const BenchFolders& folders, con
 }
 
 // The catalogue in a process of its own, which shows its memory.
-Job NamesJob(const BenchFolders& folders) {
+Job NamesJob(const BenchFolders& modification) {
   const auto told = std::make_shared<Told>();
-  const Words words{Self().parent_path() / "korvane-names", folders.game(), "uses", "Weapon00001"};
+  const Words words{Self().parent_path() / "korvane-names", modification.game(), "uses", "ChinaGun00001"};
   return {.name = "korvane-names, uses of a weapon",
-          .promise = {.memory = 40, .growth = true},
+          .promise = {.memory = 60, .growth = true},
           .run = [=] { *told = RunProcess(words); },
-          .bare = BareRead(folders.dataFiles()),
+          .bare = BareRead(modification.iniFiles()),
           .told = [told] { return *told; }};
 }
 
@@ -109,7 +109,7 @@ Jobs ProcessJobs(const BenchFolders& folders) {
   const fs::path extracted = folders.home / "extracted";
   return {StartJob(folders), StockJob("pack", {"pack", "--output", packed, folders.game()}, folders, packed),
           StockJob("extract", {"extract", folders.program() / "Data.DBF", extracted}, folders, extracted),
-          NamesJob(folders)};
+          NamesJob(folders.modification())};
 }
 
 void KeepTold(const BenchFolders& folders, const Told& told) {

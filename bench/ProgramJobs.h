@@ -20,9 +20,11 @@ Jobs ReadingJobs(const RunningProgram& running);
 Jobs EditorJobs(const RunningProgram& running);
 Jobs ManualEditorJobs(const RunningProgram& running);
 Jobs DatabaseJobs(const RunningProgram& running);
+// These need a program that shows a modification.
 Jobs CatalogueJobs(const RunningProgram& running);
 Jobs CheckJobs(const RunningProgram& running);
 Jobs CompareJobs(const RunningProgram& running);
+Jobs SearchJobs(const RunningProgram& running);
 
 // Those that are programs of their own; they need no window here.
 Jobs ProcessJobs(const BenchFolders& folders);

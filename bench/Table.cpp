@@ -68,7 +68,8 @@ const Row& Smallest(const std::vector<Row>& rows, const Row& row) {
 bool GrowthHolds(const Row& row, const Row& smallest) {
   if (!row.promise.growth) return true;
   const double data = static_cast<double>(row.factor) / smallest.factor;
-  return row.time <= smallest.time * data * kNoise || Ratio(row) <= Ratio(smallest) * kNoise;
+  const bool ratioHolds = row.bare > 0 && Ratio(row) <= Ratio(smallest) * kNoise;
+  return ratioHolds || row.time <= smallest.time * data * kNoise;
 }
 
 bool PrintRow(const Row& row, const Row& smallest) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// korvane-generate FOLDER [FACTOR]: writes a large made-up game folder, to try the program on.
+// korvane-generate game|modification FOLDER [FACTOR]: writes a large made-up game folder, to try the program
+// on.
 #include <charconv>
 #include <exception>
 #include <iostream>
@@ -8,10 +9,11 @@
 #include <string_view>
 
 #include "GameGenerator.h"
+#include "ModificationGenerator.h"
 
 namespace {
 
-constexpr int kLargestFactor = 100;  // 800 MB
+constexpr int kLargestFactor = 100;  // 800 MB of a game, 2.2 GB of a modification
 
 std::optional<int> FactorOf(std::string_view text) {
   int factor = 0;
@@ -25,13 +27,16 @@ std::optional<int> FactorOf(std::string_view text) {
 
 int main(int count, char** values) {
   const std::span arguments(values, static_cast<std::size_t>(count));
-  const std::optional<int> factor = count > 2 ? FactorOf(arguments[2]) : 1;
-  if (count < 2 || count > 3 || !factor) {
-    std::cerr << "usage: korvane-generate FOLDER [FACTOR, 1 to " << kLargestFactor << "]\n";
+  const std::string_view what = count > 1 ? arguments[1] : "";
+  const std::optional<int> factor = count > 3 ? FactorOf(arguments[3]) : 1;
+  const bool known = what == "game" || what == "modification";
+  if (!known || count < 3 || count > 4 || !factor) {
+    std::cerr << "usage: korvane-generate game|modification FOLDER [FACTOR, 1 to " << kLargestFactor << "]\n";
     return 2;
   }
   try {
-    korvane::GenerateGame(arguments[1], *factor);
+    const auto generate = what == "game" ? korvane::GenerateGame : korvane::GenerateModification;
+    generate(arguments[2], *factor);
   } catch (const std::exception& error) {
     std::cerr << "korvane-generate: " << error.what() << '\n';
     return 1;

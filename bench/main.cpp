@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 
 #include <CLI/CLI.hpp>
+#include <array>
 #include <cstdio>
 #include <exception>
 #include <iostream>
@@ -50,15 +51,21 @@ void MeasureAll(const Jobs& jobs, const Options& options) {
   }
 }
 
+using JobsOfProgram = Jobs (*)(const RunningProgram&);
+
+constexpr std::array<JobsOfProgram, 4> kGameJobs = {ReadingJobs, EditorJobs, ManualEditorJobs, DatabaseJobs};
+constexpr std::array<JobsOfProgram, 4> kModificationJobs = {CatalogueJobs, CheckJobs, CompareJobs,
+                                                            SearchJobs};
+
 void MeasureProgram(const Options& options) {
-  const BenchFolders folders{options.home};
+  const BenchFolders all{options.home};
+  const bool ofModification = options.part == "modification";
+  const BenchFolders folders = ofModification ? all.modification() : all;
   BenchDesk desk(folders);
   Program program(desk.services, desk.folders, {});
   program.StartProgram();
   const RunningProgram running{folders, desk, program};
-  for (const auto jobs :
-       {ReadingJobs, EditorJobs, ManualEditorJobs, DatabaseJobs, CatalogueJobs, CheckJobs, CompareJobs})
-    MeasureAll(jobs(running), options);
+  for (const auto jobs : ofModification ? kModificationJobs : kGameJobs) MeasureAll(jobs(running), options);
 }
 
 // The program to its usable main window. The whole process is what is measured, so it ends at once.
@@ -116,7 +123,7 @@ int MeasureEverything(const Options& options) {
     std::cerr << "-- " << factor << " times the original's size\n";
     const std::string home = folder.filePath(QString::number(factor)).toStdString();
     MakeBenchFolders({home}, factor);
-    for (const char* part : {"processes", "program"}) {
+    for (const char* part : {"processes", "program", "modification"}) {
       const std::vector<Row> more = RowsOfPart(part, factor, home, options);
       rows.insert(rows.end(), more.begin(), more.end());
     }
