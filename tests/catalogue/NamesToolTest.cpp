@@ -87,8 +87,8 @@ TEST_F(NamesTool, TellsWhatItCannotDo) {
       {". --kind Wepon list", 2, "no kind \"Wepon\"; there are Animation"},
       {". --format xml list", 2, "xml"},
       {"Empty list", 2, "no INI files"},
-      {"nowhere list", 2, "no INI files"},
-      {". uses Nothing", 2, "Zero.ini: it is no text"},
+      {"nowhere list", 2, "nowhere: it is no folder"},
+      {". uses Nothing", 2, "/Zero.ini: it is no text"},
       {". uses TankGun", 0, "Zero.ini: it is no text"},
       {"--help", 0, "definitions"},
   };

@@ -79,7 +79,8 @@ void AddOptions(CLI::App& app, Options& options) {
 
 void TellSkipped(const Catalogue& catalogue) {
   for (const SkippedFile& file : catalogue.skipped())
-    std::cerr << "korvane-names: " << Printable(file.path) << ": " << Printable(file.reason) << '\n';
+    std::cerr << "korvane-names: " << Printable(NativePath(ProgramPath(file.path)).string()) << ": "
+              << Printable(file.reason) << '\n';
 }
 
 int Answer(const Options& options, const Command& answer) {
