@@ -24,10 +24,19 @@ constexpr std::array kKeys = {
     Qt::Key_Backtab, Qt::Key_Home,   Qt::Key_End,   Qt::Key_PageDown, Qt::Key_PageUp,    Qt::Key_Return,
     Qt::Key_Enter,   Qt::Key_Escape, Qt::Key_Space, Qt::Key_Delete,   Qt::Key_Backspace, Qt::Key_Menu,
     Qt::Key_F3,      Qt::Key_F9,     Qt::Key_F1,    Qt::Key_F8,       Qt::Key_F2,        Qt::Key_Asterisk,
-    Qt::Key_Plus,    Qt::Key_Minus};
+    Qt::Key_Plus,    Qt::Key_Minus,  Qt::Key_F4,    Qt::Key_F5};
 constexpr std::array kLetters = {Qt::Key_S,    Qt::Key_S,   Qt::Key_F,    Qt::Key_H,      Qt::Key_A,
                                  Qt::Key_Z,    Qt::Key_Y,   Qt::Key_X,    Qt::Key_C,      Qt::Key_V,
                                  Qt::Key_Home, Qt::Key_End, Qt::Key_Down, Qt::Key_Period, Qt::Key_I};
+// The search commands and those of findings.
+constexpr std::array kSearchKeys = {QKeyCombination(Qt::CTRL, Qt::Key_P),
+                                    QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key_F),
+                                    QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key_M),
+                                    QKeyCombination(Qt::CTRL, Qt::Key_Return),
+                                    QKeyCombination(Qt::ALT, Qt::Key_Left),
+                                    QKeyCombination(Qt::ALT, Qt::Key_Right),
+                                    QKeyCombination(Qt::SHIFT, Qt::Key_F4),
+                                    QKeyCombination(Qt::SHIFT, Qt::Key_F8)};
 constexpr int kLargest = 1800;  // pixels of a window
 
 bool IsBlocked(const QWindow& window) {
@@ -206,6 +215,10 @@ void Hands::pressKey() {
 
 void Hands::pressShortcut() {
   if (chance_.oneIn(4)) return key(Qt::Key_A + chance_.below(26), Qt::AltModifier, {});
+  if (chance_.oneIn(2)) {
+    const QKeyCombination keys = chance_.oneOf(kSearchKeys);
+    return key(keys.key(), keys.keyboardModifiers(), {});
+  }
   key(chance_.oneOf(kLetters), Qt::ControlModifier, {});
 }
 

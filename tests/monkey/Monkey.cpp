@@ -264,7 +264,8 @@ void Monkey::stayInGame() {
 
 void Monkey::inspect(const char* what) {
   for (const GameLedger::Change& change : ledger_.look()) {
-    if (!change.before && change.after && ledger_.isOriginal(change.path, *change.after)) {
+    const bool isExtracted = change.after == PackedText();
+    if (!change.before && change.after && (isExtracted || ledger_.isOriginal(change.path, *change.after))) {
       ++report_.restored;
     } else if (!change.after || !(isSaved(change) || isConverted(change))) {
       fail("A file changed that no save changed, by " + std::string(what) + ": " + Description(change));

@@ -40,14 +40,15 @@ std::string HashOf(const fs::path& path) {
   return std::to_string(std::hash<std::string>()(bytes));
 }
 
-// Everything below the root that is not the program's to change.
+// Everything below the root that is not the program's to change. Qt's dialog for files keeps its size in a
+// file.
 std::set<std::string> Untouchable(const fs::path& root) {
   std::set<std::string> paths;
   for (fs::recursive_directory_iterator it(root), end; it != end; ++it) {
     const std::string path = it->path().lexically_relative(root).generic_string();
     if (path == "settings" || path == "home/game" || path == "home/data") {
       it.disable_recursion_pending();
-    } else {
+    } else if (path != "home/QtProject.conf") {
       paths.insert(path + ' ' + (it->is_directory() ? std::string() : HashOf(it->path())));
     }
   }

@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "ini/DataFiles.h"
+#include "stock/StockFiles.h"
 #include "support/GameFolder.h"
 
 namespace korvane {
@@ -84,9 +85,14 @@ std::string Repeated(const char* text, int times) {
 
 }  // namespace
 
+std::string PackedText() {
+  return GameFolder::CrLf("Science SCIENCE_Packed\n  PrerequisiteSciences = SCIENCE_Nowhere\nEnd\n");
+}
+
 GameFiles SmallGame() {
   GameFiles files{{"generals.exe", ""}};
   for (const DataFile& file : kDataFiles) files[RelativePath(file)] = GameFolder::CrLf(TextOf(file));
+  files["INI.big"] = ArchiveBytes({{"Data\\INI\\Packed.ini", PackedText()}});
   return files;
 }
 
