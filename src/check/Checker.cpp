@@ -5,6 +5,7 @@
 #include <atomic>
 #include <iterator>
 #include <mutex>
+#include <numeric>
 #include <thread>
 
 #include "catalogue/StructureReader.h"
@@ -52,12 +53,25 @@ bool IsArchive(const std::string& path) {
   return ToLowerAscii(path).ends_with(".big") && !FolderExists(ProgramPath(path));
 }
 
+std::uint32_t LinesOf(const CatalogueFile& file) {
+  return file.blocks().empty() ? 0 : file.blocks().back().lastLine;
+}
+
+// The longest first, so that at the end no thread waits long for another one.
+std::vector<std::size_t> OrderOf(const std::vector<const CatalogueFile*>& files) {
+  std::vector<std::size_t> order(files.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::ranges::stable_sort(order, std::ranges::greater(),
+                           [&files](std::size_t i) { return LinesOf(*files[i]); });
+  return order;
+}
+
 // Hands out the files to the threads, and takes their findings.
 class Work {
  public:
   Work(const std::vector<const CatalogueFile*>& files, const CheckContext& context,
        const CheckOptions& options)
-      : files_(files), context_(context), options_(options), found_(files.size()) {}
+      : files_(files), order_(OrderOf(files)), context_(context), options_(options), found_(files.size()) {}
 
   std::vector<Findings> run() {
     const unsigned wanted = options_.jobs == 0 ? std::thread::hardware_concurrency() : options_.jobs;
@@ -72,7 +86,8 @@ class Work {
  private:
   void takeFiles() {
     SourceReader reader;
-    for (std::size_t i = next_++; i < files_.size() && !context_.stop.stop_requested(); i = next_++) {
+    for (std::size_t at = next_++; at < order_.size() && !context_.stop.stop_requested(); at = next_++) {
+      const std::size_t i = order_[at];
       if (reader.read(files_[i]->source()).empty())
         found_[i] = FileCheck({*files_[i], reader.bytes()}, context_).run().value_or(Findings());
       tellProgress();
@@ -86,6 +101,7 @@ class Work {
   }
 
   const std::vector<const CatalogueFile*>& files_;
+  const std::vector<std::size_t> order_;
   const CheckContext& context_;
   const CheckOptions& options_;
   std::vector<Findings> found_;  // of each file

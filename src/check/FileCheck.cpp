@@ -92,9 +92,10 @@ void FileCheck::keyFound(const KeyLine& key) {
     checkWords(*key.facts, key.place.line);
   }
   const bool belongsHere = key.block != nullptr && key.facts != nullptr;
-  before_ = belongsHere ? findGiven(key) : nullptr;
+  const bool onceOnly = belongsHere && key.facts->repeat == Repeat::once && !key.facts->key.ends_with('#');
+  before_ = onceOnly ? findGiven(key) : nullptr;
   for (const KeyFunction check : context_.functions.of<KeyFunction>()) check(*this, key);
-  if (belongsHere && before_ == nullptr && !key.facts->key.ends_with('#')) {
+  if (onceOnly && before_ == nullptr) {
     given_.push_back({key.key, {key.value, key.valueColumn}, key.place.line});
     facts_.push_back(key.facts);
   }

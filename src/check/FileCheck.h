@@ -71,9 +71,9 @@ class FileCheck : public StructureSink {
   const OuterBlock& outer() const { return outer_; }
   // All such blocks so far.
   std::span<const OuterBlock> outerBlocks() const { return outerBlocks_; }
-  // What the block in hand has been given so far.
+  // What the block in hand has been given so far of keys that are given once.
   std::span<const GivenKey> given() const;
-  // Where the block in hand has been given the key in hand before, or nullptr.
+  // Where the block in hand has been given the key in hand before, which is one to be given once, or nullptr.
   const GivenKey* givenBefore() const { return before_; }
   // Notes the tag of a module of the object in hand; the line in which it was noted before, or 0.
   std::uint32_t noteTag(std::string_view tag, std::uint32_t line);

@@ -280,6 +280,33 @@ TEST(Rules, HavePagesInTheHelp) {
   }
 }
 
+// All distances of all beginnings.
+std::size_t SlowEdits(std::string_view a, std::string_view b) {
+  std::vector<std::vector<std::size_t>> edits(a.size() + 1, std::vector<std::size_t>(b.size() + 1));
+  for (std::size_t i = 0; i <= a.size(); ++i) {
+    for (std::size_t j = 0; j <= b.size(); ++j) {
+      std::size_t& least = edits[i][j] = std::max(i, j);
+      if (i == 0 || j == 0) continue;
+      least = std::min(
+          {edits[i - 1][j] + 1, edits[i][j - 1] + 1, edits[i - 1][j - 1] + (a[i - 1] == b[j - 1] ? 0 : 1)});
+      if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1])
+        least = std::min(least, edits[i - 2][j - 2] + 1);
+    }
+  }
+  return edits.back().back();
+}
+
+TEST(Rules, CountEditsUpToALimit) {
+  std::vector<std::string> words{""};
+  for (std::size_t i = 0; words[i].size() < 4; ++i)
+    for (const char letter : {'a', 'b', 'c'}) words.push_back(words[i] + letter);
+  for (const std::string& a : words)
+    for (const std::string& b : words)
+      for (const std::size_t limit : {0U, 1U, 2U, 3U})
+        ASSERT_EQ(EditsBetween(a, b, limit), std::min<std::size_t>(SlowEdits(a, b), limit + 1))
+            << a << ' ' << b << ' ' << limit;
+}
+
 TEST(Rules, CountEdits) {
   struct Pair {
     const char* a;
