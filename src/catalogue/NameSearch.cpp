@@ -5,6 +5,7 @@
 #include <bitset>
 #include <span>
 #include <tuple>
+#include <utility>
 
 #include "catalogue/FoldedText.h"
 
@@ -35,20 +36,56 @@ class BetterHit {
     const auto first = order(a), second = order(b);
     if (first != second) return first < second;
     const FoundDefinition &here = a.definition, &there = b.definition;
+    if (a.inLastWord != b.inLastWord) return a.inLastWord;
+    if (here.name.size() != there.name.size()) return here.name.size() < there.name.size();
     if (!EqualFolded(here.name, there.name)) return LessFolded(here.name, there.name);
     if (here.file != there.file) return LessFolded(here.file->source().path, there.file->source().path);
     return here.line < there.line;
   }
 
+  // Whatever else is to be said of the two.
+  bool surely(const NameHit& a, const NameHit& b) const { return order(a) < order(b); }
+
  private:
-  std::tuple<bool, bool, bool, MatchRank, bool, std::size_t> order(const NameHit& hit) const {
+  std::tuple<bool, bool, bool, MatchRank> order(const NameHit& hit) const {
     const Kind& kind = kinds_[hit.definition.kind];
-    return {hit.rank != MatchRank::exact, !kind.editor, kind.space != objects_, hit.rank, !hit.inLastWord,
-            hit.definition.name.size()};
+    return {hit.rank != MatchRank::exact, !kind.editor, kind.space != objects_, hit.rank};
   }
 
   std::span<const Kind> kinds_ = GameStructure::get().kinds();
   SpaceId objects_ = GameStructure::get().space("Object");
+};
+
+// Keeps the best of all hits, so that one letter, which fits nearly every name, costs no more than many.
+class BestHits {
+ public:
+  BestHits(const NameMatcher& matcher, std::size_t most) : matcher_(matcher), most_(most) {}
+
+  void add(NameHit hit) {
+    ++all_;
+    const bool full = hits_.size() == most_;
+    if (full && (hits_.empty() || better_.surely(hits_.front(), hit))) return;
+    hit.inLastWord = FitsInLastWord(matcher_, hit.definition.name);
+    if (full && !better_(hit, hits_.front())) return;
+    if (full) {
+      std::ranges::pop_heap(hits_, better_);
+      hits_.pop_back();
+    }
+    hits_.push_back(hit);
+    std::ranges::push_heap(hits_, better_);
+  }
+
+  NameHits take() {
+    std::ranges::sort_heap(hits_, better_);
+    return {std::move(hits_), all_};
+  }
+
+ private:
+  const NameMatcher& matcher_;
+  const std::size_t most_;
+  const BetterHit better_;
+  std::vector<NameHit> hits_;  // a heap, the worst one first
+  std::size_t all_ = 0;
 };
 
 }  // namespace
@@ -56,19 +93,13 @@ class BetterHit {
 NameHits SearchNames(const Catalogue& catalogue, const NameSearch& search) {
   const NameMatcher matcher(search.pattern);
   const KindSet wanted = WantedKinds(search.kinds);
-  NameHits found;
+  BestHits best(matcher, search.most);
   for (const auto& file : catalogue.files())
     for (const CatalogueFile::Definition& definition : file->definitions())
       if (wanted[definition.kind])
         if (const auto rank = matcher.rank(file->name(definition.name)))
-          found.hits.push_back(
-              {FoundIn(*file, definition), *rank, FitsInLastWord(matcher, file->name(definition.name))});
-  found.all = found.hits.size();
-  const std::size_t most = std::min(search.most, found.all);
-  std::partial_sort(found.hits.begin(), found.hits.begin() + static_cast<std::ptrdiff_t>(most),
-                    found.hits.end(), BetterHit());
-  found.hits.resize(most);
-  return found;
+          best.add({FoundIn(*file, definition), *rank});
+  return best.take();
 }
 
 }  // namespace korvane
