@@ -6,6 +6,7 @@
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QResizeEvent>
 
 #include <limits>
 
@@ -55,6 +56,14 @@ class ClickView : public View {
     View::mouseReleaseEvent(event);
     const QModelIndex now = this->currentIndex();
     if (event->button() == Qt::LeftButton && now.isValid() && now != pressed) Q_EMIT this->clicked(now);
+  }
+
+  // A view that gets less high, such as by a sentence below it, goes on showing the current entry.
+  void resizeEvent(QResizeEvent* event) override {
+    const QRect entry = this->visualRect(this->currentIndex());
+    const bool wasSeen = entry.isValid() && entry.top() >= 0 && entry.bottom() < event->oldSize().height();
+    View::resizeEvent(event);
+    if (wasSeen && entry.bottom() >= event->size().height()) this->scrollTo(this->currentIndex());
   }
 
   QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,

@@ -2,6 +2,7 @@
 #include <QHelpEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QToolTip>
 
@@ -113,6 +114,26 @@ TEST_F(TableEditorTest, TheWeaponEditorSaysWhatBecameOfTheWeaponThatWasAskedFor)
   EXPECT_EQ(bar.sentences(), QStringList{"Weapon.ini has no weapon 'Laser'."});
   editor->selectEntry("");
   EXPECT_EQ(bar.sentences(), QStringList());
+}
+
+TEST_F(TableEditorTest, TheChosenEntryStaysInSightWhenASentenceTakesItsPlace) {
+  units.weapons.clear();
+  for (int i = 0; i < 200; ++i) units.weapons += QString("Gun%1").arg(i, 3, 10, QChar('0'));
+  const auto editor = open<FrmWE>();
+  const QListView& view = list(*editor);
+  const auto isSeen = [&view] {
+    return view.viewport()->rect().contains(view.visualRect(view.currentIndex()).center());
+  };
+  const int lastSeen = view.indexAt({5, view.viewport()->height() - 5}).row();
+  ASSERT_GT(lastSeen, 5);
+  editor->selectEntry(units.weapons[lastSeen - 1]);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return view.viewport()->height() < view.sizeHintForRow(0) * lastSeen; }));
+  EXPECT_TRUE(isSeen());
+  list(*editor).verticalScrollBar()->setValue(100);
+  ASSERT_FALSE(isSeen());
+  editor->resize(editor->width(), editor->height() - 50);
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(isSeen()) << "the user looks at other entries";
 }
 
 TEST_F(TableEditorTest, AnEntryIsFoundByItsFirstWholeWord) {
