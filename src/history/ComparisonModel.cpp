@@ -36,13 +36,13 @@ QString KeyText(const KeyChange& change, int column) {
     return text->empty() ? QStringLiteral("(empty)") : ShownName(*text);
   };
   switch (column) {
-    case ComparisonModel::item:
+    case ComparisonModel::itemColumn:
       return ShownName(change.key);
-    case ComparisonModel::change:
+    case ComparisonModel::changeColumn:
       return ChangeText(change.former.has_value(), change.present.has_value());
-    case ComparisonModel::original:
+    case ComparisonModel::originalColumn:
       return value(change.former);
-    case ComparisonModel::modification:
+    case ComparisonModel::modificationColumn:
       return value(change.present);
     default:
       return {};
@@ -140,14 +140,14 @@ QString ComparisonModel::fileText(const ItemChange& change) const {
 
 QString ComparisonModel::itemText(const ItemChange& change, int column) const {
   switch (column) {
-    case item:
+    case itemColumn:
       return Name(change);
-    case ComparisonModel::change:
+    case changeColumn:
       return QString::fromUtf8(kItemStates[static_cast<std::size_t>(change.state)].data());
-    case modification:
+    case modificationColumn:
       return change.state == ItemState::changed && change.keys.empty() ? "spacing, order or comments"
                                                                        : QString();
-    case file:
+    case fileColumn:
       return fileText(change);
     default:
       return {};
@@ -159,7 +159,7 @@ QVariant ComparisonModel::data(const QModelIndex& index, int role) const {
   const Node node = nodeOf(index);
   if (node.key != nullptr) return KeyText(*node.key, index.column());
   if (node.item != nullptr) return itemText(*node.item->change, index.column());
-  if (node.kind == nullptr || index.column() != item) return {};
+  if (node.kind == nullptr || index.column() != itemColumn) return {};
   return QStringLiteral("%1 (%2)").arg(node.kind->title).arg(node.kind->items.size());
 }
 

@@ -22,7 +22,7 @@ class ComparisonModel : public QAbstractItemModel {
   Q_OBJECT
 
  public:
-  enum Column { item, change, original, modification, file };
+  enum Column { itemColumn, changeColumn, originalColumn, modificationColumn, fileColumn };
 
   using QAbstractItemModel::QAbstractItemModel;
 
@@ -38,7 +38,7 @@ class ComparisonModel : public QAbstractItemModel {
   QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
   QModelIndex parent(const QModelIndex& child) const override;
   int rowCount(const QModelIndex& parent = {}) const override;
-  int columnCount(const QModelIndex& = {}) const override { return file + 1; }
+  int columnCount(const QModelIndex& = {}) const override { return fileColumn + 1; }
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 

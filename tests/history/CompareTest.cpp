@@ -97,7 +97,7 @@ TEST_F(CompareTest, ListsItemsByKindWithTheKeysOfChangedOnes) {
   for (int column = 0; column < 4; ++column) columns += key.siblingAtColumn(column).data().toString();
   EXPECT_EQ(columns, QStringList({"Damage", "changed", "10", "12"}));
   EXPECT_EQ(key.parent(), item(1));
-  EXPECT_EQ(item(1).siblingAtColumn(ComparisonModel::file).data(), "Weapon.ini, line 5");
+  EXPECT_EQ(item(1).siblingAtColumn(ComparisonModel::fileColumn).data(), "Weapon.ini, line 5");
 }
 
 TEST_F(CompareTest, OrderSpacingAndCommentsAreShownWhenTheyAreWanted) {
