@@ -59,14 +59,15 @@ void DrawBadge(QPainter& painter, const QRect& area, const QString& letters) {
   painter.restore();
 }
 
-void DrawRow(QPainter& painter, const QRect& rect, const SearchRow& row) {
+// `dimmed`: how much is seen of what stands behind the name.
+void DrawRow(QPainter& painter, const QRect& rect, const SearchRow& row, qreal dimmed) {
   const QFontMetrics metrics = painter.fontMetrics();
   const int badge = metrics.horizontalAdvance('M') * kBadgeWidth;
   QRect area = rect.adjusted(kGap, 0, -kGap, 0);
   DrawBadge(painter, QRect(area.left(), area.top() + 1, badge, area.height() - 2), BadgeOf(row));
   area.setLeft(area.left() + badge + kGap);
   const int nameEnd = DrawName(painter, area, row);
-  painter.setOpacity(kDimmed);
+  painter.setOpacity(dimmed);
   const QString where = metrics.elidedText(row.where, Qt::ElideLeft, area.width() / 2);
   const int whereStart = area.right() - metrics.horizontalAdvance(where);
   if (whereStart > nameEnd + kGap) painter.drawText(area, Qt::AlignRight | Qt::AlignVCenter, where);
@@ -117,7 +118,8 @@ void SearchDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
   const bool selected = (option.state & QStyle::State_Selected) != 0;
   painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
   painter->setFont(option.font);
-  DrawRow(*painter, option.rect, static_cast<const SearchModel*>(index.model())->row(index));
+  const SearchRow& row = static_cast<const SearchModel*>(index.model())->row(index);
+  DrawRow(*painter, option.rect, row, selected ? 1 : kDimmed);  // selections may have little contrast
   painter->restore();
 }
 
