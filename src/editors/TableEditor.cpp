@@ -39,7 +39,8 @@ constexpr int kHeight = 480;
 constexpr QSize kLeastSize(400, 260);
 
 // Behind the given entry of the context menu.
-constexpr const char* kNameCommands[] = {"showInFile", "", "goToDefinition", "findUses", "namesUsed"};
+constexpr const char* kNameCommands[] = {"showInFile",     "editInFile", "readAgain", "",
+                                         "goToDefinition", "findUses",   "namesUsed"};
 
 // The parts of the notice bar.
 enum Notices { soughtNotices, entryNotices, typedNotices, editNotices, readAgainNotices };
@@ -97,6 +98,8 @@ void TableEditor::makeMenus() {
   FillMenu(*popup, commands_, kPopup);
   AddSearchCommands(commands_, [this](SearchCommand command) { context_.launcher.search(command, *this); });
   commands_.add("showInFile", "Show in &File", "F6", [this] { showInFile(); });
+  commands_.add("editInFile", "Edit in Fi&le", "Shift+F6", [this] { editInFile(); });
+  commands_.add("readAgain", "&Read Again", "F5", [this] { fillAgain(); });
   FillMenu(*popup, commands_, kNameCommands);
   const auto show = [popup](const QPoint& at) { popup->popup(at); };
   for (QAbstractItemView* view :
@@ -280,6 +283,7 @@ bool TableEditor::readAgain() {
 
 // False while the parser is taken.
 bool TableEditor::fillAgain() {
+  if (!shown_) return true;
   const WindowCalls::Running call(calls_);
   const ParserTurn turn(context_.parser);
   if (!turn) return false;
@@ -326,7 +330,7 @@ std::vector<TypedValue> TableEditor::typedValues() const {
 void TableEditor::editInFile() {
   const WindowCalls::Running call(calls_);
   const std::vector<TypedValue> values = typedValues();
-  if (values.empty()) return;
+  if (values.empty()) return showInFile();
   std::vector<Notice> notices = EditInFile(values, context_.launcher, context_.services.messages, *this);
   if (table().hasInserted())
     notices.emplace_back("A row that was inserted has no value, and no line in the file.");

@@ -96,6 +96,7 @@ void FileEdits::editInFile() {
       file->push_back(std::move(value));
     }
   }
+  if (files.empty()) showInFile();
   if (files.size() == 1) edit(files.front());
   if (files.size() > 1) offerEach(files);
 }

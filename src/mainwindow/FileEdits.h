@@ -19,7 +19,7 @@ class FileEdits {
   // The field with the keyboard, the selected row of the information list, or else the tree's object.
   void showInFile();
   // What was typed, as one unsaved change of its file. Values of two files are edited one file after the
-  // other.
+  // other. Where nothing is typed the line is shown.
   void editInFile();
   // What was typed and is saved by now counts as read. False when something else is typed too.
   bool takeSavedAsRead();

@@ -114,6 +114,8 @@ void FrmEdit::buildCommands() {
   Toolbar1_->setContextMenuPolicy(Qt::PreventContextMenu);
   AddMainCommands(commands_, launch_, [this] { exitCommand(); });
   commands_.add("showInFile", "Show in &File", "F6", [this] { fileEdits_->showInFile(); });
+  commands_.add("editInFile", "&Edit in File", "Shift+F6", [this] { fileEdits_->editInFile(); });
+  commands_.add("readAgain", "&Read Again", "F5", [this] { display_->readAgain(); });
   commands_.add("nextTab", "Next &Tab", "Ctrl+Tab", [this] { stepTab(1); });
   commands_.add("previousTab", "&Previous Tab", "Ctrl+Shift+Tab", [this] { stepTab(-1); });
   BuildMainMenu(*menuBar(), commands_);

@@ -77,6 +77,8 @@ constexpr std::array kMenuBar = {
     MenuRow{1, "findAnything"},
     MenuRow{1, "goToDefinition"},
     MenuRow{1, "showInFile"},
+    MenuRow{1, "editInFile"},
+    MenuRow{1, "readAgain"},
     MenuRow{1, "findUses"},
     MenuRow{1, "namesUsed"},
     MenuRow{1, "findInFiles"},

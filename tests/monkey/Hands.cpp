@@ -4,9 +4,12 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPalette>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTest>
 #include <QTreeView>
 #include <QWheelEvent>
@@ -24,7 +27,7 @@ constexpr std::array kKeys = {
     Qt::Key_Backtab, Qt::Key_Home,   Qt::Key_End,   Qt::Key_PageDown, Qt::Key_PageUp,    Qt::Key_Return,
     Qt::Key_Enter,   Qt::Key_Escape, Qt::Key_Space, Qt::Key_Delete,   Qt::Key_Backspace, Qt::Key_Menu,
     Qt::Key_F3,      Qt::Key_F9,     Qt::Key_F1,    Qt::Key_F8,       Qt::Key_F2,        Qt::Key_Asterisk,
-    Qt::Key_Plus,    Qt::Key_Minus,  Qt::Key_F4,    Qt::Key_F5};
+    Qt::Key_Plus,    Qt::Key_Minus,  Qt::Key_F4,    Qt::Key_F5,       Qt::Key_F6,        Qt::Key_F7};
 constexpr std::array kLetters = {Qt::Key_S,    Qt::Key_S,   Qt::Key_F,    Qt::Key_H,      Qt::Key_A,
                                  Qt::Key_Z,    Qt::Key_Y,   Qt::Key_X,    Qt::Key_C,      Qt::Key_V,
                                  Qt::Key_Home, Qt::Key_End, Qt::Key_Down, Qt::Key_Period, Qt::Key_I};
@@ -70,6 +73,8 @@ const Hands::Action Hands::kActions[] = {
     {"next step", 10, &Hands::goOn},
     {"object", 8, &Hands::clickObject},
     {"entry", 8, &Hands::clickEntry},
+    {"link", 4, &Hands::followLink},
+    {"value", 4, &Hands::typeValue},
     {"close", 3, &Hands::closeWindow},
     {"resize", 3, &Hands::resizeWindow},
     {"move", 1, &Hands::moveWindow},
@@ -300,6 +305,37 @@ void Hands::clickEntry() {
   if (views.isEmpty()) return;
   QWidget* rows = chance_.oneOf(views)->viewport();
   clickOn(*rows, {chance_.below(rows->width()), chance_.below(rows->height())});
+}
+
+// Of a sentence in a notice bar, such as "Edit in file" and "Read again".
+void Hands::followLink() {
+  static const QRegularExpression kLink("href=\"([^\"]*)\"");
+  for (const QWindow* window : WindowsShown()) {
+    const QWidget* top = WidgetOf(*window);
+    if (!top->isEnabled() || IsBlocked(*window) || chance_.oneIn(2)) continue;
+    QList<QLabel*> labels = top->findChildren<QLabel*>("Notice");
+    if (labels.isEmpty()) continue;
+    QLabel* label = chance_.oneOf(labels);
+    const auto link = kLink.match(label->text());
+    if (label->isVisible() && link.hasMatch())
+      return event([&] { Q_EMIT label->linkActivated(link.captured(1)); });
+  }
+}
+
+// Over what a field of the shown object holds.
+void Hands::typeValue() {
+  for (const QWindow* window : WindowsShown()) {
+    QWidget* top = WidgetOf(*window);
+    if (top->objectName() != "FrmEdit" || !top->isEnabled() || IsBlocked(*window)) continue;
+    QList<QLineEdit*> fields;
+    for (auto* field : top->findChildren<QLineEdit*>()) {
+      if (field->isVisible() && field->isEnabled()) fields += field;
+    }
+    if (fields.isEmpty()) return;
+    QLineEdit* field = chance_.oneOf(fields);
+    event([&] { field->setFocus(), field->selectAll(); });
+    return type();
+  }
 }
 
 void Hands::closeWindow() {

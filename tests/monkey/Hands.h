@@ -53,6 +53,8 @@ class Hands {
   void save();
   void clickObject();
   void clickEntry();
+  void followLink();
+  void typeValue();
   void closeWindow();
   void resizeWindow();
   void moveWindow();

@@ -191,7 +191,7 @@ TEST_F(EditInFile, AMisspeltNameIsFoundAndMendedWithTheKeyboard) {
             GameFolder::CrLf("Weapon Gun\n  ClipSize = 2\n  FireFX = FX_Bang ; loud\nEnd\n"));
 }
 
-TEST_F(EditInFile, ShowInFileSelectsTheValue) {
+TEST_F(EditInFile, KeysShowAValueEditItAndReadItAgain) {
   window.activateWindow();
   window.findChild<QTabWidget*>("F_Tab")->setCurrentWidget(field("TxtBS").parentWidget()->parentWidget());
   field("TxtBS").setFocus();
@@ -199,6 +199,15 @@ TEST_F(EditInFile, ShowInFileSelectsTheValue) {
   QTest::keyClick(&field("TxtBS"), Qt::Key_F6);
   waitForEditor();
   EXPECT_EQ(text().selectedText(), "8.0");
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  type("TxtBS", "9.5");
+  QTest::keyClick(&field("TxtBS"), Qt::Key_F6, Qt::ShiftModifier);
+  EXPECT_TRUE(QTest::qWaitFor([] { return text().selectedText() == "9.5"; }));
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  QTest::keyClick(&field("TxtBS"), Qt::Key_F5);
+  EXPECT_EQ(field("TxtBS").text(), "8.0");
   window.activateWindow();
   window.findChild<QTreeView*>("TVMenu")->setFocus();
   window.findChild<QAction*>("showInFile")->trigger();

@@ -5,9 +5,11 @@
 #include <QAction>
 #include <QApplication>
 #include <QCursor>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QPixmap>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QTabWidget>
 #include <QTest>
@@ -28,6 +30,7 @@ constexpr int kSettle = 250;  // milliseconds for a window to be laid out and pa
 // The tabs of the main window, by the names of their pictures.
 constexpr const char* kTabPictures[] = {"tab-handling", "tab-health",      "tab-weapons", "tab-advanced",
                                         "tab-cost",     "tab-information", "tab-other"};
+constexpr int kCostTab = 4;
 constexpr int kInformationTab = 5;
 constexpr const char* kMainObject = "AmericaTank";  // of the main picture: the first that begins so
 
@@ -90,6 +93,7 @@ bool Tour::run() {
   tabs();
   search();
   manualEditor();
+  editInFile();
   tableEditors();
   options();
   aboutAndHelp();
@@ -209,6 +213,25 @@ void Tour::editor(const char* action, const char* windowName, const QString& pic
   auto& list = *shown->findChild<QListView*>("LstWPN");
   Click(list, list.model()->index(0, 0));
   picture(shown, pictureName);
+}
+
+void Tour::editInFile() {
+  QWidget& main = program_.mainWindow();
+  auto* cost = main.findChild<QLineEdit*>("TxtCost");
+  main.findChild<QTabWidget*>("F_Tab")->setCurrentIndex(kCostTab);
+  cost->setFocus();
+  cost->selectAll();
+  QTest::keyClicks(cost, "950");
+  picture(window("FrmEdit"), "edit-in-file-typed");
+  const QRegularExpression link("href=\"(\\d+)\">Edit in file");
+  for (auto* label : main.findChildren<QLabel*>("Notice")) {
+    const auto found = link.match(label->text());
+    if (!found.hasMatch()) continue;
+    Q_EMIT label->linkActivated(found.captured(1));
+    break;
+  }
+  picture(window("FrmManEdit"), "edit-in-file");
+  if (QWidget* editor = window("FrmManEdit")) editor->close();
 }
 
 void Tour::tableEditors() {
