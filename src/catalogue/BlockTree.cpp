@@ -20,6 +20,7 @@ class BlockCollector : public StructureSink {
                       .column = block.place.column,
                       .begin = block.lineOffset,
                       .keyword = std::string(block.keyword.text),
+                      .sign = block.sign,
                       .words = std::string(block.words)});
     open_.push_back(index);
   }

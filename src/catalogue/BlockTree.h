@@ -26,6 +26,7 @@ struct TextBlock {
   std::size_t behind = 0;      // offset of the line behind its last one
   bool closed = true;          // it has an End of its own
   std::string keyword;         // as it stands in the text
+  bool sign = false;           // "=" stands behind it
   std::string words;           // what follows it in its header: a name, a module and its tag, conditions
 };
 

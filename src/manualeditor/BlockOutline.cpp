@@ -86,7 +86,7 @@ std::vector<const TextBlock*> BlockOutline::pathAt(int line) const {
 
 QString BlockOutline::captionOf(const TextBlock& block) {
   const QString words = QString::fromUtf8(block.words.data(), static_cast<qsizetype>(block.words.size()));
-  return (QString::fromStdString(block.keyword) + ' ' + words).simplified();
+  return (QString::fromStdString(block.keyword) + (block.sign ? " = " : " ") + words).simplified();
 }
 
 void BlockOutline::followCursor() {
@@ -132,8 +132,11 @@ void BlockOutline::jumpToMatch() {
   text_.select({target.from, target.from});
 }
 
+// The cursor must not be hidden in a fold.
 void BlockOutline::foldAll() {
+  const std::vector<const TextBlock*> path = pathAt(text_.cursorLine());
   text_.view().send(Sci::SCI_FOLDALL, Sci::SC_FOLDACTION_CONTRACT);
+  if (!path.empty()) goTo(*path.front());
 }
 
 void BlockOutline::unfoldAll() {
@@ -142,7 +145,9 @@ void BlockOutline::unfoldAll() {
 
 void BlockOutline::toggleFold() {
   const TextBlock* block = blockAt(text_.cursorLine());
-  if (block != nullptr) text_.view().send(Sci::SCI_TOGGLEFOLD, FirstLine(*block));
+  if (block == nullptr) return;
+  goTo(*block);
+  text_.view().send(Sci::SCI_TOGGLEFOLD, FirstLine(*block));
 }
 
 }  // namespace korvane

@@ -254,11 +254,14 @@ bool FindBar::boxEvent(const QEvent& event) {
 }
 
 bool FindBar::textEvent(const QEvent& event) {
-  if (event.type() == QEvent::MouseButtonPress) goingOn_ = false;
+  const bool pressed = event.type() == QEvent::MouseButtonPress;
+  if (pressed) goingOn_ = false;
+  if (pressed && notFound_) Q_EMIT said({});
   if (event.type() != QEvent::KeyPress) return false;
   const auto& key = static_cast<const QKeyEvent&>(event);
   if (key.key() == Qt::Key_Escape) finder_.forget();
   if (kModifiers.contains(key.key())) return false;
+  if (notFound_) Q_EMIT said({});  // the user goes on
   const bool enter = IsEnter(event, QEvent::KeyPress) && (key.modifiers() & ~kWithEnter) == 0;
   goingOn_ = goingOn_ && enter && text_.selection() == found_;
   if (!goingOn_) return false;

@@ -39,6 +39,7 @@ TEST(BlockTree, HoldsEveryBlockWithItsLines) {
     SCOPED_TRACE(i);
     EXPECT_EQ(blocks[i].keyword, expected[i].keyword);
     EXPECT_EQ(blocks[i].words, expected[i].words);
+    EXPECT_EQ(blocks[i].sign, expected[i].depth > 0);
     EXPECT_EQ(blocks[i].parent, expected[i].parent);
     EXPECT_EQ(blocks[i].depth, expected[i].depth);
     EXPECT_EQ(blocks[i].firstLine, expected[i].first);

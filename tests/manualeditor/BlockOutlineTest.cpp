@@ -41,7 +41,7 @@ TEST_F(BlockOutlineTest, SaysWhereTheCursorIsAndLeadsThere) {
   const std::pair<int, const char*> kPlaces[] = {
       {1, ""},
       {2, "Object Tank"},
-      {5, "Object Tank \u203A Draw W3DTankDraw ModuleTag_01 \u203A DefaultConditionState"},
+      {5, "Object Tank \u203A Draw = W3DTankDraw ModuleTag_01 \u203A DefaultConditionState"},
       {8, "Object Tank"},
       {10, ""},
       {13, "Object Jeep"},
@@ -86,6 +86,24 @@ TEST_F(BlockOutlineTest, FoldedBlocksOpenForWhatIsGoneTo) {
   EXPECT_TRUE(visible(5));
   trigger("foldAll");
   find("avtank");
+  EXPECT_TRUE(visible(5));
+}
+
+TEST_F(BlockOutlineTest, FoldingTakesTheCursorToTheHeaderThatStaysInSight) {
+  openFile(kTwoObjects);
+  const auto visible = [this](int line) { return text().view().send(2228, line - 1) != 0; };
+  goToLine(5);
+  trigger("toggleFold");
+  EXPECT_EQ(panel(1), "Line 4 of 14");
+  EXPECT_FALSE(visible(5));
+  trigger("toggleFold");
+  EXPECT_TRUE(visible(5));
+  goToLine(5);
+  trigger("foldAll");
+  EXPECT_EQ(panel(1), "Line 2 of 14");
+  EXPECT_TRUE(visible(2));
+  EXPECT_FALSE(visible(3));
+  trigger("unfoldAll");
   EXPECT_TRUE(visible(5));
 }
 

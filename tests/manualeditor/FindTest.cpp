@@ -143,6 +143,8 @@ TEST_F(FindTest, WhatIsNotThereIsSaidAndMovesNothing) {
   EXPECT_TRUE(resultBecomes("Not found"));
   EXPECT_EQ(text().selectedText(), "gun");
   EXPECT_EQ(warning(), std::pair(QString("'cannon' is not found in this text."), true));
+  QTest::keyClick(text().focusProxy(), Qt::Key_Home);
+  EXPECT_EQ(warning(), std::pair(QString(), true));
   part<QComboBox>("CboFind")->setEditText("canno");
   EXPECT_EQ(warning(), std::pair(QString(), false));
 }
