@@ -104,16 +104,17 @@ void TypeToFindAnything() {
   Settle();
 }
 
-int RowsOfAnything() {
-  return Child<QListView>(kMain, "findAnythingList").model()->rowCount();
+bool AreNamesFound() {
+  const QAbstractItemModel& rows = *Child<QListView>(kMain, "findAnythingList").model();
+  const QString said = rows.index(rows.rowCount() - 1, 0).data().toString();
+  return rows.rowCount() > 1 && !said.startsWith("Reading");
 }
 
-// One row says that the names are still being read.
 void PrepareFindAnything() {
   CloseWindow(kUses);
   Trigger(kMain, "findAnything");
   TypeToFindAnything();
-  RunLoopUntil([] { return RowsOfAnything() > 1; });
+  RunLoopUntil(AreNamesFound);
   Child<QLineEdit>(kMain, "findAnythingField").clear();
 }
 
@@ -124,7 +125,7 @@ Job FieldJob(const RunningProgram&) {
           .run =
               [] {
                 TypeToFindAnything();
-                if (RowsOfAnything() < 2) throw std::runtime_error("nothing was found");
+                if (!AreNamesFound()) throw std::runtime_error("nothing was found");
               },
           .bare = {},
           .prepare = PrepareFindAnything};
