@@ -33,7 +33,7 @@ class EditorLauncher {
   // nothing.
   virtual void showManualEditor(const ManualEditRequest& request) = 0;
 
-  // Goes to the place when the manual editor shows the whole file already, unsaved text included.
+  // Goes to the place when the manual editor has the whole file open already, unsaved text included.
   virtual bool goToInManualEditor(const QString& file, const ManualEditPlace& place) = 0;
 
   // Changes the whole file's text in the manual editor as the plan says, unsaved text included, as one step
@@ -41,7 +41,7 @@ class EditorLauncher {
   // the opening failed, which has been told, or the plan names no change.
   virtual bool editInManualEditor(const QString& file, const EditPlan& plan) = 0;
 
-  // The whole file's text as the manual editor has it, see EditPlan; nothing when it does not show the file.
+  // The whole file's text as the manual editor has it, see EditPlan; nothing when the file is not open there.
   virtual std::optional<std::string> textInManualEditor(const QString& file) const = 0;
 
   // The same with all characters, in UTF-8.
@@ -79,12 +79,12 @@ class EditorLauncher {
   virtual void showOptions() = 0;
   virtual void showAbout() = 0;
 
-  // Keeps the unsaved text of the manual editor, if there is any: the program is about to end. False when it
-  // cannot be kept and the user does not want to lose it.
+  // Keeps the unsaved texts of the manual editor, if there are any: the program is about to end. False when
+  // one cannot be kept and the user does not want to lose it.
   virtual bool keepUnsavedTexts() = 0;
 
-  // The program's path of the file whose text in the manual editor is not saved; empty when there is none.
-  virtual QString fileWithUnsavedText() const = 0;
+  // The manual editor has text of the whole file that is not saved.
+  virtual bool hasUnsavedText(const QString& file) const = 0;
   // See ConvertLineEnds.
   virtual QString convertLineEnds(const QString& path) = 0;
 

@@ -27,6 +27,7 @@ struct ManualEditRequest {
   ManualEditPlace place{};            // gone to when the window is set up
   // The archive or further folder that has the file, the program's path; the text can then only be read.
   QString archive{};
+  bool onlyRead = false;  // a file that is none of the game folder's INI files
 };
 
 // Where a data file lies.

@@ -127,9 +127,6 @@ std::vector<Notice> EditInFile(std::span<const TypedValue> values, EditorLaunche
   if (!faults.empty()) return faults;
   const QString& file = values.front().shown.file;
   const BlockName& block = values.front().shown.block;
-  const QString unsaved = launcher.fileWithUnsavedText();
-  if (!unsaved.isEmpty() && unsaved.compare(file, Qt::CaseInsensitive) != 0)
-    return {Refused(values.front().caption, "the manual editor has unsaved text of " + unsaved + ".")};
   const std::optional<std::string> text = TextOfFile(file, launcher);
   if (!text) return {Refused(values.front().caption, "the file cannot be read.")};
   const FieldPlan plan = PlanFieldEdits(*text, block, edits);

@@ -257,7 +257,7 @@ void HistoryWindow::lookAgain() {
     }
   }
   if (file() == nullptr || file()->folder != path) return fileChosen();
-  const bool unsaved = SamePath(editors_.fileWithUnsavedText(), file()->path);
+  const bool unsaved = editors_.hasUnsavedText(file()->path);
   if (VersionsOf(*file(), edited(file()->path), unsaved) != before) listVersions(chosen);
 }
 
@@ -319,7 +319,7 @@ void HistoryWindow::listVersions(const QString& chosen) {
     versionList_->clear();
     versions_.clear();
     if (const KeptVersions::File* of = file(); of != nullptr) {
-      versions_ = VersionsOf(*of, edited(of->path), SamePath(editors_.fileWithUnsavedText(), of->path));
+      versions_ = VersionsOf(*of, edited(of->path), editors_.hasUnsavedText(of->path));
     }
     int current = 0;
     for (std::size_t i = versions_.size(); i-- > 0;) {

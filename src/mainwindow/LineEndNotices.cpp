@@ -125,7 +125,7 @@ void LineEndNotices::convert() {
 
 void LineEndNotices::convertFile(const QString& path) {
   const QString name = path.section("\\Data\\INI\\", -1);
-  if (path.compare(launcher_.fileWithUnsavedText(), Qt::CaseInsensitive) == 0) {
+  if (launcher_.hasUnsavedText(path)) {
     problems_ += name + " has unsaved text in the manual editor and is left out.";
     return;
   }

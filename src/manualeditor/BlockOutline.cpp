@@ -46,9 +46,14 @@ BlockOutline::BlockOutline(IniTextEdit& text) : QObject(&text), text_(text) {
   connect(&refreshSoon_, &QTimer::timeout, this, &BlockOutline::refresh);
   connect(&text_, &IniTextEdit::edited, &refreshSoon_, qOverload<>(&QTimer::start));
   connect(&text_, &IniTextEdit::cursorMayHaveMoved, this, &BlockOutline::followCursor);
+  connect(&text_, &IniTextEdit::documentShown, this, [this] {
+    foldLevels_.clear();
+    refresh();
+  });
 }
 
 void BlockOutline::refresh() {
+  refreshSoon_.stop();
   const std::string_view utf8 = text_.utf8();
   blocks_ = utf8.size() <= kLargest ? ReadBlocks(utf8) : std::vector<TextBlock>();
   current_ = TextBlock::kNone;

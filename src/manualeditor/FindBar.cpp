@@ -86,6 +86,7 @@ FindBar::FindBar(IniTextEdit& text, QToolBar& bar)
   connect(&released_, &QTimer::timeout, this, &FindBar::FindText);
   connect(BtnFind_, &QPushButton::clicked, this, &FindBar::FindText);
   connect(&finder_, &TextFinder::told, this, &FindBar::show);
+  connect(&text_, &IniTextEdit::documentShown, this, &FindBar::lookAtOther);
 }
 
 void FindBar::addControls(QToolBar& bar) {
@@ -211,6 +212,14 @@ void FindBar::goToText(bool fromBox) {
   text_.setFocus();
   goingOn_ = fromBox;
   found_ = text_.selection();
+}
+
+// What the search is confined to is marked in the text, and so belongs to it.
+void FindBar::lookAtOther() {
+  goingOn_ = false;
+  const QSignalBlocker quiet(inSelection_);
+  inSelection_->setChecked(text_.markedSpan(TextMark::scope).has_value());
+  finder_.lookAtOther();
 }
 
 void FindBar::show(const QString& result, TextFinder::Outcome outcome) {

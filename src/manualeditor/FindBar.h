@@ -54,6 +54,7 @@ class FindBar : public QObject {
   void addControls(QToolBar& bar);
   void addOptions();
   void setConfined(bool confined);
+  void lookAtOther();
   SearchOptions options() const;
   // `fromBox`: the search was begun there.
   void goOn(TextFinder::Direction direction, bool fromBox);

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "controls/ShownText.h"
 #include "textview/ScrollMarks.h"
@@ -99,9 +100,19 @@ void FindingMarks::applyColours(const QPalette& palette) {
   showAtScrollBar();
 }
 
+FindingMarks::Shown FindingMarks::exchange(Shown next) {
+  markSoon_.stop();
+  return std::exchange(shown_, std::move(next));
+}
+
+void FindingMarks::enterText() {
+  markSome();
+  showAtScrollBar();
+}
+
 void FindingMarks::show(std::vector<TextFinding> findings) {
   clear();
-  findings_ = std::move(findings);
+  shown_.findings = std::move(findings);
   markSome();
   showAtScrollBar();
 }
@@ -115,17 +126,17 @@ void FindingMarks::clear() {
     view_.send(Sci::SCI_MARKERDELETEALL, style.marker);
   }
   view_.send(Sci::SCI_SETINDICATORCURRENT, current);
-  findings_.clear();
-  marked_ = 0;
+  shown_.findings.clear();
+  shown_.marked = 0;
 }
 
 // A text that is no INI file has more findings than can be marked between two keys.
 void FindingMarks::markSome() {
   const auto current = view_.send(Sci::SCI_GETINDICATORCURRENT);
-  const std::size_t end = std::min(marked_ + kMarkedAtOnce, findings_.size());
-  for (; marked_ < end; ++marked_) mark(findings_[marked_]);
+  const std::size_t end = std::min(shown_.marked + kMarkedAtOnce, shown_.findings.size());
+  for (; shown_.marked < end; ++shown_.marked) mark(shown_.findings[shown_.marked]);
   view_.send(Sci::SCI_SETINDICATORCURRENT, current);
-  if (marked_ < findings_.size()) markSoon_.start();
+  if (shown_.marked < shown_.findings.size()) markSoon_.start();
 }
 
 void FindingMarks::mark(const TextFinding& finding) {
@@ -143,31 +154,31 @@ void FindingMarks::mark(const TextFinding& finding) {
 void FindingMarks::modified(int position, int kind, int length) {
   if ((kind & (kInserts | kDeletes)) == 0) return;
   const qsizetype moved = (kind & kInserts) != 0 ? length : -length;
-  for (auto& [finding, span] : findings_) {
+  for (auto& [finding, span] : shown_.findings) {
     span.from = Moved(span.from, position, moved);
     span.to = std::max(span.from, Moved(span.to, position, moved));
   }
 }
 
 const TextFinding* FindingMarks::next(qsizetype position) const {
-  if (findings_.empty()) return nullptr;
+  if (shown_.findings.empty()) return nullptr;
   const auto found = std::ranges::find_if(
-      findings_, [position](const TextFinding& each) { return each.span.from > position; });
-  return found == findings_.end() ? &findings_.front() : &*found;
+      shown_.findings, [position](const TextFinding& each) { return each.span.from > position; });
+  return found == shown_.findings.end() ? &shown_.findings.front() : &*found;
 }
 
 const TextFinding* FindingMarks::previous(qsizetype position) const {
-  if (findings_.empty()) return nullptr;
-  const auto found = std::find_if(findings_.rbegin(), findings_.rend(),
+  if (shown_.findings.empty()) return nullptr;
+  const auto found = std::find_if(shown_.findings.rbegin(), shown_.findings.rend(),
                                   [position](const TextFinding& each) { return each.span.from < position; });
-  return found == findings_.rend() ? &findings_.back() : &*found;
+  return found == shown_.findings.rend() ? &shown_.findings.back() : &*found;
 }
 
 std::vector<const TextFinding*> FindingMarks::at(TextSpan span) const {
   const auto line = lineAt(span.from);
   std::vector<const TextFinding*> touching;
   std::vector<const TextFinding*> inLine;
-  for (const TextFinding& each : findings_) {
+  for (const TextFinding& each : shown_.findings) {
     if (Touch(each.span, span)) touching.push_back(&each);
     if (lineAt(each.span.from) == line) inLine.push_back(&each);
   }
@@ -175,7 +186,7 @@ std::vector<const TextFinding*> FindingMarks::at(TextSpan span) const {
 }
 
 void FindingMarks::remove(TextSpan span) {
-  std::vector<TextFinding> others = findings_;
+  std::vector<TextFinding> others = shown_.findings;
   std::erase_if(others, [span](const TextFinding& each) { return Touch(each.span, span); });
   show(std::move(others));
 }
@@ -184,7 +195,7 @@ void FindingMarks::showAtScrollBar() {
   scrollMarks_.setLineCount(static_cast<int>(view_.send(Sci::SCI_GETLINECOUNT)));
   for (const MarkStyle& style : kStyles) {
     std::vector<int> lines;
-    for (const TextFinding& each : findings_) {
+    for (const TextFinding& each : shown_.findings) {
       if (each.finding.level == style.level) lines.push_back(static_cast<int>(lineAt(each.span.from)));
     }
     scrollMarks_.setLines(kScrollKinds + style.marker, ColourOf(style, view_.control().palette()),
@@ -208,7 +219,7 @@ void FindingMarks::showToolTip(const QPoint& position, const QPoint& onScreen) {
   const auto offset = view_.send(inMargin ? Sci::SCI_POSITIONFROMPOINT : Sci::SCI_POSITIONFROMPOINTCLOSE,
                                  position.x(), position.y());
   std::vector<const TextFinding*> shown;
-  for (const TextFinding& each : findings_) {
+  for (const TextFinding& each : shown_.findings) {
     const bool here = inMargin ? lineAt(each.span.from) == lineAt(offset)
                                : each.span.from <= offset && offset < each.span.to;
     if (offset >= 0 && here) shown.push_back(&each);

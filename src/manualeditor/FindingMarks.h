@@ -24,9 +24,19 @@ class FindingMarks : public QObject {
  public:
   FindingMarks(const ScintillaView& view, ScrollMarks& scrollMarks);
 
+  // Those of a text that another one took the place of.
+  struct Shown {
+    std::vector<TextFinding> findings;
+    std::size_t marked = 0;  // of them
+  };
+  // Call before another text, which has these findings, takes the place of the shown one. Gives its findings.
+  Shown exchange(Shown next);
+  // Call when it has.
+  void enterText();
+
   // In the order of the text, in the place of those before.
   void show(std::vector<TextFinding> findings);
-  const std::vector<TextFinding>& findings() const { return findings_; }
+  const std::vector<TextFinding>& findings() const { return shown_.findings; }
   // The first finding that starts behind the position, or the last that starts before it, round the ends of
   // the text; nullptr when there is none.
   const TextFinding* next(qsizetype position) const;
@@ -52,8 +62,7 @@ class FindingMarks : public QObject {
 
   ScintillaView view_;
   ScrollMarks& scrollMarks_;
-  std::vector<TextFinding> findings_;
-  std::size_t marked_ = 0;  // of them
+  Shown shown_;
   QTimer markSoon_;
 };
 

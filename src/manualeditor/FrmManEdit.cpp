@@ -11,6 +11,7 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <utility>
@@ -28,6 +29,7 @@
 #include "manualeditor/BlockOutline.h"
 #include "manualeditor/BlockPanel.h"
 #include "manualeditor/BlockPath.h"
+#include "manualeditor/FileDrops.h"
 #include "manualeditor/FindBar.h"
 #include "manualeditor/FrmReplace.h"
 #include "manualeditor/IniTextEdit.h"
@@ -36,7 +38,10 @@
 #include "manualeditor/MoveCommands.h"
 #include "manualeditor/NamesInText.h"
 #include "manualeditor/OpenText.h"
+#include "manualeditor/RecentFiles.h"
 #include "manualeditor/TextCommands.h"
+#include "manualeditor/TextTabs.h"
+#include "manualeditor/UserFile.h"
 #include "platform/EventYield.h"
 #include "platform/MessageBoxes.h"
 #include "settings/SettingsStore.h"
@@ -67,6 +72,17 @@ constexpr std::array kPanelWidths = {PanelWidth{"Line 100000 of 100000", 3}, Pan
                                      PanelWidth{"Time: 00:00:00 AM", 3}, PanelWidth{"Date: 00 Mmm 0000", 3},
                                      PanelWidth{"", 10}};
 
+// One above the other, without a gap.
+QWidget* Stacked(QWidget* above, QWidget* below) {
+  auto* both = new QWidget;
+  auto* layout = new QVBoxLayout(both);
+  layout->setContentsMargins({});
+  layout->setSpacing(0);
+  layout->addWidget(above);
+  layout->addWidget(below, 1);
+  return both;
+}
+
 // Where the new text stands; that of a new line behind the line end that it brings.
 ManualEditPlace PlaceOfNew(const TextEdit& edit) {
   constexpr std::string_view kLineEnd = "\r\n";
@@ -86,7 +102,10 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
       TxtManEdit_(new IniTextEdit(this)),
       outline_(new BlockOutline(*TxtManEdit_)),
       find_(new FindBar(*TxtManEdit_, *TB1_)),
-      openText_(new OpenText(*TxtManEdit_, services, files, versions)),
+      tabs_(new TextTabs(*TxtManEdit_,
+                         [this, &files, &versions](QObject* owner) {
+                           return new OpenText(owner, *TxtManEdit_, services_, files, versions);
+                         })),
       findings_(new LiveFindings(*TxtManEdit_, names)),
       notices_(new NoticeBar),
       replace_(new FrmReplace(*TxtManEdit_, this)),
@@ -95,8 +114,7 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
   setWindowTitle(kCaption);
   setWindowIcon(ApplicationIcon());
   TxtManEdit_->setObjectName("TxtManEdit");
-  setCentralWidget(NoticeBar::below(TxtManEdit_, notices_));
-  openText_->setParent(this);
+  setCentralWidget(NoticeBar::below(Stacked(tabs_, TxtManEdit_), notices_));
   buildCommands();
   buildStatusBar();
   buildToolBar();
@@ -106,17 +124,20 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
   connect(TxtManEdit_, &IniTextEdit::menuAsked, this,
           [this](QMenu& menu) { FillMenu(menu, commands_, kNameCommands); });
   connect(TxtManEdit_, &IniTextEdit::modificationChanged, this, &FrmManEdit::showTitle);
-  connect(openText_, &OpenText::said, this, &FrmManEdit::showTitle);
-  connect(openText_, &OpenText::loadedAnew, this, &FrmManEdit::showAnew);
-  connect(openText_, &OpenText::said, notices_, [this](OpenText::Notice notice, const QString& sentence) {
-    notices_->tell(notice, sentence.isEmpty() ? std::vector<Notice>() : std::vector{Notice(sentence)});
-  });
+  connect(tabs_, &TextTabs::otherShown, this, &FrmManEdit::showOther);
+  connect(tabs_, &TextTabs::toldOf, this, &FrmManEdit::tell);
+  connect(tabs_, &TextTabs::loadedAnew, this, &FrmManEdit::showLine);
+  connect(tabs_, &TextTabs::lastClosed, this, &FrmManEdit::close);
   connect(find_, &FindBar::said, notices_, [this](const QString& sentence) {
     notices_->tell(kFindNotices, sentence.isEmpty() ? std::vector<Notice>() : std::vector{Notice(sentence)});
   });
   Timer1_->setObjectName("Timer1");
   connect(Timer1_, &QTimer::timeout, this, &FrmManEdit::showClock);
   Timer1_->start(kClockInterval);
+}
+
+FrmManEdit::~FrmManEdit() {
+  delete tabs_;  // its texts before the control that shows them
 }
 
 void FrmManEdit::buildCommands() {
@@ -127,6 +148,26 @@ void FrmManEdit::buildCommands() {
   for (const QAction* action : commands_.all()) TxtManEdit_->freeKey(action->shortcut());
   BuildManualEditMenu(*menuBar(), commands_);
   commands_.action("extractText").setVisible(false);
+  buildOpening();
+}
+
+// The ways to open files that begin in this window.
+void FrmManEdit::buildOpening() {
+  recent_ = new RecentFiles(*findChild<QMenu*>("menuRecent"), services_.settings);
+  connect(recent_, &RecentFiles::chosen, this, [this](const QString& file) { openFiles({file}); });
+  auto* drops = new FileDrops(this);
+  QWidget* text = TxtManEdit_->focusProxy();
+  for (QWidget* widget :
+       {static_cast<QWidget*>(this), text, static_cast<QAbstractScrollArea*>(text)->viewport()})
+    drops->watch(*widget);
+  // The other program waits for the end of the drop.
+  connect(drops, &FileDrops::dropped, this, &FrmManEdit::openFiles, Qt::QueuedConnection);
+}
+
+void FrmManEdit::openFiles(const QStringList& files) {
+  const WindowCalls::Running call(calls_);
+  for (const QString& file : files) open(RequestForUserFile(file, services_.folders));
+  activateWindow();
 }
 
 // The action that shows and hides the panel.
@@ -168,12 +209,19 @@ void FrmManEdit::buildStatusBar() {
 
 bool FrmManEdit::open(const ManualEditRequest& request) {
   const WindowCalls::Running call(calls_);
-  if (!openText_->open(request)) return false;
-  tellArchive();
-  findings_->setFile({});
-  place_ = request.place;
-  ManEditInitDone_ = false;
+  if (calls_.isClosed()) tabs_->startAnew();  // what was open has been let go
+  const TextTabs::Opened opened = tabs_->open(request);
+  if (opened == TextTabs::Opened::failed) return false;
   calls_.reopen();
+  if (opened == TextTabs::Opened::broughtForward) {
+    if (request.place.line > 0) goTo(request.place);
+    return true;
+  }
+  if (request.ManualEditPartial == 0 && request.archive.isEmpty()) recent_->add(request.ManualEditFile);
+  ManEditInitDone_ = false;
+  tabs_->current().place() = request.place;
+  showOther();
+  findings_->setFile({});
   reopened_ = true;
   if (isVisible()) storeState();  // or the set-up would bring back what was stored before
   if (!isVisible() || !isMaximized()) RestorePlacement(services_.settings, *this);
@@ -181,18 +229,41 @@ bool FrmManEdit::open(const ManualEditRequest& request) {
   return true;
 }
 
-void FrmManEdit::tellArchive() {
-  const bool archived = !openText_->archive().isEmpty();
-  commands_.action("extractText").setVisible(archived);
-  if (!archived) return notices_->clear(OpenText::ofArchive);
-  Notice notice("This text is in " + ArchiveName(openText_->archive()) + " and can only be read here. ");
+// Of what belongs to a text, all that its tab alone does not bring back.
+void FrmManEdit::showOther() {
+  const OpenText& text = tabs_->current();
+  commands_.action("extractText").setVisible(!text.archive().isEmpty());
+  commands_.action("reload").setEnabled(!text.isPart() && text.archive().isEmpty());
+  tellReadOnly();
+  for (const auto notice : {OpenText::ofFile, OpenText::ofDraft}) tell(notice);
+  findings_->goOnWith(checkedPath());
+  showTitle();
+  if (!ManEditInitDone_) return;
+  goToPending();
+  showLine();
+  showClock();
+}
+
+void FrmManEdit::tell(int notice) {
+  const QString sentence = tabs_->current().said(static_cast<OpenText::Notice>(notice));
+  QStringList sentences = notice == OpenText::ofDraft ? tabs_->saidOfDrafts() : QStringList(sentence);
+  sentences.removeAll(QString());
+  notices_->tell(notice, std::vector<Notice>(sentences.begin(), sentences.end()));
+  showTitle();
+}
+
+void FrmManEdit::tellReadOnly() {
+  const OpenText& text = tabs_->current();
+  if (!text.isReadOnly()) return notices_->clear(OpenText::ofArchive);
+  if (text.archive().isEmpty()) return notices_->tell(OpenText::ofArchive, {Notice(text.whyReadOnly())});
+  Notice notice("This text is in " + ArchiveName(text.archive()) + " and can only be read here. ");
   notice.link("Extract to Data\\INI...", [this] { askForExtract(); });
   notices_->tell(OpenText::ofArchive, {notice});
 }
 
 void FrmManEdit::askForExtract() {
   const WindowCalls::Running call(calls_);
-  const auto place = openText_->place();
+  const auto place = tabs_->current().cursorPlace();
   if (place && !place->archive.isEmpty()) Q_EMIT extractAsked(*place);
 }
 
@@ -200,17 +271,17 @@ void FrmManEdit::forgetFinds() {
   find_->forget();
 }
 
-QString FrmManEdit::unsavedFile() const {
-  return openText_->isUnsaved() ? openText_->file() : QString();
+bool FrmManEdit::hasUnsaved(const QString& file) const {
+  return tabs_->hasUnsaved(file);
 }
 
-bool FrmManEdit::keepUnsavedText() {
+bool FrmManEdit::keepUnsavedTexts() {
   const WindowCalls::Running call(calls_);
-  return openText_->letGo();
+  return tabs_->letGo();
 }
 
 void FrmManEdit::keepAtEnd() {
-  openText_->keepAtEnd();
+  tabs_->keepAtEnd();
 }
 
 // A window that is active already, or whose display never activates one, gets its set-up all the same.
@@ -230,13 +301,8 @@ bool FrmManEdit::event(QEvent* event) {
 
 void FrmManEdit::lookAgain() {
   if (!ManEditInitDone_ || calls_.isClosed()) return;
-  openText_->lookAgain();
+  tabs_->lookAgain();
   findings_->lookAgain();
-}
-
-void FrmManEdit::showAnew() {
-  lineTotal_ = TxtManEdit_->lineCount();
-  showLine();
 }
 
 void FrmManEdit::showEvent(QShowEvent* event) {
@@ -262,7 +328,7 @@ void FrmManEdit::runSetUp() {
   showState("Loading...");
   if (!showStep("Loading...")) return;
   setWindowTitle("Loading, Calculating Number Of Lines...");
-  lineTotal_ = TxtManEdit_->lineCount();
+  tabs_->current().countLines();
   if (!prepareSearchList()) return;
   setWindowTitle("Loading, Setting Font...");
   TxtManEdit_->setTextFont(StoredFont(services_.settings, kTextFont, TxtManEdit_->textFont()));
@@ -296,13 +362,26 @@ void FrmManEdit::finishSetUp() {
   showTitle();
   showState("Idle");
   TxtManEdit_->setFocus();
-  if (shows(openText_->file())) findings_->setFile(PathInGame(services_.folders.game, openText_->file()));
-  if (place_.line > 0) goToNow(place_);
+  findings_->setFile(checkedPath());
+  goToPending();
+}
+
+// The path below the game folder of what is checked.
+QString FrmManEdit::checkedPath() const {
+  const OpenText& text = tabs_->current();
+  return text.isWhole() ? PathInGame(services_.folders.game, text.file()) : QString();
+}
+
+// Another text may have come before the set-up was done with this one.
+void FrmManEdit::goToPending() {
+  OpenText& text = tabs_->current();
+  if (text.lineTotal() == 0) text.countLines();
+  if (text.place().line > 0) goToNow(std::exchange(text.place(), {}));
 }
 
 void FrmManEdit::showTitle() {
   if (!ManEditInitDone_) return;  // the set-up says there how far it is
-  setWindowTitle(openText_->isUnsaved() ? kCaption + '*' : kCaption);
+  setWindowTitle(tabs_->hasUnsaved() ? kCaption + '*' : kCaption);
 }
 
 void FrmManEdit::storeState() {
@@ -312,7 +391,7 @@ void FrmManEdit::storeState() {
 
 void FrmManEdit::closeEvent(QCloseEvent* event) {
   const WindowCalls::Running call(calls_);
-  if (!openText_->letGo()) return event->ignore();
+  if (!tabs_->letGo()) return event->ignore();
   storeState();
   QMainWindow::closeEvent(event);
   calls_.close();
@@ -324,14 +403,15 @@ void FrmManEdit::showState(const QString& state) {
 
 void FrmManEdit::showLine() {
   panels_[linePanel]->setText(
-      QStringLiteral("Line %1 of %2").arg(TxtManEdit_->cursorLine() + 1).arg(lineTotal_));
+      QStringLiteral("Line %1 of %2").arg(TxtManEdit_->cursorLine() + 1).arg(tabs_->current().lineTotal()));
 }
 
 void FrmManEdit::showClock() {
   const QDateTime now = QDateTime::currentDateTime();
   const QLocale locale;
-  QString file = openText_->isPart() ? QString() : openText_->file();
-  if (!openText_->archive().isEmpty()) file += " (from " + ArchiveName(openText_->archive()) + ')';
+  const OpenText& text = tabs_->current();
+  QString file = text.isPart() ? QString() : text.file();
+  if (!text.archive().isEmpty()) file += " (from " + ArchiveName(text.archive()) + ')';
   panels_[timePanel]->setText("Time: " + locale.toString(now.time(), QLocale::ShortFormat));
   panels_[datePanel]->setText("Date: " + locale.toString(now.date(), QLocale::ShortFormat));
   panels_[filePanel]->setText(file);
@@ -341,8 +421,27 @@ void FrmManEdit::showClock() {
 void FrmManEdit::save() {
   const WindowCalls::Running call(calls_);
   showState("Saving...");
-  if (openText_->save()) Q_EMIT fileSaved(openText_->file());
+  OpenText& text = tabs_->current();
+  if (text.save()) Q_EMIT fileSaved(text.file());
   showState("Idle");
+}
+
+void FrmManEdit::reload() {
+  const WindowCalls::Running call(calls_);
+  tabs_->current().reload();
+}
+
+void FrmManEdit::closeTab() {
+  const WindowCalls::Running call(calls_);
+  tabs_->closeCurrent();
+}
+
+void FrmManEdit::showNextTab() {
+  tabs_->showNext();
+}
+
+void FrmManEdit::showPreviousTab() {
+  tabs_->showPrevious();
 }
 
 void FrmManEdit::tellAboutUndo() {
@@ -355,7 +454,9 @@ void FrmManEdit::tellAboutUndo() {
 }
 
 bool FrmManEdit::goToIn(const QString& file, const ManualEditPlace& place) {
-  if (!shows(file)) return false;
+  const OpenText* text = whole(file);
+  if (text == nullptr) return false;
+  tabs_->bringForward(*text);
   goTo(place);
   return true;
 }
@@ -365,7 +466,7 @@ void FrmManEdit::goTo(const ManualEditPlace& place) {
     goToNow(place);
     TxtManEdit_->setFocus();
   } else {
-    place_ = place;
+    tabs_->current().place() = place;
   }
 }
 
@@ -377,8 +478,9 @@ void FrmManEdit::goToNow(const ManualEditPlace& place) {
   for (const TextBlock* block : path) TxtManEdit_->keepInSight(static_cast<int>(block->firstLine) - 1);
 }
 
-std::string FrmManEdit::bytes() const {
-  return TxtManEdit_->legibleBytes();
+std::optional<std::string> FrmManEdit::bytes(const QString& file) const {
+  const OpenText* text = whole(file);
+  return text == nullptr ? std::nullopt : std::optional(text->bytes());
 }
 
 void FrmManEdit::goToLine(int line) {
@@ -386,13 +488,15 @@ void FrmManEdit::goToLine(int line) {
   TxtManEdit_->setFocus();
 }
 
-bool FrmManEdit::shows(const QString& file) const {
-  const bool whole = !openText_->isPart() && openText_->archive().isEmpty();
-  return !calls_.isClosed() && whole && openText_->file().compare(file, Qt::CaseInsensitive) == 0;
+// A window that is closed has let go of all.
+const OpenText* FrmManEdit::whole(const QString& file) const {
+  return calls_.isClosed() ? nullptr : tabs_->whole(file);
 }
 
-bool FrmManEdit::edit(const EditPlan& plan) {
-  if (openText_->isPart() || !openText_->archive().isEmpty()) return false;
+bool FrmManEdit::edit(const QString& file, const EditPlan& plan) {
+  const OpenText* text = whole(file);
+  if (text == nullptr) return false;
+  tabs_->bringForward(*text);
   std::vector<TextEdit> edits = plan(TxtManEdit_->legibleBytes());
   if (edits.empty()) return false;
   std::ranges::sort(edits, {}, [](const TextEdit& each) { return std::pair(each.line, each.column); });
@@ -401,17 +505,20 @@ bool FrmManEdit::edit(const EditPlan& plan) {
   return true;
 }
 
-bool FrmManEdit::rewrite(const TextRewrite& rewrite) {
-  if (openText_->isPart() || !openText_->archive().isEmpty()) return false;
-  const std::optional<std::string> text = rewrite(TxtManEdit_->utf8());
-  if (!text || *text == TxtManEdit_->utf8()) return false;
-  TxtManEdit_->rewrite(*text);
+bool FrmManEdit::rewrite(const QString& file, const TextRewrite& rewrite) {
+  const OpenText* text = whole(file);
+  if (text == nullptr) return false;
+  tabs_->bringForward(*text);
+  const std::optional<std::string> rewritten = rewrite(text->utf8());
+  if (!rewritten || *rewritten == text->utf8()) return false;
+  TxtManEdit_->rewrite(*rewritten);
   goTo({TxtManEdit_->cursorLine() + 1});
   return true;
 }
 
-std::string FrmManEdit::utf8() const {
-  return std::string(TxtManEdit_->utf8());
+std::optional<std::string> FrmManEdit::utf8(const QString& file) const {
+  const OpenText* text = whole(file);
+  return text == nullptr ? std::nullopt : std::optional(std::string(text->utf8()));
 }
 
 std::optional<NameHere> FrmManEdit::nameHere() const {
@@ -419,14 +526,14 @@ std::optional<NameHere> FrmManEdit::nameHere() const {
 }
 
 std::optional<ItemPlace> FrmManEdit::placeHere() const {
-  const auto place = openText_->place();
+  const auto place = tabs_->current().cursorPlace();
   return place ? std::optional(ItemPlace{.place = *place}) : std::nullopt;
 }
 
 // The files know the lines of a text only as long as it is theirs.
 std::optional<ItemPlace> FrmManEdit::blockHere() const {
-  const auto place = openText_->place();
-  if (place && !openText_->isUnsaved()) return placeHere();
+  const auto place = tabs_->current().cursorPlace();
+  if (place && !tabs_->current().isUnsaved()) return placeHere();
   auto item = ItemAtCursor(*TxtManEdit_, *outline_);
   if (item && place) item->place = *place;
   return item;

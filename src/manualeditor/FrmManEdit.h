@@ -30,18 +30,22 @@ class KeptVersions;
 class LiveFindings;
 class NoticeBar;
 class OpenText;
+class RecentFiles;
+class TextTabs;
 struct Services;
 
-// The manual editor: one of the game's files, or a part of one, as plain text. An opening command hands
-// over what to open and shows the window, which then sets itself up, once.
+// The manual editor: the game's files, or parts of them, as plain text, each in a tab of its own. An opening
+// command hands over what to open and shows the window, which then sets itself up, once.
 class FrmManEdit : public QMainWindow, public NameSource {
   Q_OBJECT
 
  public:
   FrmManEdit(const Services& services, const FileWriter& files, const KeptVersions& versions,
              FontChooser& fonts, CatalogueService& names);
+  ~FrmManEdit() override;
 
-  // False, after a message, when it cannot be opened; the window then stays as it is.
+  // False, after a message, when it cannot be opened; the window then stays as it is. A file whose text is
+  // not saved is only brought forward, and gone to its place.
   bool open(const ManualEditRequest& request);
   // True when what was opened last is set up, its place gone to.
   bool ManEditInitDone() const { return ManEditInitDone_; }
@@ -49,10 +53,10 @@ class FrmManEdit : public QMainWindow, public NameSource {
   // Empties the list of what was sought; the text in the find box stays.
   void forgetFinds();
 
-  // The program's path of the file whose text is not saved; empty when there is none.
-  QString unsavedFile() const;
+  // There is text of the whole file that is not saved.
+  bool hasUnsaved(const QString& file) const;
 
-  // Goes to the place when the whole of this file is shown, with whatever is typed; false when another is.
+  // Goes to the place when the whole of this file is open, with whatever is typed; false when it is not.
   bool goToIn(const QString& file, const ManualEditPlace& place);
   void goToLine(int line);  // from 1
   std::optional<NameHere> nameHere() const override;
@@ -60,24 +64,27 @@ class FrmManEdit : public QMainWindow, public NameSource {
   std::optional<ItemPlace> placeHere() const override;
   std::optional<ItemPlace> blockHere() const override;
 
-  // The whole of this file is shown, and can be changed.
-  bool shows(const QString& file) const;
-  // Its text, unsaved changes included; see EditPlan.
-  std::string bytes() const;
+  // The whole text of this file, unsaved changes included, see EditPlan; nothing when it is not open, or
+  // cannot be changed.
+  std::optional<std::string> bytes(const QString& file) const;
   // Changes the text as one step to undo and goes to the first change. False when the plan names none, or
-  // when the text cannot be changed.
-  bool edit(const EditPlan& plan);
+  // when the whole of this file is not open to be changed.
+  bool edit(const QString& file, const EditPlan& plan);
   // The same by what TextRewrite gives, all characters included.
-  bool rewrite(const TextRewrite& rewrite);
-  std::string utf8() const;
+  bool rewrite(const QString& file, const TextRewrite& rewrite);
+  std::optional<std::string> utf8(const QString& file) const;
 
-  // Keeps an unsaved text among the former versions of its file, for the moment before the program ends.
-  // False when it cannot be kept and the user does not want to lose it.
-  bool keepUnsavedText();
+  // Keeps the unsaved texts among the former versions of their files, for the moment before the program ends.
+  // False when one cannot be kept and the user does not want to lose it.
+  bool keepUnsavedTexts();
   // The same for a program that ends in any case: nothing is asked.
   void keepAtEnd();
 
   void save();
+  void reload();
+  void closeTab();
+  void showNextTab();
+  void showPreviousTab();
   void askForExtract();
   void tellAboutUndo();
   void showReplace();
@@ -112,7 +119,14 @@ class FrmManEdit : public QMainWindow, public NameSource {
   bool prepareSearchList();
   void finishSetUp();
   void storeState();
-  void tellArchive();
+  void showOther();
+  void tell(int notice);
+  void tellReadOnly();
+  const OpenText* whole(const QString& file) const;
+  QString checkedPath() const;
+  void goToPending();
+  void buildOpening();
+  void openFiles(const QStringList& files);
 
   void showState(const QString& state);
   void showLine();
@@ -128,17 +142,16 @@ class FrmManEdit : public QMainWindow, public NameSource {
   IniTextEdit* TxtManEdit_;
   BlockOutline* outline_;
   FindBar* find_;
-  OpenText* openText_;
+  TextTabs* tabs_;
   LiveFindings* findings_;
   NoticeBar* notices_;
   FrmReplace* replace_;
+  RecentFiles* recent_ = nullptr;
   QTimer* Timer1_;
   Commands commands_{*this};
   std::array<QLabel*, 5> panels_{};
-  int lineTotal_ = 0;
 
   WindowCalls calls_{*this, [this] { Q_EMIT closedForGood(); }};
-  ManualEditPlace place_;         // to go to, of what was opened last
   bool ManEditInitDone_ = false;  // cleared by every opening
   bool settingUp_ = false;
   bool reopened_ = false;  // another text arrived while the set-up was running

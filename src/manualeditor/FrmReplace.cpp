@@ -43,6 +43,7 @@ FrmReplace::FrmReplace(IniTextEdit& text, QWidget* owner)
   count_.setSingleShot(true);
   count_.setInterval(kUntilCount);
   connect(&count_, &QTimer::timeout, this, &FrmReplace::count);
+  connect(&text_, &IniTextEdit::documentShown, this, &FrmReplace::countSoon);
   connect(TxtFind_, &QLineEdit::textChanged, this, &FrmReplace::countSoon);
 }
 

@@ -14,6 +14,7 @@
 
 #include "manualeditor/FindingMarks.h"
 #include "manualeditor/LineMarks.h"
+#include "manualeditor/TextDocument.h"
 #include "textview/ScrollMarks.h"
 #include "textview/TextLook.h"
 
@@ -84,9 +85,7 @@ IniTextEdit::IniTextEdit(QWidget* parent)
 
 void IniTextEdit::prepare() {
   text_->setAccessibleName("Text");
-  text_->setUtf8(true);
-  text_->setEolMode(QsciScintilla::EolWindows);
-  text_->setTabWidth(4);
+  prepareDocument();
   text_->setCaretLineVisible(true);
   text_->setMarginLineNumbers(kNumberMargin, true);
   send(Sci::SCI_SETMARGINLEFT, 0, kTextMargin);
@@ -96,12 +95,51 @@ void IniTextEdit::prepare() {
   send(Sci::SCI_INDICSETSTYLE, kStrikeIndicator, Sci::INDIC_STRIKE);
   text_->setFolding(QsciScintilla::BoxedTreeFoldStyle, kFoldMargin);
   send(Sci::SCI_SETAUTOMATICFOLD, Sci::SC_AUTOMATICFOLD_SHOW | Sci::SC_AUTOMATICFOLD_CHANGE);
-  send(Sci::SCI_SETINDICATORCURRENT, kStrikeIndicator);
   for (const MarkStyle& style : kMarkStyles) {
     send(Sci::SCI_INDICSETSTYLE, style.indicator, style.style);
     send(Sci::SCI_INDICSETALPHA, style.indicator, style.alpha);
     send(Sci::SCI_INDICSETUNDER, style.indicator, 1);
   }
+}
+
+// What the control keeps with each text.
+void IniTextEdit::prepareDocument() {
+  text_->setUtf8(true);
+  text_->setEolMode(QsciScintilla::EolWindows);
+  text_->setTabWidth(4);
+  send(Sci::SCI_SETINDICATORCURRENT, kStrikeIndicator);
+}
+
+void IniTextEdit::show(TextDocument& document) {
+  if (shows(document)) return;
+  send(Sci::SCI_AUTOCCANCEL);
+  lineMarks_->leaveText();
+  FindingMarks::Shown findings = findingMarks_->exchange(std::move(document.findings_));
+  if (shown_ != nullptr) {
+    shown_->findings_ = std::move(findings);
+    shown_->leave(view_);
+  }
+  shown_ = &document;
+  document.takePlace(view_);
+  prepareDocument();
+  announceEdits(utf8().size());
+  text_->setReadOnly(text_->isReadOnly());  // the control's input methods too
+  document.enter(view_);
+  strikeOut();
+  fitNumberMargin();
+  scrollMarks_->clear();
+  lineMarks_->enterText();
+  findingMarks_->enterText();
+  Q_EMIT documentShown();
+  Q_EMIT cursorMayHaveMoved();
+}
+
+void IniTextEdit::forget(const TextDocument& document) {
+  if (shows(document)) shown_ = nullptr;
+}
+
+void IniTextEdit::announceEdits(std::size_t size) {
+  send(Sci::SCI_SETMODEVENTMASK, size > kAnnounced ? kEditsToCome : kEdits);
 }
 
 void IniTextEdit::fitNumberMargin() {
@@ -115,7 +153,7 @@ void IniTextEdit::setBytes(std::string_view bytes) {
 void IniTextEdit::setUtf8(const QByteArray& utf8) {
   lineMarks_->beginText();
   send(Sci::SCI_SETUNDOCOLLECTION, 0);
-  send(Sci::SCI_SETMODEVENTMASK, static_cast<std::size_t>(utf8.size()) > kAnnounced ? kEditsToCome : kEdits);
+  announceEdits(static_cast<std::size_t>(utf8.size()));
   send(Sci::SCI_CLEARALL);
   sendText(Sci::SCI_ADDTEXT, utf8.size(), utf8.constData());
   send(Sci::SCI_SETUNDOCOLLECTION, 1);
@@ -147,7 +185,7 @@ void IniTextEdit::setReadOnly(bool readOnly) {
 }
 
 bool IniTextEdit::isModified() const {
-  return text_->isModified();
+  return send(Sci::SCI_GETMODIFY) != 0;  // the control's own flag knows only one document
 }
 
 void IniTextEdit::setUnmodified() {

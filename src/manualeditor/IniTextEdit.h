@@ -23,6 +23,7 @@ namespace korvane {
 class FindingMarks;
 class LineMarks;
 class ScrollMarks;
+class TextDocument;
 class TextLook;
 
 enum class TextMark {
@@ -38,6 +39,10 @@ class IniTextEdit : public QWidget {
 
  public:
   explicit IniTextEdit(QWidget* parent = nullptr);
+
+  // Shows another document, which is in the control from then on. The one before keeps all that is its own.
+  void show(TextDocument& document);
+  bool shows(const TextDocument& document) const { return shown_ == &document; }
 
   // A new text (a file's bytes): unmodified, with nothing to undo, the cursor at its start.
   void setBytes(std::string_view bytes);
@@ -120,13 +125,19 @@ class IniTextEdit : public QWidget {
   void menuAsked(QMenu& menu);
   // See isModified().
   void modificationChanged();
+  // Another document is.
+  void documentShown();
 
  protected:
   void changeEvent(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  friend class TextDocument;
+  void forget(const TextDocument& document);
   void prepare();
+  void prepareDocument();
+  void announceEdits(std::size_t size);
   void showMenu(const QContextMenuEvent& event);
   void moveToMenu(const QPoint& at);
   void fitNumberMargin();
@@ -144,6 +155,7 @@ class IniTextEdit : public QWidget {
   ScrollMarks* scrollMarks_;
   LineMarks* lineMarks_;
   FindingMarks* findingMarks_;
+  TextDocument* shown_ = nullptr;  // none: a text that is in no document of ours
   QFont font_;
 };
 

@@ -72,6 +72,15 @@ void LineMarks::endText() {
   showAtScrollBar();
 }
 
+void LineMarks::leaveText() {
+  markSoon_.stop();
+  markEdits();
+}
+
+void LineMarks::enterText() {
+  showAtScrollBar();
+}
+
 void LineMarks::saved() {
   markEdits();
   saving_ = true;

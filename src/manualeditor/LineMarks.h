@@ -27,6 +27,9 @@ class LineMarks : public QObject {
   // Call before and after a new text is put into the control: that is no change of the user's.
   void beginText();
   void endText();
+  // Call before and after another text takes the place of this one, which keeps its marks.
+  void leaveText();
+  void enterText();
   // The text is the file's now: what is changed so far was saved.
   void saved();
   void applyColours(const QPalette& palette);

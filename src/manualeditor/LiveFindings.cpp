@@ -42,9 +42,13 @@ LiveFindings::LiveFindings(IniTextEdit& text, CatalogueService& names)
 }
 
 void LiveFindings::setFile(const QString& path) {
+  text_.findingMarks().show({});
+  goOnWith(path);
+}
+
+void LiveFindings::goOnWith(const QString& path) {
   check_.cancel();
   soon_.stop();
-  text_.findingMarks().show({});
   path_ = IsDataFile(path) ? path : QString();
   if (!path_.isEmpty()) check();
 }

@@ -23,6 +23,8 @@ class LiveFindings : public QObject {
   // Whose whole text is in the control from now on: a path below the game folder. Other texts than the data
   // files are not checked; nor is any for an empty path.
   void setFile(const QString& path);
+  // The same for a text that has been in the control before, with its findings.
+  void goOnWith(const QString& path);
   // Looks whether other files have changed since.
   void lookAgain();
 

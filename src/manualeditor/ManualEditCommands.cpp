@@ -29,6 +29,10 @@ constexpr std::array kWindowCommands = {
     Window{"MnuSave", "&Save", &FrmManEdit::save, "Ctrl+S"},
     Window{"extractText", "&Extract to Data\\INI...", &FrmManEdit::askForExtract},
     Window{"MnuExit", "E&xit", &FrmManEdit::exitCommand},
+    Window{"reload", "&Reload", &FrmManEdit::reload, "F5"},
+    Window{"closeTab", "&Close Tab", &FrmManEdit::closeTab, "Ctrl+W"},
+    Window{"nextTab", "Next &Tab", &FrmManEdit::showNextTab, "Ctrl+Tab"},
+    Window{"previousTab", "Pre&vious Tab", &FrmManEdit::showPreviousTab, "Ctrl+Shift+Tab"},
     Window{"MnuUndo", "&Undo", &FrmManEdit::tellAboutUndo},
     Window{"MnuRedo", "&Redo", &FrmManEdit::tellAboutUndo},
     Window{"MnuReplace", "R&eplace...", &FrmManEdit::showReplace, "Ctrl+H"},
@@ -89,6 +93,10 @@ constexpr std::array kMenuBar = {
     MenuRow{1, "showHistory"},
     kSeparator,
     MenuRow{1, "MnuExit"},
+    kSeparator,
+    MenuRow{1, "reload"},
+    MenuRow{1, "menuRecent", "Recent &Files"},
+    MenuRow{1, "closeTab"},
     MenuRow{0, "MnuEdit", "&Edit"},
     MenuRow{1, "MnuUndo"},
     MenuRow{1, "MnuRedo"},
@@ -151,6 +159,9 @@ constexpr std::array kMenuBar = {
     MenuRow{1, "toggleFold"},
     MenuRow{1, "foldAll"},
     MenuRow{1, "unfoldAll"},
+    kSeparator,
+    MenuRow{1, "nextTab"},
+    MenuRow{1, "previousTab"},
 };
 
 struct Button {

@@ -6,9 +6,10 @@
 
 #include <iostream>
 
-#include "app/ManualEditRequest.h"
 #include "app/Services.h"
+#include "catalogue/BlockTree.h"
 #include "files/NativePath.h"
+#include "manualeditor/BlockOutline.h"
 #include "manualeditor/IniTextEdit.h"
 #include "manualeditor/ShowableFile.h"
 #include "platform/FileWriter.h"
@@ -26,17 +27,32 @@ QString CodeOf(char32_t character) {
   return QStringLiteral("U+%1").arg(static_cast<uint>(character), 4, 16, QChar('0')).toUpper();
 }
 
+// What a part is about: its outermost blocks.
+QString HeadingOf(std::string_view utf8) {
+  QStringList captions;
+  for (const TextBlock& block : ReadBlocks(utf8)) {
+    if (block.depth == 0) captions += BlockOutline::captionOf(block);
+  }
+  return captions.join(", ");
+}
+
 }  // namespace
 
-OpenText::OpenText(IniTextEdit& text, const Services& services, const FileWriter& files,
+OpenText::OpenText(QObject* owner, IniTextEdit& text, const Services& services, const FileWriter& files,
                    const KeptVersions& versions)
-    : text_(text), services_(services), files_(files), versions_(versions), journal_(versions) {
+    : QObject(owner),
+      text_(text),
+      document_(text),
+      services_(services),
+      files_(files),
+      versions_(versions),
+      journal_(versions) {
   noteTimer_.setSingleShot(true);
   noteTimer_.setInterval(kNoteInterval);
   connect(&noteTimer_, &QTimer::timeout, this, &OpenText::noteUnsaved);
   connect(&journal_, &UnsavedJournal::noted, this, &OpenText::tellNoted);
   connect(&text_, &IniTextEdit::edited, &noteTimer_, [this] {
-    if (!noteTimer_.isActive()) noteTimer_.start();
+    if (document_.isShown() && !noteTimer_.isActive()) noteTimer_.start();
   });
 }
 
@@ -53,22 +69,64 @@ bool OpenText::open(const ManualEditRequest& request) {
   file_ = request.ManualEditFile;
   part_ = request.ManualEditPartial != 0;
   archive_ = request.archive;
+  onlyRead_ = request.onlyRead;
+  heading_ = part_ && request.text ? HeadingOf(*request.text) : QString();
   onDisk_.reset();
   if (!request.text && !part_) onDisk_ = MarkOf(file.bytes());
   look_ = look;
   vanished_ = false;
+  document_.show();
   text_.setReadOnly(false);  // for the new text itself
   const std::string_view bytes = request.text ? std::string_view(*request.text) : file.bytes();
   text_.setUtf8(request.utf8 ? QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()))
                              : Utf8OfFile(bytes));
-  text_.setReadOnly(!archive_.isEmpty());
-  Q_EMIT said(ofFile, {});
+  text_.setReadOnly(isReadOnly());
+  place_ = {};
+  lineTotal_ = 0;
+  say(ofFile, {});
   return true;
 }
 
+bool OpenText::isFor(const ManualEditRequest& request) const {
+  const bool part = request.ManualEditPartial != 0;
+  if (part != part_ || request.archive != archive_) return false;
+  if (request.ManualEditFile.compare(file_, Qt::CaseInsensitive) != 0) return false;
+  return !part || heading_ == HeadingOf(request.text.value_or(std::string()));
+}
+
+void OpenText::tellNotLoaded() {
+  say(ofFile, caption() + " has unsaved text, so it was not loaded again.");
+}
+
+QString OpenText::caption() const {
+  return part_ && !heading_.isEmpty() ? heading_ : fileName();
+}
+
+QString OpenText::whyReadOnly() const {
+  return fileName() + " is none of the game folder's INI files and can only be read here.";
+}
+
+void OpenText::countLines() {
+  lineTotal_ = text_.lineCount();
+}
+
+std::string OpenText::bytes() const {
+  return LegibleBytesOfUtf8(document_.utf8());
+}
+
+void OpenText::say(Notice notice, const QString& sentence) {
+  said_[notice] = sentence;
+  Q_EMIT toldOf(notice);
+}
+
 bool OpenText::save() {
+  document_.show();
   if (!archive_.isEmpty()) {
     tell("This text is in " + ArchiveName(archive_) + "; extract it first.");
+    return false;
+  }
+  if (onlyRead_) {
+    tell(whyReadOnly());
     return false;
   }
   if (part_) {
@@ -80,7 +138,7 @@ bool OpenText::save() {
     refuse(text.refused->character, text.refused->position);
     return false;
   }
-  FileToSave file{file_, text.bytes, text_.utf8(), onDisk_};
+  FileToSave file{file_, text.bytes, document_.utf8(), onDisk_};
   FileSaved result = SaveFile(file, files_, versions_);
   while (goesOn(file, result)) result = SaveFile(file, files_, versions_);
   if (result.stop != FileSaved::Stop::none) return false;
@@ -115,7 +173,7 @@ bool OpenText::saveInstead(const FileSaved& saved, FileToSave& file) {
   file.opened = saved.seen;
   const int answer = ask(fileName() + " was changed by another program since it was opened.",
                          {"Save anyway", "Load the new text", "Cancel"});
-  if (answer == loadNew && letGo()) loadNewText();
+  if (answer == loadNew) loadNewText();
   return answer == saveAnyway;
 }
 
@@ -126,7 +184,7 @@ void OpenText::saved(std::string_view bytes) {
   look_ = LookAt(NativePath(ProgramPath(file_.toStdString()))).value_or(FileLook());
   noteTimer_.stop();
   journal_.discard();
-  Q_EMIT said(ofFile, {});
+  say(ofFile, {});
 }
 
 void OpenText::loadNewText() {
@@ -134,7 +192,13 @@ void OpenText::loadNewText() {
   FileLook look;
   const QString problem = ReadToShow(file_, file, look);
   if (!problem.isEmpty()) return tell(problem + kLineEnd + file_);
-  showAnew(file.bytes(), look);
+  if (letGo()) showAnew(file.bytes(), look);
+}
+
+void OpenText::reload() {
+  const QString question = fileName() + " has unsaved text, which is kept among its former versions.";
+  if (isUnsaved() && ask(question, {"Load the file", "Cancel"}) != 0) return;
+  loadNewText();
 }
 
 void OpenText::showAnew(std::string_view bytes, const FileLook& look) {
@@ -142,20 +206,24 @@ void OpenText::showAnew(std::string_view bytes, const FileLook& look) {
   look_ = look;
   vanished_ = false;
   onDisk_ = MarkOf(bytes);
-  Q_EMIT said(ofFile, other ? fileName() + " was changed by another program and is loaded anew." : QString());
-  if (!other && !text_.isModified()) return;
+  say(ofFile, other ? fileName() + " was changed by another program and is loaded anew." : QString());
+  if (!other && !document_.isModified()) return;
+  document_.show();
+  text_.setReadOnly(false);
   text_.setBytesAgain(bytes);
+  text_.setReadOnly(isReadOnly());
+  countLines();
   Q_EMIT loadedAnew();
 }
 
 void OpenText::lookAgain() {
-  if (!onDisk_ || text_.isModified()) return;
+  if (!onDisk_ || document_.isModified()) return;
   const std::optional<FileLook> look = LookAt(NativePath(ProgramPath(file_.toStdString())));
   if (!look && !vanished_) {
     vanished_ = true;
-    Q_EMIT said(ofFile, fileName() + " is no longer there. Its text is not saved.");
+    say(ofFile, fileName() + " is no longer there. Its text is not saved.");
   }
-  if (!look || (*look == look_ && !vanished_)) return;
+  if (!look || !isShown() || (*look == look_ && !vanished_)) return;
   FileBytes file;
   FileLook stillLook;
   if (ReadToShow(file_, file, stillLook).isEmpty()) showAnew(file.bytes(), stillLook);
@@ -183,7 +251,7 @@ int OpenText::ask(const QString& text, const QStringList& answers) {
   return services_.messages.ask({.text = text, .answers = answers}, text_.window());
 }
 
-std::optional<FilePlace> OpenText::place() const {
+std::optional<FilePlace> OpenText::cursorPlace() const {
   const QString folder = services_.folders.game + '\\';
   if (part_ || !file_.startsWith(folder, Qt::CaseInsensitive)) return std::nullopt;
   const IniTextEdit::Place cursor = text_.placeOf(text_.selection().from);
@@ -191,11 +259,11 @@ std::optional<FilePlace> OpenText::place() const {
 }
 
 bool OpenText::isUnsaved() const {
-  return text_.isModified() || vanished_;
+  return document_.isModified() || vanished_;
 }
 
 UnsavedText OpenText::unsaved() const {
-  return {file_, part_, std::string(text_.utf8())};
+  return {file_, part_, std::string(document_.utf8())};
 }
 
 bool OpenText::letGo() {
@@ -207,6 +275,7 @@ bool OpenText::letGo() {
 }
 
 bool OpenText::mayLose(const QString& reason) {
+  document_.show();
   const bool noted = journal_.note(unsaved()).isEmpty();
   const QString next =
       noted ? kLineEnd + QStringLiteral("The program will try again when it next starts.") : QString();
@@ -243,7 +312,7 @@ void OpenText::noteUnsaved() {
 }
 
 void OpenText::tellNoted(const QString& reason) {
-  Q_EMIT said(ofDraft, reason.isEmpty() ? QString() : "What is typed is not safe from a crash: " + reason);
+  say(ofDraft, reason.isEmpty() ? QString() : "What is typed is not safe from a crash: " + reason);
 }
 
 }  // namespace korvane

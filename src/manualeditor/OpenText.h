@@ -4,11 +4,14 @@
 #include <QObject>
 #include <QTimer>
 
+#include <array>
 #include <optional>
 #include <string_view>
 
+#include "app/ManualEditRequest.h"
 #include "app/Places.h"
 #include "files/StillFile.h"
+#include "manualeditor/TextDocument.h"
 #include "platform/FileSaving.h"
 #include "platform/UnsavedJournal.h"
 
@@ -17,22 +20,30 @@ namespace korvane {
 class FileWriter;
 class IniTextEdit;
 class KeptVersions;
-struct ManualEditRequest;
 struct Services;
 
-// The text in the manual editor and its file: how it comes from the disk and goes back, and that it is not
-// lost in between.
+// One of the texts in the manual editor and its file: how it comes from the disk and goes back, and that it
+// is not lost in between, whichever text is shown.
 class OpenText : public QObject {
   Q_OBJECT
 
  public:
   // Messages belong to the window that holds the text.
-  OpenText(IniTextEdit& text, const Services& services, const FileWriter& files,
+  OpenText(QObject* owner, IniTextEdit& text, const Services& services, const FileWriter& files,
            const KeptVersions& versions);
 
-  // Takes the place of the text, which is first let go. False, after a message or the user's answer, when
-  // that or the opening comes to nothing; nothing is changed then.
+  // Takes the place of the text, which is first let go, and is shown. False, after a message or the user's
+  // answer, when that or the opening comes to nothing; nothing is changed then.
   bool open(const ManualEditRequest& request);
+  // The request is for the file, or the part of it, that this is.
+  bool isFor(const ManualEditRequest& request) const;
+  // It was asked for, and has unsaved text that stays.
+  void tellNotLoaded();
+
+  void show() { document_.show(); }
+  bool isShown() const { return document_.isShown(); }
+  // Where its set-up, or that of its place, is still to go.
+  ManualEditPlace& place() { return place_; }
 
   // The program's path of the file, and whether the text is only a part of it, from the moment the text was
   // handed over.
@@ -40,10 +51,27 @@ class OpenText : public QObject {
   bool isPart() const { return part_; }
   // The archive or further folder that has the file, the program's path; empty for all others.
   const QString& archive() const { return archive_; }
-  // Of the cursor; nothing for a part, and for a file outside of the game folder.
-  std::optional<FilePlace> place() const;
+  // The whole of a file that can be changed.
+  bool isWhole() const { return !part_ && !isReadOnly(); }
+  // It can only be read, see ManualEditRequest.
+  bool isReadOnly() const { return onlyRead_ || !archive_.isEmpty(); }
+  // For a file that is none of the game folder's INI files.
+  QString whyReadOnly() const;
+  // The file's name, or what a part is about.
+  QString caption() const;
+  // How many lines it had when they were last counted.
+  int lineTotal() const { return lineTotal_; }
+  void countLines();
+  // Of the cursor in the shown text; nothing for a part, and for a file outside of the game folder.
+  std::optional<FilePlace> cursorPlace() const;
   // Closing it would lose something.
   bool isUnsaved() const;
+
+  // Shows the file as the disk has it, where the user does not want to keep unsaved text in its place.
+  void reload();
+  // The whole text, unsaved changes included, until its next change; or see LegibleBytesOfUtf8.
+  std::string_view utf8() const { return document_.utf8(); }
+  std::string bytes() const;
 
   // Writes the file. False, after a message or the user's answer, when it is not saved.
   bool save();
@@ -53,21 +81,24 @@ class OpenText : public QObject {
   // The same for a program that ends in any case: nothing is asked. A text that cannot be kept goes to the
   // folder for temporary files and is named on the error stream.
   void keepAtEnd();
-  // Loads a whole file anew that another program changed while nothing was typed. A text whose file is gone
-  // is unsaved from then on.
+  // Loads a whole file anew that another program changed while nothing was typed, once it is shown. A text
+  // whose file is gone is unsaved from then on.
   void lookAgain();
 
-  // What there is to be said of the text, each in a place of its own in the window.
+  // What there is to be said of the text, each in a place of its own in the window; empty when there is
+  // nothing.
   enum Notice { ofFile, ofDraft, ofArchive };
+  const QString& said(Notice notice) const { return said_[notice]; }
 
  Q_SIGNALS:
-  // An empty text takes back what was said.
-  void said(Notice notice, const QString& sentence);
+  // See said().
+  void toldOf(Notice notice);
   void loadedAnew();
 
  private:
   void loadNewText();
   void showAnew(std::string_view bytes, const FileLook& look);
+  void say(Notice notice, const QString& sentence);
   UnsavedText unsaved() const;
   bool mayLose(const QString& reason);
   bool goesOn(FileToSave& file, const FileSaved& saved);
@@ -81,12 +112,18 @@ class OpenText : public QObject {
   int ask(const QString& text, const QStringList& answers);
 
   IniTextEdit& text_;
+  TextDocument document_;
   const Services& services_;
   const FileWriter& files_;
   const KeptVersions& versions_;
   QString file_;
   bool part_ = false;
+  bool onlyRead_ = false;
   QString archive_;
+  QString heading_;  // of a part
+  ManualEditPlace place_;
+  int lineTotal_ = 0;
+  std::array<QString, 3> said_;
   std::optional<BytesMark> onDisk_;  // what the file held when it was last read or written; none of a part
   FileLook look_;
   bool vanished_ = false;

@@ -80,6 +80,13 @@ void TextFinder::forget() {
   Q_EMIT told({}, Outcome::neither);
 }
 
+void TextFinder::lookAtOther() {
+  if (!shown_) return text_.setMarks(TextMark::hit, {});
+  asked_ = false;
+  atEnd_.clear();
+  recount_.start(0);
+}
+
 void TextFinder::count() {
   if (!shown_) return;
   if (text_.utf8().size() > kMostCounted) return tellOfLargeText();

@@ -35,6 +35,8 @@ class TextFinder : public QObject {
   bool find(const QString& sought, const SearchOptions& options, Direction direction, bool wrap);
   // Takes the marks away.
   void forget();
+  // The hits in another text are marked; that it has none is not told.
+  void lookAtOther();
 
  Q_SIGNALS:
   // "3 of 17", "last of 17", "Not found" or what is wrong with the expression; empty after forget().
@@ -50,7 +52,7 @@ class TextFinder : public QObject {
   IniTextEdit& text_;
   std::optional<TextSearch> shown_;  // whose hits are marked
   bool found_ = false;               // the last search was
-  bool asked_ = false;               // no edit since
+  bool asked_ = false;               // no edit since, nor another text
   QString atEnd_;                    // "last" or "first" when there was nothing to go on to
   QTimer recount_;
 };

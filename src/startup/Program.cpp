@@ -293,31 +293,31 @@ bool Program::goToInManualEditor(const QString& file, const ManualEditPlace& pla
 
 bool Program::wholeInManualEditor(const QString& file) {
   FrmManEdit& editor = manualEditor_.get();
-  return editor.shows(file) || editor.open({file});
+  return editor.bytes(file) || editor.open({file});
 }
 
 bool Program::editInManualEditor(const QString& file, const EditPlan& plan) {
   if (!wholeInManualEditor(file)) return false;
-  const bool edited = manualEditor_.get().edit(plan);
+  const bool edited = manualEditor_.get().edit(file, plan);
   Present(manualEditor_.get());
   return edited;
 }
 
 bool Program::rewriteInManualEditor(const QString& file, const TextRewrite& rewrite) {
   if (!wholeInManualEditor(file)) return false;
-  const bool rewritten = manualEditor_.get().rewrite(rewrite);
+  const bool rewritten = manualEditor_.get().rewrite(file, rewrite);
   Present(manualEditor_.get());
   return rewritten;
 }
 
 std::optional<std::string> Program::utf8InManualEditor(const QString& file) const {
   const FrmManEdit* editor = manualEditor_.existing();
-  return editor != nullptr && editor->shows(file) ? std::optional(editor->utf8()) : std::nullopt;
+  return editor == nullptr ? std::nullopt : editor->utf8(file);
 }
 
 std::optional<std::string> Program::textInManualEditor(const QString& file) const {
   const FrmManEdit* editor = manualEditor_.existing();
-  return editor != nullptr && editor->shows(file) ? std::optional(editor->bytes()) : std::nullopt;
+  return editor == nullptr ? std::nullopt : editor->bytes(file);
 }
 
 // The user has to hear it before an edit is made. Reading the names takes a moment, in which no input comes
@@ -378,12 +378,12 @@ QString Program::tellOfName(const NameHere& name) {
 
 bool Program::keepUnsavedTexts() {
   FrmManEdit* editor = manualEditor_.existing();
-  return editor == nullptr || editor->keepUnsavedText();
+  return editor == nullptr || editor->keepUnsavedTexts();
 }
 
-QString Program::fileWithUnsavedText() const {
+bool Program::hasUnsavedText(const QString& file) const {
   const FrmManEdit* editor = manualEditor_.existing();
-  return editor == nullptr ? QString() : editor->unsavedFile();
+  return editor != nullptr && editor->hasUnsaved(file);
 }
 
 QString Program::convertLineEnds(const QString& path) {

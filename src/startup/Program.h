@@ -76,7 +76,7 @@ class Program : public EditorLauncher, public StartupWindows {
   void showAbout() override;
   void CloseBrowse() override;
   bool keepUnsavedTexts() override;
-  QString fileWithUnsavedText() const override;
+  bool hasUnsavedText(const QString& file) const override;
   QString convertLineEnds(const QString& path) override;
 
   FrmEdit& mainWindow() override;

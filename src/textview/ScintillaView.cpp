@@ -13,4 +13,8 @@ qsizetype ScintillaView::sendText(unsigned message, qsizetype first, const char*
   return control_->SendScintilla(message, static_cast<std::uintptr_t>(first), second);
 }
 
+void ScintillaView::sendPointer(unsigned message, void* pointer) const {
+  control_->SendScintilla(message, 0UL, pointer);
+}
+
 }  // namespace korvane

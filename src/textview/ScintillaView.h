@@ -15,6 +15,7 @@ class ScintillaView {
   QsciScintilla& control() const { return *control_; }
   qsizetype send(unsigned message, qsizetype first = 0, qsizetype second = 0) const;
   qsizetype sendText(unsigned message, qsizetype first, const char* second) const;
+  void sendPointer(unsigned message, void* pointer) const;
 
  private:
   QsciScintilla* control_;

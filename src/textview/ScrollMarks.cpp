@@ -48,6 +48,11 @@ void ScrollMarks::setLineCount(int count) {
   update();
 }
 
+void ScrollMarks::clear() {
+  kinds_.clear();
+  update();
+}
+
 void ScrollMarks::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   for (const auto& [number, kind] : kinds_) paintKind(painter, kind);

@@ -19,6 +19,8 @@ class ScrollMarks : public QWidget {
   // The lines of one kind, from 0; each kind has its own colour. No lines take the kind away.
   void setLines(int kind, const QColor& colour, std::vector<int> lines);
   void setLineCount(int count);
+  // Takes all kinds away.
+  void clear();
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -7,9 +7,9 @@
 #include <string>
 
 #include "manualeditor/IniTextEdit.h"
-#include "textview/LineColours.h"
 #include "manualeditor/LineEdits.h"
 #include "manualeditor/LineMarks.h"
+#include "textview/LineColours.h"
 
 namespace korvane {
 namespace {

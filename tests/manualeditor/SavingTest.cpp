@@ -173,7 +173,7 @@ TEST_F(SavingTest, AFileTooLargeToBeShownIsRefusedUnread) {
   EXPECT_TRUE(messages_.shown[0].text.startsWith("The file is too large to be shown: "));
 }
 
-TEST_F(SavingTest, UnsavedTextIsKeptWhenItIsClosedOrReplaced) {
+TEST_F(SavingTest, UnsavedTextsAreKeptWhenTheWindowIsClosed) {
   openFile(kFile);
   type("first");
   openPart("Weapon Gun\r\n");
@@ -228,16 +228,18 @@ TEST_F(SavingTest, ATextThatCannotBeKeptGoesOnlyWhenTheUserSaysSo) {
   }
 }
 
-TEST_F(SavingTest, ATextThatCannotBeKeptStaysWhenAnotherOneIsOpened) {
+TEST_F(SavingTest, ATextThatCannotBeKeptStaysWhenItsTabIsClosed) {
   openFile(kFile);
   type("x");
+  openPart("part");
+  trigger("nextTab");
   const auto inTheWay = blockKeeping();
-  EXPECT_FALSE(window_->open({path_, 1, "part"}));
+  trigger("closeTab");
   EXPECT_EQ(text().fileBytes().bytes, "x" + kFile);
   EXPECT_EQ(panel(5), path_);
-  EXPECT_FALSE(window_->keepUnsavedText());
+  EXPECT_FALSE(window_->keepUnsavedTexts());
   inTheWay->remove();
-  EXPECT_TRUE(window_->keepUnsavedText());
+  EXPECT_TRUE(window_->keepUnsavedTexts());
   EXPECT_EQ(messages_.asked.size(), 2U);
 }
 

@@ -14,7 +14,6 @@
 
 #include "controls/FolderModel.h"
 #include "files/NativePath.h"
-#include "manualeditor/IniTextEdit.h"
 #include "manualeditor/OpenText.h"
 #include "platform/FileText.h"
 #include "setup/GameFolderCheck.h"
@@ -50,9 +49,9 @@ fs::path Game(const fs::path& root) {
 std::string OpenFiles() {
   std::string files;
   for (QWidget* window : QApplication::topLevelWidgets()) {
-    const auto* open = window->findChild<OpenText*>();
-    if (open == nullptr) continue;
-    files += "; in the editor: " + open->file().toStdString() + (open->isPart() ? ", a part of it" : "");
+    for (const OpenText* open : window->findChildren<OpenText*>()) {
+      files += "; in the editor: " + open->file().toStdString() + (open->isPart() ? ", a part of it" : "");
+    }
   }
   return files;
 }
@@ -279,12 +278,11 @@ void Monkey::inspect(const char* what) {
 
 bool Monkey::isSaved(const GameLedger::Change& change) const {
   for (QWidget* window : QApplication::topLevelWidgets()) {
-    const auto* open = window->findChild<OpenText*>();
-    if (window->objectName() != "FrmManEdit" || open == nullptr || open->isPart()) continue;
-    const bool isItsFile =
-        NativePath(ProgramPath(open->file().toStdString())) == ledger_.folder() / change.path;
-    const auto* text = window->findChild<IniTextEdit*>("TxtManEdit");
-    if (isItsFile && text->fileBytes().bytes == *change.after) return true;
+    for (const OpenText* open : window->findChildren<OpenText*>()) {
+      const bool isItsFile =
+          NativePath(ProgramPath(open->file().toStdString())) == ledger_.folder() / change.path;
+      if (isItsFile && open->isWhole() && FileOfUtf8(open->utf8()).bytes == *change.after) return true;
+    }
   }
   return false;
 }

@@ -59,7 +59,7 @@ class FakeLauncher : public EditorLauncher {
     return textsKept;
   }
 
-  QString fileWithUnsavedText() const override { return unsavedFile; }
+  bool hasUnsavedText(const QString& file) const override { return file == unsavedFile; }
   QString convertLineEnds(const QString& path) override {
     calls += "convert " + path;
     return {};
