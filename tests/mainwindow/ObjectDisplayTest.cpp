@@ -227,6 +227,12 @@ TEST_F(ObjectDisplayTest, InputWaitsDuringAReadAndOnlyTheLastStopOfItsKeysIsRead
   EXPECT_EQ(read, QStringList({"240.05", "7"}));
   EXPECT_EQ(panel(1), "Player Units\\Other\\Wall");
   EXPECT_EQ(window->focusWidget(), &tree);
+  const auto clickOnly = [&] {
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualRect(node("Ghost")).center());
+  };
+  yield.onTurn = [&] { WhenInputComesIn(*window, yield, clickOnly); };
+  click("Hut");
+  EXPECT_EQ(tree.currentIndex(), node("Hut")) << "clicks do not wait";
 }
 
 TEST_F(ObjectDisplayTest, ADamagedFilesNamesOfMegabytesAreShownInPart) {
