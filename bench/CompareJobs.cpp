@@ -7,6 +7,8 @@
 #include "BarePass.h"
 #include "ProgramJobs.h"
 #include "catalogue/Catalogue.h"
+#include "compare/AlignedRows.h"
+#include "compare/ComparedTexts.h"
 #include "compare/Comparison.h"
 #include "compare/LineDifference.h"
 #include "files/NativePath.h"
@@ -76,10 +78,25 @@ Job LinesJob(const BenchFolders& folders) {
           .bare = {}};
 }
 
+// What the history of the same file does before it shows anything.
+Job HistoryJob(const BenchFolders& folders) {
+  const auto former = std::make_shared<const std::string>(ReadWhole(folders.objects(kLargestFile)));
+  const auto present = std::make_shared<const std::string>(Changed(*former, LinesBetweenChanges(*former)));
+  return {.name = "history, 5,000 changes side by side",
+          .promise = {.time = 200},
+          .run =
+              [=] {
+                const ComparedTexts texts(*former, *present);
+                if (AlignRows(texts).changes.size() < kChangedLines / 2)
+                  throw std::runtime_error("changes are missing");
+              },
+          .bare = {}};
+}
+
 }  // namespace
 
 Jobs CompareJobs(const RunningProgram& running) {
-  return {SourcesJob(running.folders), LinesJob(running.folders)};
+  return {SourcesJob(running.folders), LinesJob(running.folders), HistoryJob(running.folders)};
 }
 
 }  // namespace korvane

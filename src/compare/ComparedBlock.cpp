@@ -47,7 +47,7 @@ class BlockSink : public StructureSink {
   void keyFound(const KeyLine& key) override {
     // A line outside of all blocks is an item of one key.
     ComparedBlock& block = open_.empty() ? root_ : *open_.back();
-    block.keys.push_back({std::string(key.key.text), Joined(key.words()), key.place.line + lineOffset_});
+    block.keys.push_back({key.key.text, key.value, key.place.line + lineOffset_});
   }
 
   void blockEnds(const BlockHeader& /*block*/, const BlockEnd& /*end*/) override { open_.pop_back(); }
@@ -97,8 +97,26 @@ std::vector<Group<Thing>> GroupsOf(std::span<const Thing> former, std::span<cons
   return groups;
 }
 
+bool SameWords(std::string_view a, std::string_view b) {
+  if (a == b) return true;
+  WordReader wordsOfA(a, 1);
+  WordReader wordsOfB(b, 1);
+  for (;;) {
+    const std::string_view word = wordsOfA.next().text;
+    if (word != wordsOfB.next().text) return false;
+    if (word.empty()) return true;
+  }
+}
+
 bool SaysSame(const Key& a, const Key& b) {
-  return a.value == b.value && EqualFolded(a.key, b.key);
+  return SameWords(a.words, b.words) && EqualFolded(a.key, b.key);
+}
+
+// The same in the same order.
+bool SaysSameInOrder(const ComparedBlock& a, const ComparedBlock& b) {
+  return a.value == b.value && EqualFolded(a.identity, b.identity) &&
+         std::ranges::equal(a.keys, b.keys, SaysSame) &&
+         std::ranges::equal(a.blocks, b.blocks, SaysSameInOrder);
 }
 
 // Without the keys at the front and the end that are the same in both: most of them in most blocks.
@@ -118,7 +136,7 @@ std::pair<std::span<const Key>, std::span<const Key>> WithoutSame(std::span<cons
 // Texts of a block that say the same have the same lines.
 std::string Canonical(const ComparedBlock& block) {
   std::vector<std::string> lines;
-  for (const Key& key : block.keys) lines.push_back(Folded(key.key) + '=' + key.value);
+  for (const Key& key : block.keys) lines.push_back(Folded(key.key) + '=' + key.value());
   for (const ComparedBlock& inner : block.blocks)
     lines.push_back(Folded(inner.identity) + '{' + Canonical(inner) + '}');
   std::ranges::sort(lines);
@@ -128,11 +146,12 @@ std::string Canonical(const ComparedBlock& block) {
 }
 
 std::string FirstKey(const ComparedBlock& block) {
-  return block.keys.empty() ? std::string() : Folded(block.keys.front().key) + '=' + block.keys.front().value;
+  return block.keys.empty() ? std::string()
+                            : Folded(block.keys.front().key) + '=' + block.keys.front().value();
 }
 
 std::string FirstWord(const Key& key) {
-  return key.value.substr(0, key.value.find(' '));
+  return std::string(WordReader(key.words, 1).next().text);
 }
 
 class BlockComparing {
@@ -149,6 +168,7 @@ class BlockComparing {
     const auto [formerKeys, presentKeys] = WithoutSame(former.keys, present.keys);
     for (auto& group : GroupsOf(formerKeys, presentKeys, [](const Key& key) { return key.key; }))
       compareKeys(group, path);
+    if (std::ranges::equal(former.blocks, present.blocks, SaysSameInOrder)) return;
     for (auto& group : GroupsOf(std::span(former.blocks), std::span(present.blocks),
                                 [](const ComparedBlock& block) { return block.identity; }))
       compareGroup(group, path);
@@ -157,24 +177,24 @@ class BlockComparing {
   void compareKeys(Group<Key>& group, const std::string& path) {
     Pairs<Key> pairs;
     PairBy(
-        group.former, group.present, [](const Key& key) { return key.value; }, pairs);
+        group.former, group.present, [](const Key& key) { return key.value(); }, pairs);
     pairs.clear();  // those are equal
     PairBy(group.former, group.present, FirstWord, pairs);
     PairRest(group.former, group.present, pairs);
     for (const auto& [before, now] : pairs) {
-      const std::string& key = (now != nullptr ? now : before)->key;
-      add(path + key, before, now);
+      const std::string_view key = (now != nullptr ? now : before)->key;
+      add(path + std::string(key), before, now);
     }
   }
 
   void add(std::string path, const Key* before, const Key* now) {
     KeyChange change{.key = std::move(path), .former = {}, .present = {}};
     if (before != nullptr) {
-      change.former = before->value;
+      change.former = before->value();
       change.formerLine = before->line;
     }
     if (now != nullptr) {
-      change.present = now->value;
+      change.present = now->value();
       change.presentLine = now->line;
     }
     changes_.push_back(std::move(change));
@@ -218,6 +238,10 @@ class BlockComparing {
 
 }  // namespace
 
+std::string Key::value() const {
+  return Joined(WordReader(words, 1));
+}
+
 ComparedBlock ReadBlock(std::string_view itemText, std::uint32_t firstLine) {
   BlockSink sink(firstLine);
   ReadStructure(itemText, sink);
@@ -231,7 +255,7 @@ std::vector<KeyChange> CompareBlocks(const ComparedBlock& former, const Compared
 std::optional<std::string> ValueOf(const ComparedBlock& block, std::string_view key) {
   const auto found =
       std::ranges::find_if(block.keys, [&](const Key& each) { return EqualFolded(each.key, key); });
-  return found == block.keys.end() ? std::nullopt : std::optional(found->value);
+  return found == block.keys.end() ? std::nullopt : std::optional(found->value());
 }
 
 }  // namespace korvane

@@ -10,12 +10,15 @@
 namespace korvane {
 
 // One block as it is compared: what its keys say, whatever their order, spacing and comments. Texts are the
-// file's bytes.
+// file's bytes; views are parts of the text that was read.
 struct ComparedBlock {
   struct Key {
-    std::string key;         // as it is spelt
-    std::string value;       // its words with one space between them
+    std::string_view key;    // as it is spelt
+    std::string_view words;  // what follows it, as it stands there
     std::uint32_t line = 0;  // from 1
+
+    // The words with one space between them.
+    std::string value() const;
   };
 
   std::string identity;    // tells it from others in the block around: "Behavior ModuleTag_04"
@@ -37,7 +40,7 @@ struct KeyChange {
   bool operator==(const KeyChange&) const = default;
 };
 
-// Reads the text of one item, whose first line has this number.
+// Reads the text of one item, whose first line has this number. The text must stay.
 ComparedBlock ReadBlock(std::string_view itemText, std::uint32_t firstLine);
 
 // Letter case counts in values only. Of keys that occur several times those with the same value belong

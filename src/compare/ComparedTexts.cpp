@@ -51,7 +51,7 @@ class LineSink : public StructureSink {
       if (!words.empty()) title += ' ' + words;
       blocks_.push_back({block.place.line, 0, std::move(title), {}});
     } else {
-      keys_.push_back({std::string(block.keyword.text), std::move(words), block.place.line});
+      keys_.push_back({block.keyword.text, block.words, block.place.line});
     }
   }
   void blockEnds(const BlockHeader& block, const BlockEnd& end) override {
@@ -59,9 +59,7 @@ class LineSink : public StructureSink {
     blocks_.back().lastLine = end.lastLine;
     if (end.closed) blocks_.back().end = kEndMark + blocks_.back().title;
   }
-  void keyFound(const KeyLine& key) override {
-    keys_.push_back({std::string(key.key.text), Joined(key.words()), key.place.line});
-  }
+  void keyFound(const KeyLine& key) override { keys_.push_back({key.key.text, key.value, key.place.line}); }
 
   const std::vector<Block>& blocks() const { return blocks_; }
   // The lines as they are compared: an End belongs to its block, or it would be taken for that of another.

@@ -2,8 +2,13 @@
 #include "compare/Comparison.h"
 
 #include <algorithm>
+#include <array>
+#include <atomic>
 #include <future>
+#include <iterator>
 #include <mutex>
+#include <thread>
+#include <utility>
 
 #include "catalogue/FoldedText.h"
 #include "compare/Pairing.h"
@@ -55,24 +60,43 @@ class SourcesComparing {
                    const std::stop_token& stop)
       : former_(former), present_(present), text_(text), stop_(stop) {}
 
-  // Both lists are sorted: the next item of either begins a group of the same kind and name.
   std::optional<std::vector<ItemChange>> run() {
+    findPairs();
+    std::vector<std::optional<ItemChange>> compared(pairs_.size());
+    std::atomic<std::size_t> next = 0;
+    const auto work = [&] {
+      for (std::size_t i = next++; i < pairs_.size() && !stop_.stop_requested(); i = next++)
+        compared[i] = compare(pairs_[i].first, pairs_[i].second);
+    };
+    std::vector<std::future<void>> helpers;
+    for (unsigned i = 1; i < std::thread::hardware_concurrency(); ++i)
+      helpers.push_back(std::async(std::launch::async, work));
+    work();
+    for (std::future<void>& helper : helpers) helper.get();
+    if (stop_.stop_requested()) return std::nullopt;
+    std::vector<ItemChange> changes;
+    for (std::optional<ItemChange>& each : compared) {
+      if (each) changes.push_back(std::move(*each));
+    }
+    return changes;
+  }
+
+ private:
+  using Place = std::vector<SourceItem>::const_iterator;
+
+  // Both lists are sorted: the next item of either begins a group of the same kind and name.
+  void findPairs() {
     auto before = former_.items.begin();
     auto now = present_.items.begin();
     while (before != former_.items.end() || now != present_.items.end()) {
-      if (stop_.stop_requested()) return std::nullopt;
       const bool isOld =
           now == present_.items.end() || (before != former_.items.end() && BeforeItem(*before, *now));
       const SourceItem& first = isOld ? *before : *now;
       ItemList formerGroup = takeGroup(first, before, former_.items.end());
       ItemList presentGroup = takeGroup(first, now, present_.items.end());
-      compareGroup(formerGroup, presentGroup);
+      pairGroup(formerGroup, presentGroup);
     }
-    return std::move(changes_);
   }
-
- private:
-  using Place = std::vector<SourceItem>::const_iterator;
 
   static ItemList takeGroup(const SourceItem& first, Place& at, Place end) {
     ItemList group;
@@ -80,7 +104,7 @@ class SourcesComparing {
     return group;
   }
 
-  void compareGroup(ItemList& former, ItemList& present) {
+  void pairGroup(ItemList& former, ItemList& present) {
     Pairs<SourceItem> pairs;
     if (former.size() == 1 && present.size() == 1) {
       if (former[0]->text == present[0]->text) return;
@@ -92,10 +116,11 @@ class SourcesComparing {
           former, present, [](const SourceItem& item) { return ComparedPath(item.path); }, pairs);
     }
     PairRest(former, present, pairs);
-    for (const auto& [before, now] : pairs) compare(before, now);
+    std::ranges::move(pairs, std::back_inserter(pairs_));
   }
 
-  void compare(const SourceItem* before, const SourceItem* now) {
+  // Nothing when they say the same.
+  std::optional<ItemChange> compare(const SourceItem* before, const SourceItem* now) const {
     const SourceItem& shown = now != nullptr ? *now : *before;
     ItemChange change;
     change.kind = shown.kind;
@@ -108,16 +133,16 @@ class SourcesComparing {
     const ComparedBlock block = ReadBlock(shown.text, shown.line);
     if (before != nullptr && now != nullptr)
       change.keys = CompareBlocks(ReadBlock(before->text, before->line), block);
-    if (change.state == ItemState::changed && change.keys.empty() && !text_) return;
+    if (change.state == ItemState::changed && change.keys.empty() && !text_) return std::nullopt;
     change.side = ValueOf(block, "Side").value_or("");
-    changes_.push_back(std::move(change));
+    return change;
   }
 
   const SourceItems& former_;
   const SourceItems& present_;
   bool text_;
   const std::stop_token& stop_;
-  std::vector<ItemChange> changes_;
+  Pairs<SourceItem> pairs_;
 };
 
 std::vector<SourceFile> TakeFiles(SourceItems& items) {
