@@ -1,12 +1,47 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "history/DataComparison.h"
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "app/FurtherData.h"
 #include "app/Services.h"
+#include "compare/ExportFormats.h"
+#include "platform/TextEncoding.h"
 
 namespace korvane {
+
+namespace {
+
+constexpr std::string_view kDataFolder = "Data\\INI\\";
+constexpr std::size_t kMostKeys = 5;  // that are told of one object
+
+QString TextOf(const ItemChange& change) {
+  if (change.state == ItemState::added) return "The original has no such object.";
+  QStringList lines("Not as in the original:");
+  for (std::size_t i = 0; i < std::min(change.keys.size(), kMostKeys); ++i)
+    lines += QString::fromStdString(KeyChangeText(change.keys[i]));
+  if (change.keys.empty()) lines += "order, spacing or comments";
+  if (change.keys.size() > kMostKeys) lines += QStringLiteral("%1 more").arg(change.keys.size() - kMostKeys);
+  return lines.join('\n');
+}
+
+}  // namespace
+
+std::vector<ObjectChange> ChangedObjects(const Comparison& comparison) {
+  const GameStructure& structure = GameStructure::get();
+  std::vector<ObjectChange> objects;
+  for (const ItemChange& each : comparison.items) {
+    const bool isObject =
+        each.kind == structure.kind("Object") || each.kind == structure.kind("ObjectReskin");
+    if (!isObject || each.state == ItemState::removed) continue;
+    const std::string& path = comparison.fileOf(each).path;
+    objects.push_back({QString::fromStdString(path.substr(std::min(path.size(), kDataFolder.size()))),
+                       FromBytes(each.name), TextOf(each)});
+  }
+  return objects;
+}
 
 DataComparison::DataComparison(const Services& services) : services_(services) {
   connect(&worker_, &Worker::progress, this, &DataComparison::progress);

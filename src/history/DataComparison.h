@@ -5,7 +5,9 @@
 #include <QString>
 
 #include <memory>
+#include <vector>
 
+#include "app/ObjectChange.h"
 #include "app/Worker.h"
 #include "compare/Comparison.h"
 
@@ -49,5 +51,8 @@ class DataComparison : public QObject {
   ResultPtr result_;
   Worker worker_;
 };
+
+// The objects that the modification adds or changes.
+std::vector<ObjectChange> ChangedObjects(const Comparison& comparison);
 
 }  // namespace korvane

@@ -89,6 +89,28 @@ void FrmEdit::showProblems(const QString& counts, const std::vector<ObjectErrors
   objects_.setErrors(objects);
 }
 
+void FrmEdit::showChanges(const std::optional<std::vector<ObjectChange>>& objects) {
+  objects_.setChanges(objects.value_or(std::vector<ObjectChange>()));
+  QAction& filter = commands_.action("onlyChanged");
+  filter.setEnabled(objects.has_value());
+  if (!objects) filter.setChecked(false);
+  hideUnchanged();
+}
+
+// Where "Only Changed" is ticked; else all is shown.
+void FrmEdit::hideUnchanged() {
+  const bool only = commands_.action("onlyChanged").isChecked();
+  const std::function<void(const QModelIndex&)> hideBelow = [&](const QModelIndex& above) {
+    for (int row = 0; row < objects_.rowCount(above); ++row) {
+      const QModelIndex node = objects_.index(row, 0, above);
+      const bool shown = !only || objects_.hasChanges(node);
+      TVMenu_->setRowHidden(row, above, !shown);
+      if (shown) hideBelow(node);
+    }
+  };
+  hideBelow({});
+}
+
 void FrmEdit::buildLayout() {
   auto* area = new QWidget;
   auto* layout = new QHBoxLayout(area);
@@ -118,6 +140,9 @@ void FrmEdit::buildCommands() {
   commands_.add("readAgain", "&Read Again", "F5", [this] { display_->readAgain(); });
   commands_.add("nextTab", "Next &Tab", "Ctrl+Tab", [this] { stepTab(1); });
   commands_.add("previousTab", "&Previous Tab", "Ctrl+Shift+Tab", [this] { stepTab(-1); });
+  commands_.add("onlyChanged", "Onl&y Changed", {}, [this] { hideUnchanged(); });
+  commands_.action("onlyChanged").setCheckable(true);
+  commands_.action("onlyChanged").setEnabled(false);  // until there is a comparison
   BuildMainMenu(*menuBar(), commands_);
   BuildMainToolBar(*Toolbar1_, commands_, launch_);
   menus_.emplace(*TVMenu_, objects_, *fields_.LstInfo, launch_, commands_);

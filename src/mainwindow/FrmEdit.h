@@ -62,6 +62,9 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   // What the last check of the data has found: how much, and which objects have errors.
   void showProblems(const QString& counts, const std::vector<ObjectErrors>& objects);
 
+  // Which objects the last comparison has found not to be the original's; nothing: there is none.
+  void showChanges(const std::optional<std::vector<ObjectChange>>& objects);
+
   // Selects the object's node and, when it can be shown, loads it as a click does. False when the tree has no
   // such object that can be loaded. `path`: of its file, below the game folder.
   bool showObject(const QString& path, const QString& name);
@@ -100,6 +103,7 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   void connectButtons();
   void stepTab(int by);
   void load();
+  void hideUnchanged();
   void applyTreeFont();
   void nameFileButton();
   void showSettingsTrouble();

@@ -85,6 +85,7 @@ constexpr std::array kMenuBar = {
     MenuRow{1, "checkData"},
     MenuRow{1, "showHistory"},
     MenuRow{1, "compareOriginal"},
+    MenuRow{1, "onlyChanged"},
     kSeparator1,
     MenuRow{1, "goBack"},
     MenuRow{1, "goForward"},

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mainwindow/ObjectTreeModel.h"
 
+#include <algorithm>
+
 #include "controls/ShownText.h"
 #include "ini/IniText.h"
 
@@ -95,11 +97,11 @@ QVariant ObjectTreeModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return shownText(*shown);
     case signsRole:
-      return errorsOf(*shown).isEmpty() ? QStringList() : QStringList("error");
+      return signsOf(*shown);
     case Qt::ToolTipRole:
-      return PlainToolTip(errorsOf(*shown));
+      return PlainToolTip(tipOf(*shown));
     case Qt::AccessibleDescriptionRole:
-      return errorsOf(*shown);
+      return tipOf(*shown);
     default:
       return {};
   }
@@ -108,13 +110,45 @@ QVariant ObjectTreeModel::data(const QModelIndex& index, int role) const {
 void ObjectTreeModel::setErrors(const std::vector<ObjectErrors>& objects) {
   errors_.clear();
   for (const ObjectErrors& object : objects) errors_[KeyOf(object.path, object.name)] = object.texts;
+  tellSigns();
+}
+
+void ObjectTreeModel::setChanges(const std::vector<ObjectChange>& objects) {
+  changes_.clear();
+  for (const ObjectChange& object : objects) changes_[KeyOf(object.path, object.name)] = object.text;
+  tellSigns();
+}
+
+void ObjectTreeModel::tellSigns() {
   if (rowCount() > 0) Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, 0));
 }
 
-QString ObjectTreeModel::errorsOf(const ObjectNode& node) const {
+QString ObjectTreeModel::textOf(const Texts& texts, const ObjectNode& node) {
   const bool isObject = node.kind == NodeKind::object || node.kind == NodeKind::listed;
-  if (!isObject || errors_.isEmpty()) return {};
-  return errors_.value(KeyOf(QString::fromStdString(node.file), FromBytes(node.text)));
+  if (!isObject || texts.isEmpty()) return {};
+  return texts.value(KeyOf(QString::fromStdString(node.file), FromBytes(node.text)));
+}
+
+QStringList ObjectTreeModel::signsOf(const ObjectNode& node) const {
+  QStringList signNames;
+  if (!textOf(errors_, node).isEmpty()) signNames += "error";
+  if (!textOf(changes_, node).isEmpty()) signNames += "changed";
+  return signNames;
+}
+
+QString ObjectTreeModel::tipOf(const ObjectNode& node) const {
+  QStringList texts{textOf(errors_, node), textOf(changes_, node)};
+  texts.removeAll({});
+  return texts.join('\n');
+}
+
+bool ObjectTreeModel::hasChanges(const QModelIndex& index) const {
+  return hasChanges(nodeOrRoot(index));
+}
+
+bool ObjectTreeModel::hasChanges(const ObjectNode& node) const {
+  return !textOf(changes_, node).isEmpty() ||
+         std::ranges::any_of(node.children, [this](const auto& child) { return hasChanges(*child); });
 }
 
 Qt::ItemFlags ObjectTreeModel::flags(const QModelIndex& index) const {

@@ -11,6 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "app/ObjectChange.h"
 #include "app/ObjectErrors.h"
 #include "catalogue/TreeEntry.h"
 
@@ -45,6 +46,10 @@ class ObjectTreeModel : public QAbstractItemModel {
   static constexpr int signsRole = Qt::UserRole;
   // Which objects have errors, in the place of those before.
   void setErrors(const std::vector<ObjectErrors>& objects);
+  // Which objects are not the original's, in the place of those before.
+  void setChanges(const std::vector<ObjectChange>& objects);
+  // The object is not the original's, or a node has one below it.
+  bool hasChanges(const QModelIndex& index) const;
 
   // The node of an index; nothing for the invalid index.
   const ObjectNode* node(const QModelIndex& index) const;
@@ -67,10 +72,16 @@ class ObjectTreeModel : public QAbstractItemModel {
   const ObjectNode& nodeOrRoot(const QModelIndex& index) const;
   QModelIndex indexOf(const ObjectNode& node) const;
 
-  QString errorsOf(const ObjectNode& node) const;
+  using Texts = QHash<QString, QString>;  // by file and name in small letters
+  static QString textOf(const Texts& texts, const ObjectNode& node);
+  QStringList signsOf(const ObjectNode& node) const;
+  QString tipOf(const ObjectNode& node) const;
+  bool hasChanges(const ObjectNode& node) const;
+  void tellSigns();
 
   ObjectNode root_;
-  QHash<QString, QString> errors_;                       // texts, by file and name in small letters
+  Texts errors_;
+  Texts changes_;
   std::unordered_map<std::string, ObjectNode*> groups_;  // by key in small letters: all but objects
 };
 

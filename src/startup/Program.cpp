@@ -135,6 +135,10 @@ FrmEdit& Program::mainWindow() {
       const DataCheck::ResultPtr& result = dataCheck_.result();
       mainWindow_->showProblems(CountsText(*result), result->objects);
     });
+    QObject::connect(&dataComparison_, &DataComparison::resultChanged, mainWindow_.get(), [this] {
+      const DataComparison::ResultPtr& result = dataComparison_.result();
+      mainWindow_->showChanges(result == nullptr ? std::nullopt : std::optional(ChangedObjects(*result)));
+    });
   }
   return *mainWindow_;
 }

@@ -305,5 +305,29 @@ TEST_F(ObjectDisplayTest, AnObjectWithErrorsHasASignAndItsTextStays) {
   EXPECT_TRUE(sign("Jeep").isEmpty());
 }
 
+TEST_F(ObjectDisplayTest, ObjectsThatAreNotTheOriginalsCarryASignAndCanBeSeenAlone) {
+  open();
+  ObjectTreeModel& tree = window->objects();
+  auto& view = get<QTreeView>("TVMenu");
+  auto& filter = get<QAction>("onlyChanged");
+  const QModelIndex jeep = tree.find("Object\\FactionUnit.ini", "Jeep");
+  const QModelIndex hut = tree.find("Object\\FactionUnit.ini", "Hut");
+  const QModelIndex gone = tree.index(1, 0);
+  const auto hidden = [&](const QModelIndex& node) { return view.isRowHidden(node.row(), node.parent()); };
+  EXPECT_FALSE(filter.isEnabled()) << "nothing was compared yet";
+  window->showProblems("1 error, 0 warnings", {{"Object\\FactionUnit.ini", "Jeep", "bad"}});
+  window->showChanges({{{"object\\FACTIONUNIT.ini", "jeep", "BuildCost: 1 to 2"}}});
+  EXPECT_EQ(jeep.data(), "Jeep");
+  EXPECT_EQ(jeep.data(ObjectTreeModel::signsRole).toStringList(), QStringList({"error", "changed"}));
+  EXPECT_EQ(jeep.data(Qt::AccessibleDescriptionRole), "bad\nBuildCost: 1 to 2");
+  EXPECT_EQ(hut.data(ObjectTreeModel::signsRole).toStringList(), QStringList());
+  filter.trigger();
+  EXPECT_FALSE(hidden(jeep));
+  EXPECT_TRUE(hidden(hut));
+  EXPECT_TRUE(hidden(gone)) << "nothing below it has changed";
+  window->showChanges(std::nullopt);
+  EXPECT_FALSE(hidden(hut) || hidden(gone) || filter.isChecked() || filter.isEnabled());
+}
+
 }  // namespace
 }  // namespace korvane
