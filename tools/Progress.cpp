@@ -10,6 +10,7 @@ namespace korvane {
 namespace {
 
 constexpr std::int64_t kWidth = 40;
+constexpr int kAround = 9;  // blanks, brackets and the percentage
 constexpr std::chrono::milliseconds kBefore{300};
 constexpr std::chrono::milliseconds kBetween{80};
 
@@ -38,7 +39,7 @@ void Progress::draw() {
 }
 
 void Progress::clear() {
-  if (drawn_) std::fprintf(stderr, "\r\033[K");
+  if (drawn_) std::fprintf(stderr, "\r%*s\r", static_cast<int>(what_.size() + kWidth) + kAround, "");
   drawn_ = false;
 }
 

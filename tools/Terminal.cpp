@@ -4,7 +4,11 @@
 #include <cstdio>
 
 #ifdef _WIN32
+#define WIN32_LEAN_AND_MEAN
+#include <filesystem>
 #include <io.h>
+#include <shellapi.h>
+#include <windows.h>
 #else
 #include <unistd.h>
 #endif
@@ -30,5 +34,48 @@ bool OutputGoesToTerminal() {
 bool ErrorsGoToTerminal() {
   return GoesToTerminal(stderr);
 }
+
+bool OutputTakesColours() {
+  if (!OutputGoesToTerminal()) return false;
+#ifdef _WIN32
+  const HANDLE console = ::GetStdHandle(STD_OUTPUT_HANDLE);
+  DWORD mode = 0;
+  return ::GetConsoleMode(console, &mode) != 0 &&
+         ::SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+#else
+  return true;
+#endif
+}
+
+#ifdef _WIN32
+
+Utf8Session::Utf8Session(int& argc, char**& argv) {
+  int count = 0;
+  wchar_t** wide = ::CommandLineToArgvW(::GetCommandLineW(), &count);
+  for (int i = 0; wide != nullptr && i < count; ++i) {
+    const std::u8string text = std::filesystem::path(wide[i]).u8string();
+    arguments_.emplace_back(text.begin(), text.end());
+  }
+  ::LocalFree(wide);
+  for (std::string& argument : arguments_) pointers_.push_back(argument.data());
+  pointers_.push_back(nullptr);
+  if (!arguments_.empty()) {
+    argc = count;
+    argv = pointers_.data();
+  }
+  if (OutputGoesToTerminal() || ErrorsGoToTerminal()) codePage_ = ::GetConsoleOutputCP();
+  if (codePage_ != 0) ::SetConsoleOutputCP(CP_UTF8);
+}
+
+Utf8Session::~Utf8Session() {
+  if (codePage_ != 0) ::SetConsoleOutputCP(codePage_);
+}
+
+#else
+
+Utf8Session::Utf8Session(int&, char**&) {}
+Utf8Session::~Utf8Session() = default;
+
+#endif
 
 }  // namespace korvane

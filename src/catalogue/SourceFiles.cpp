@@ -7,6 +7,7 @@
 #include <set>
 
 #include "catalogue/FoldedText.h"
+#include "files/DiskFile.h"
 #include "files/NativePath.h"
 #include "ini/DataFiles.h"
 
@@ -113,7 +114,7 @@ class Lister {
 
   void walk(const fs::path& folder, const std::string& below, int depth) {
     std::error_code error;
-    const fs::path real = fs::canonical(folder, error);
+    const fs::path real = RealPath(folder, error);
     if (error) return skip(ProgramText(folder), "it cannot be read");
     if (depth > kDeepestFolder || !walked_.insert(real).second) {
       return skip(ProgramText(folder), "it leads to a folder that is read already");

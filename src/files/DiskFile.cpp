@@ -122,6 +122,14 @@ std::error_code WhyNotWritable(const fs::path& path) {
   return ErrorUnless(::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0);
 }
 
+std::error_code RenameOver(const fs::path& from, const fs::path& to) {
+  return ErrorUnless(std::rename(from.c_str(), to.c_str()) == 0);
+}
+
+std::error_code GiveSecondName(const fs::path& file, const fs::path& name) {
+  return ErrorUnless(::link(file.c_str(), name.c_str()) == 0);
+}
+
 std::error_code RenameUnlessThere(const fs::path& from, const fs::path& to) {
 #ifdef RENAME_NOREPLACE
   if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return {};
@@ -134,6 +142,18 @@ std::error_code RenameUnlessThere(const fs::path& from, const fs::path& to) {
   constexpr int kNoLinks[] = {EPERM, EOPNOTSUPP, ENOSYS, EINVAL};
   const bool none = std::find(std::begin(kNoLinks), std::end(kNoLinks), errno) != std::end(kNoLinks);
   return none ? std::make_error_code(std::errc::function_not_supported) : ErrorUnless(false);
+}
+
+bool IsHeldElsewhere(const std::error_code&) {
+  return false;
+}
+
+std::string ReasonOf(const std::error_code& error, const fs::path&) {
+  return error.message();
+}
+
+fs::path RealPath(const fs::path& path, std::error_code& error) {
+  return fs::canonical(path, error);
 }
 
 }  // namespace korvane

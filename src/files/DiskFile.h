@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <string>
 #include <string_view>
 #include <system_error>
 
@@ -45,9 +46,15 @@ class DiskFile {
   std::error_code whyNotAt(const std::filesystem::path& path) const;
 
  private:
+#ifdef _WIN32
+  using Handle = std::intptr_t;
+#else
+  using Handle = int;
+#endif
+
   std::error_code openAs(const std::filesystem::path& path, int flags, Access access);
 
-  int handle_ = -1;
+  Handle handle_ = -1;
 };
 
 // Waits until a file's bytes, or a folder's entries, are on the disk.
@@ -56,6 +63,15 @@ std::error_code SyncToDisk(const std::filesystem::path& path);
 // Why this user may not write the file, if so.
 std::error_code WhyNotWritable(const std::filesystem::path& path);
 
+// Gives a file the name of another one, which goes, or a name that is free. Windows then keeps the access
+// list, the streams and the attributes of the old file, and is asked for half a second when somebody holds
+// it.
+std::error_code RenameOver(const std::filesystem::path& from, const std::filesystem::path& to);
+
+// Gives a file a second name (a hard link). An error of function_not_supported where such a name could not
+// be taken away again whenever it has to.
+std::error_code GiveSecondName(const std::filesystem::path& file, const std::filesystem::path& name);
+
 // Gives a file another name in one step that fails where anything has that name already. An error of
 // function_not_supported where the file system has no such step.
 std::error_code RenameUnlessThere(const std::filesystem::path& from, const std::filesystem::path& to);
@@ -63,5 +79,14 @@ std::error_code RenameUnlessThere(const std::filesystem::path& from, const std::
 // Gives a file the owner, group, rights, access list and extended attributes of another one. An error when
 // not all of them could be taken over.
 std::error_code CopyAttributes(const std::filesystem::path& from, const std::filesystem::path& to);
+
+// Whether an error says that another program has the file open and shares it with nobody, as on Windows.
+bool IsHeldElsewhere(const std::error_code& error);
+
+// The error in words; of a file that another program holds, which one, as far as the system tells.
+std::string ReasonOf(const std::error_code& error, const std::filesystem::path& file);
+
+// Where a path really leads: absolute, without links. An error when nothing is there.
+std::filesystem::path RealPath(const std::filesystem::path& path, std::error_code& error);
 
 }  // namespace korvane

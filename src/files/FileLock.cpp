@@ -8,22 +8,13 @@ namespace korvane {
 namespace {
 
 constexpr std::chrono::microseconds kPause(500);
-// Windows lets nobody open a file that somebody holds.
-bool IsInUse(const std::error_code& error) {
-#ifdef _WIN32
-  return error == std::errc::permission_denied;
-#else
-  static_cast<void>(error);
-  return false;
-#endif
-}
 
 }  // namespace
 
 // A holder that goes takes the file along: who waited for that file then holds one that has no name any more.
 void FileLock::tryOnce() {
   std::error_code error = file_.openOrCreate(path_);
-  taken_ = IsInUse(error);
+  taken_ = IsHeldElsewhere(error);
   if (error) return;
   error = file_.lock();
   taken_ = error == std::errc::resource_unavailable_try_again;

@@ -6,17 +6,18 @@
 #include <cstdlib>
 #include <exception>
 
+#ifdef _WIN32
+#define WIN32_LEAN_AND_MEAN
+#include <windows.h>
+#endif
+
 namespace korvane {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-fs::path FromUtf8(std::string_view text) {
-  return fs::path(std::u8string(text.begin(), text.end()));
-}
-
 #ifndef _WIN32
+
+namespace {
 
 bool EqualIgnoringCase(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),
@@ -55,23 +56,48 @@ fs::path MatchEachComponent(fs::path folder, const fs::path& rest) {
   return folder;
 }
 
+}  // namespace
+
 #endif
 
-}  // namespace
+fs::path PathFromUtf8(std::string_view text) {
+  return {std::u8string(text.begin(), text.end())};
+}
 
 #ifdef _WIN32
 
+std::string Utf8FromPath(const fs::path& path) {
+  const std::wstring& wide = path.native();
+  const int size = static_cast<int>(wide.size());
+  const auto convert = [&](char* text, int room) {
+    return ::WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, text, room, nullptr, nullptr);
+  };
+  std::string text(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
+  convert(text.data(), static_cast<int>(text.size()));
+  return text;
+}
+
+// "\\?\C:\x" means "C:\x", and "\\?\UNC\server\share" means "\\server\share".
 fs::path NativePath(const ProgramPath& path) {
-  return FromUtf8(path.text());
+  constexpr std::string_view kLong = R"(\\?\)";
+  constexpr std::string_view kLongShare = R"(\\?\UNC\)";
+  const std::string_view text = path.text();
+  if (text.starts_with(kLongShare))
+    return PathFromUtf8(R"(\\)" + std::string(text.substr(kLongShare.size())));
+  return PathFromUtf8(text.starts_with(kLong) ? text.substr(kLong.size()) : text);
 }
 
 #else
 
+std::string Utf8FromPath(const fs::path& path) {
+  return path.string();
+}
+
 fs::path NativePath(const ProgramPath& path) {
   std::string text = path.text();
   std::replace(text.begin(), text.end(), '\\', '/');
-  if (HasDrive(text)) return MatchEachComponent(WineDrive(text[0]), FromUtf8(text.substr(2)));
-  fs::path exact = FromUtf8(text);
+  if (HasDrive(text)) return MatchEachComponent(WineDrive(text[0]), PathFromUtf8(text.substr(2)));
+  fs::path exact = PathFromUtf8(text);
   std::error_code error;
   if (fs::exists(exact, error)) return exact;
   return MatchEachComponent(exact.is_absolute() ? fs::path("/") : fs::path("."), exact);
@@ -80,8 +106,7 @@ fs::path NativePath(const ProgramPath& path) {
 #endif
 
 std::string ProgramText(const fs::path& native) {
-  const std::u8string text = native.u8string();
-  std::string path(text.begin(), text.end());
+  std::string path = Utf8FromPath(native);
   std::replace(path.begin(), path.end(), '/', '\\');
   return path;
 }

@@ -19,7 +19,7 @@ std::string WhyNotReplaceable(const fs::path& target) {
   if (type == fs::file_type::directory) return std::make_error_code(std::errc::is_a_directory).message();
   if (type != fs::file_type::regular) return "it is not an ordinary file";
   const std::error_code why = WhyNotWritable(target);
-  return why ? why.message() : std::string();
+  return why ? ReasonOf(why, target) : std::string();
 }
 
 std::error_code Overwrite(DiskFile& file, std::string_view bytes) {
@@ -37,7 +37,7 @@ std::string WriteInPlace(const fs::path& target, std::string_view bytes, const K
   DiskFile file;
   std::error_code error = file.open(target);
   if (!error) error = file.reserve(bytes.size());
-  if (error) return error.message();
+  if (error) return ReasonOf(error, target);
   error = Overwrite(file, bytes);
   if (!error) return {};
   const std::error_code damaged = Overwrite(file, old.bytes());

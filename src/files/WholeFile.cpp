@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <random>
 
+#include "files/NativePath.h"
+
 namespace korvane {
 
 namespace fs = std::filesystem;
@@ -15,6 +17,13 @@ constexpr int kMostNames = 100;
 constexpr std::size_t kBuffer = 64 * 1024;
 constexpr std::size_t kDigits = 16;
 constexpr std::size_t kLongestName = 255;  // of a file, in the units of its native text
+#ifdef _WIN32
+constexpr unsigned kUnitMask = 0xFC00;  // native text is UTF-16, where these mark the second half of a pair
+constexpr unsigned kFollowing = 0xDC00;
+#else
+constexpr unsigned kUnitMask = 0xC0;  // native text is UTF-8
+constexpr unsigned kFollowing = 0x80;
+#endif
 constexpr std::string_view kMark = ".korvane-";
 constexpr std::string_view kEnding = ".part";
 constexpr std::string_view kHexDigits = "0123456789abcdef";
@@ -25,7 +34,7 @@ fs::path Shortened(const fs::path& name) {
   fs::path::string_type text = name.native();
   if (text.size() + kAdded <= kLongestName) return name;
   std::size_t size = kLongestName - kAdded;
-  while (size > 0 && (static_cast<unsigned>(text[size]) & 0xC0U) == 0x80U) --size;
+  while (size > 0 && (static_cast<unsigned>(text[size]) & kUnitMask) == kFollowing) --size;
   text.resize(size);
   return text;
 }
@@ -98,15 +107,15 @@ fs::path BehindLinks(fs::path path) {
 }
 
 bool IsPart(const fs::path& name) {
-  return IsNameBeside(name.string(), {});
+  return IsNameBeside(Utf8FromPath(name), {});
 }
 
 void RemoveLeftovers(const fs::path& folder, const fs::path& name) {
-  const std::string of = Shortened(name).string();
+  const std::string of = Utf8FromPath(Shortened(name));
   std::error_code error;
   for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; !error && entry != end;
        entry.increment(error)) {
-    if (IsNameBeside(entry->path().filename().string(), of)) RemoveUnlessHeld(entry->path());
+    if (IsNameBeside(Utf8FromPath(entry->path().filename()), of)) RemoveUnlessHeld(entry->path());
   }
 }
 
@@ -167,7 +176,8 @@ void WholeFile::rewrite(std::uint64_t offset, std::string_view bytes) {
 
 std::string WholeFile::reason() const {
   if (!error_) return {};
-  return (attributesLost_ ? "its owner, rights or attributes cannot be kept: " : "") + error_.message();
+  return (attributesLost_ ? "its owner, rights or attributes cannot be kept: " : "") +
+         ReasonOf(error_, target_);
 }
 
 std::string WholeFile::finish() {
@@ -197,7 +207,7 @@ std::string WholeFile::replace() {
   if (const std::string why = finish(); !why.empty()) return why;
   closeEarly();
   std::error_code error;
-  if (!error_) fs::rename(part_, target_, error);
+  if (!error_) error = RenameOver(part_, target_);
   onlyInPlace_ = IsForbidden(error);
   return place(error);
 }

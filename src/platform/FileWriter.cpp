@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "files/DiskFile.h"
 #include "files/NativePath.h"
 #include "files/WholeFile.h"
 
@@ -55,8 +56,7 @@ QString FileWriter::keepAs(const QString& path, const QString& name) const {
     return ReasonOf(std::make_error_code(std::errc::too_many_links));
   }
   if (error = SyncToDisk(target); error) return ReasonOf(error);
-  fs::create_hard_link(target, NativeOf(name), error);
-  return ReasonOf(error);
+  return ReasonOf(GiveSecondName(target, NativeOf(name)));
 }
 
 }  // namespace korvane

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "files/DiskFile.h"
 #include "files/NativePath.h"
 #include "ini/IniText.h"
 
@@ -61,7 +62,7 @@ std::string Obstacle(const fs::path& folder, std::string_view path) {
   const fs::path native = NativePath(ProgramPath(path));
   std::error_code error;
   if (fs::symlink_status(native, error).type() == fs::file_type::not_found) return {};
-  const fs::path real = fs::canonical(native, error);
+  const fs::path real = RealPath(native, error);
   if (error == std::errc::no_such_file_or_directory) return "a link on its way leads nowhere";
   if (error) return error.message();
   return IsBelow(folder, real) ? "" : "a link on its way leads out of the game folder";
@@ -84,7 +85,9 @@ RestoreTarget TargetOf(std::string_view gameFolder, std::string_view relative) {
   if (!IsSafeRelativePath(relative)) return {{}, "its path is none of a file in the game folder"};
   std::string path(relative);
   try {
-    const fs::path folder = fs::canonical(NativePath(ProgramPath(gameFolder)));
+    std::error_code error;
+    const fs::path folder = RealPath(NativePath(ProgramPath(gameFolder)), error);
+    if (error) return {{}, error.message()};
     std::string target(gameFolder);
     for (const std::string_view piece : Pieces(path)) {
       target.append("\\").append(piece);

@@ -7,6 +7,8 @@
 #include <string>
 #include <utility>
 
+#include "files/DiskFile.h"
+#include "files/NativePath.h"
 #include "stock/BinaryNumbers.h"
 #include "stock/DbfLayout.h"
 #include "stock/MemoFile.h"
@@ -75,13 +77,13 @@ class FormerFile {
     std::error_code error = std::make_error_code(std::errc::file_exists);
     for (int i = 1; i <= kMostNames && error == std::errc::file_exists; ++i) {
       kept_ = WithEnding(path_, (".former" + std::to_string(i)).c_str());
-      fs::create_hard_link(path_, kept_, error);
+      error = GiveSecondName(path_, kept_);
     }
     if (!error) return;
     const fs::path name = std::exchange(kept_, fs::path());
-    if (error == std::errc::no_such_file_or_directory) return;
-    if (fs::copy_file(path_, name, error)) kept_ = name;  // a file system without links
-    if (kept_.empty()) reason_ = error.message();
+    if (error != std::errc::no_such_file_or_directory && fs::copy_file(path_, name, error))
+      kept_ = name;  // a file system without links
+    if (kept_.empty() && error != std::errc::no_such_file_or_directory) reason_ = error.message();
   }
   ~FormerFile() {
     std::error_code ignored;
@@ -100,10 +102,10 @@ class FormerFile {
     if (kept.empty())
       fs::remove(path_, error);
     else
-      fs::rename(kept, path_, error);
+      error = RenameOver(kept, path_);
     if (!error) return {};
-    return "; " + path_.string() + " is already new" +
-           (kept.empty() ? "" : ", its former version is " + kept.string());
+    return "; " + Utf8FromPath(path_) + " is already new" +
+           (kept.empty() ? "" : ", its former version is " + Utf8FromPath(kept));
   }
 
  private:

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
-#include <cstdio>
-
 #include "stock/StockFiles.h"
 #include "support/GameFolder.h"
+#include "support/ToolRun.h"
 
 namespace korvane {
 
@@ -21,12 +20,7 @@ class NamesTool : public testing::Test {
 
   // Runs the tool on the folder; gives its exit code and what it wrote.
   std::pair<int, std::string> run(const std::string& arguments) {
-    const std::string command =
-        "cd " + folder.native("").string() + " && " KORVANE_NAMES " " + arguments + " 2>&1";
-    std::FILE* pipe = popen(command.c_str(), "r");
-    std::string text;
-    for (int c; (c = std::fgetc(pipe)) != EOF;) text += static_cast<char>(c);
-    return {WEXITSTATUS(pclose(pipe)), text};
+    return RunTool(folder.native(""), KORVANE_NAMES, arguments);
   }
 
   GameFolder folder;

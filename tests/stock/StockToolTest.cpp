@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
-#include <cstdio>
-
 #include "ini/DataFiles.h"
 #include "stock/BigArchive.h"
 #include "stock/StockFiles.h"
 #include "support/GameFolder.h"
+#include "support/ToolRun.h"
 
 namespace korvane {
 namespace {
@@ -24,12 +23,7 @@ class StockTool : public testing::Test {
  protected:
   // Runs the tool in the folder; gives its exit code and what it wrote.
   std::pair<int, std::string> run(const std::string& arguments) {
-    const std::string command =
-        "cd " + folder.native("").string() + " && " KORVANE_STOCK " " + arguments + " 2>&1";
-    std::FILE* pipe = popen(command.c_str(), "r");
-    std::string text;
-    for (int c; (c = std::fgetc(pipe)) != EOF;) text += static_cast<char>(c);
-    return {WEXITSTATUS(pclose(pipe)), text};
+    return RunTool(folder.native(""), KORVANE_STOCK, arguments);
   }
 
   GameFolder folder;

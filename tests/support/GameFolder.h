@@ -30,7 +30,9 @@ class GameFolder {
     return Text::fromStdString(path());
   }
 
-  std::filesystem::path native(std::string_view relative) const { return folder_.path() / relative; }
+  std::filesystem::path native(std::string_view relative) const {
+    return folder_.path() / std::u8string(relative.begin(), relative.end());
+  }
 
   // Writes the bytes as they are; `relative` with slashes, below the game folder.
   void write(std::string_view relative, std::string_view bytes) const {

@@ -96,6 +96,7 @@ void ListCodes() {
 ReadArguments ReadCommandLine(int argc, char** argv) {
   CLI::App app(kAbout, "korvane-check");
   app.footer(kExitCodes);
+  app.allow_windows_style_options(false);  // a path may begin with a slash
   ReadArguments read;
   Written written;
   AddOptions(app, read.arguments, written);

@@ -27,7 +27,7 @@ namespace fs = std::filesystem;
 
 // A path as the user wrote it, as the program's.
 std::string PathOf(const std::string& written) {
-  return ProgramText(fs::path(written));
+  return ProgramText(PathFromUtf8(written));
 }
 
 bool IsArchive(const std::string& path) {
@@ -64,7 +64,7 @@ std::string ReadBaseline(const std::string& written) {
 }
 
 void WriteBaseline(const Arguments& arguments, const Findings& findings) {
-  WholeFile file(fs::path(arguments.baseline));
+  WholeFile file(PathFromUtf8(arguments.baseline));
   file.write(BaselineText(findings));
   if (const std::string reason = file.replace(); !reason.empty())
     throw std::runtime_error(arguments.baseline + ": " + reason);
@@ -74,7 +74,7 @@ void WriteBaseline(const Arguments& arguments, const Findings& findings) {
 
 // What stands before a file's path where paths are read from the folder that we are in.
 std::string PrefixOf(const std::string& game) {
-  const fs::path path = fs::path(game).lexically_normal();
+  const fs::path path = PathFromUtf8(game).lexically_normal();
   if (path.is_absolute() || path.has_root_name() || path == "." || *path.begin() == "..") return "";
   const std::u8string text = path.generic_u8string();
   const std::string prefix(text.begin(), text.end());
@@ -83,7 +83,7 @@ std::string PrefixOf(const std::string& game) {
 
 bool SaySkipped(const Catalogue& catalogue) {
   for (const SkippedFile& skipped : catalogue.skipped())
-    std::cerr << "korvane-check: " << NativePath(ProgramPath(skipped.path)).string() << ": not read, for "
+    std::cerr << "korvane-check: " << Utf8FromPath(NativePath(ProgramPath(skipped.path))) << ": not read, for "
               << skipped.reason << '\n';
   return !catalogue.skipped().empty();
 }
@@ -112,7 +112,7 @@ void Show(const Findings& findings, const Checker& checker, const Arguments& arg
                    {.files = checker.files().size(),
                     .prefix = PrefixOf(arguments.game),
                     .terminal = terminal,
-                    .colours = terminal && (noColour == nullptr || *noColour == '\0'),
+                    .colours = (noColour == nullptr || *noColour == '\0') && OutputTakesColours(),
                     .lineOf = lineOf});
 }
 
@@ -136,6 +136,7 @@ int Check(const Arguments& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  const Utf8Session session(argc, argv);
   try {
     const ReadArguments read = ReadCommandLine(argc, argv);
     return read.done ? read.exitCode : Check(read.arguments);

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <CLI/CLI.hpp>
 #include <exception>
-#include <filesystem>
 #include <functional>
 #include <iostream>
 
 #include "Answers.h"
 #include "Printable.h"
+#include "Terminal.h"
 #include "files/NativePath.h"
 
 namespace {
@@ -24,7 +24,7 @@ constexpr const char* kExitCodes =
 struct Options {
   std::string format = "text";
   std::string kind;
-  std::filesystem::path game;
+  std::string game;
   std::string name;
 };
 
@@ -59,6 +59,7 @@ std::string WhyNoKind(const std::string& kind) {
 
 void AddOptions(CLI::App& app, Options& options) {
   app.footer(kExitCodes);
+  app.allow_windows_style_options(false);  // a path may begin with a slash
   app.fallthrough();
   app.require_subcommand(1);
   app.add_option("--format", options.format,
@@ -84,10 +85,10 @@ void TellSkipped(const Catalogue& catalogue) {
 }
 
 int Answer(const Options& options, const Command& answer) {
-  const CataloguePtr catalogue = ReadCatalogue({ProgramText(options.game)});
+  const CataloguePtr catalogue = ReadCatalogue({ProgramText(PathFromUtf8(options.game))});
   TellSkipped(*catalogue);
   if (catalogue->files().empty()) {
-    std::cerr << "korvane-names: " << options.game.string() << ": no INI files below Data/INI\n";
+    std::cerr << "korvane-names: " << options.game << ": no INI files below Data/INI\n";
     return failed;
   }
   AnswerWriter writer(std::cout, options.format == "json" ? AnswerFormat::json : AnswerFormat::text);
@@ -116,6 +117,7 @@ int Run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  const Utf8Session session(argc, argv);
   try {
     return Run(argc, argv);
   } catch (const std::exception& error) {

@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "Commands.h"
+#include "Terminal.h"
 
 namespace {
 
@@ -53,6 +54,7 @@ CLI::App* AddReading(CLI::App& app, const char* name, const char* about, std::st
 int Run(int argc, char** argv) {
   CLI::App app(kAbout, "korvane-stock");
   app.footer(kExitCodes);
+  app.allow_windows_style_options(false);  // a path may begin with a slash
   app.require_subcommand(1);
   PackOptions packing;
   ExtractOptions extracting;
@@ -79,6 +81,7 @@ int Run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  const Utf8Session session(argc, argv);
   try {
     return Run(argc, argv);
   } catch (const std::exception& error) {
