@@ -17,6 +17,7 @@ memcheck valgrind
 fuzz    clang libclang-rt-14-dev
 format  clang-format git
 lint    clang clang-format clang-tidy shellcheck desktop-file-utils appstream git
+windows g++-mingw-w64-x86-64-posix wine wine64 googletest
 '
 
 say() { printf '%s\n' "-- $*"; }

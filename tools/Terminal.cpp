@@ -4,11 +4,15 @@
 #include <cstdio>
 
 #ifdef _WIN32
-#define WIN32_LEAN_AND_MEAN
 #include <filesystem>
 #include <io.h>
-#include <shellapi.h>
+
+// The second needs the first.
+// clang-format off
+#define WIN32_LEAN_AND_MEAN
 #include <windows.h>
+#include <shellapi.h>
+// clang-format on
 #else
 #include <unistd.h>
 #endif

@@ -1,6 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Builds for 64-bit Windows with Debian's GCC for MinGW; the programs need no libraries but Windows' own. Qt and
-# QScintilla for Windows are where KORVANE_WINDOWS_LIBRARIES says (scripts/windows builds them).
+# Builds for 64-bit Windows with Debian's GCC for MinGW; the programs need no libraries but Windows' own.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
@@ -8,12 +7,11 @@ set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
 
-set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32 ${KORVANE_WINDOWS_LIBRARIES})
+set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
-list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES KORVANE_WINDOWS_LIBRARIES)
 
 # What needs no building for a system of its own is this machine's. Its headers are copied: /usr/include itself
 # would bring those of another system.
@@ -27,7 +25,7 @@ if(NOT korvane_trying)
     endif()
   endforeach()
   list(APPEND CMAKE_FIND_ROOT_PATH ${korvane_plain})
-  list(APPEND CMAKE_PREFIX_PATH ${korvane_plain} ${KORVANE_WINDOWS_LIBRARIES})
+  list(APPEND CMAKE_PREFIX_PATH ${korvane_plain})
   list(APPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR})  # finds GoogleTest
 endif()
 

@@ -9,10 +9,11 @@
 #include <utility>
 #include <vector>
 
-// clang-format off: the second needs the first
+// The second needs the first.
+// clang-format off
 #define WIN32_LEAN_AND_MEAN
-#include <restartmanager.h>
 #include <windows.h>
+#include <restartmanager.h>
 // clang-format on
 
 #include "files/DiskFile.h"
@@ -25,7 +26,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-using Handle = std::unique_ptr<void, decltype(&::CloseHandle)>;
+using OpenHandle = std::unique_ptr<void, decltype(&::CloseHandle)>;
 
 constexpr std::size_t kMostAtOnce = std::size_t{1} << 30;
 constexpr std::chrono::milliseconds kPatience(500);  // virus scanners and previews hold files that long
@@ -50,10 +51,18 @@ HANDLE HandleOf(std::intptr_t handle) {
 }
 
 // A file or folder, opened only to be asked about; null with the system's last error.
-Handle OpenToAsk(const fs::path& path, DWORD flags = 0) {
+OpenHandle OpenToAsk(const fs::path& path, DWORD flags = 0) {
   const HANDLE handle = ::CreateFileW(path.c_str(), 0, kShareAll, nullptr, OPEN_EXISTING,
                                       FILE_FLAG_BACKUP_SEMANTICS | flags, nullptr);
   return {handle == INVALID_HANDLE_VALUE ? nullptr : handle, &::CloseHandle};
+}
+
+std::error_code WhyNotOpen(const fs::path& path, DWORD access) {
+  const HANDLE handle = ::CreateFileW(path.c_str(), access, kShareAll, nullptr, OPEN_EXISTING,
+                                      FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) return ErrorOf(::GetLastError());
+  ::CloseHandle(handle);
+  return {};
 }
 
 // Tries for a moment when somebody else holds the file.
@@ -159,7 +168,7 @@ std::error_code DiskFile::sync() {
 }
 
 std::error_code DiskFile::close() {
-  const Handle::pointer handle = HandleOf(std::exchange(handle_, -1));
+  const HANDLE handle = HandleOf(std::exchange(handle_, -1));
   return handle == INVALID_HANDLE_VALUE ? std::error_code() : ErrorUnless(::CloseHandle(handle));
 }
 
@@ -168,7 +177,7 @@ std::error_code DiskFile::lock() {
 }
 
 std::error_code DiskFile::whyNotAt(const fs::path& path) const {
-  const Handle file = OpenToAsk(path, FILE_FLAG_OPEN_REPARSE_POINT);
+  const OpenHandle file = OpenToAsk(path, FILE_FLAG_OPEN_REPARSE_POINT);
   BY_HANDLE_FILE_INFORMATION here{};
   BY_HANDLE_FILE_INFORMATION there{};
   if (!file || ::GetFileInformationByHandle(HandleOf(handle_), &here) == 0 ||
@@ -181,7 +190,7 @@ std::error_code DiskFile::whyNotAt(const fs::path& path) const {
 }
 
 std::optional<FileLook> LookAt(const fs::path& path) {
-  const Handle file = OpenToAsk(path);
+  const OpenHandle file = OpenToAsk(path);
   BY_HANDLE_FILE_INFORMATION found{};
   FILE_BASIC_INFO times{};
   if (!file || ::GetFileInformationByHandle(file.get(), &found) == 0) return std::nullopt;
@@ -203,21 +212,17 @@ std::error_code SyncToDisk(const fs::path& path) {
 }
 
 std::error_code WhyNotWritable(const fs::path& path) {
-  return WithPatience([&path] {
-    const HANDLE handle = ::CreateFileW(path.c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
-                                        FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) return ErrorOf(::GetLastError());
-    ::CloseHandle(handle);
-    return std::error_code();
-  });
+  return WithPatience([&path] { return WhyNotOpen(path, GENERIC_WRITE); });
 }
 
+// A replacing that fails can leave a file of the system's beside it: it is only begun where nobody is in the
+// way.
 std::error_code RenameOver(const fs::path& from, const fs::path& to) {
   return WithPatience([&] {
-    if (::ReplaceFileW(to.c_str(), from.c_str(), nullptr, 0, nullptr, nullptr) != 0) return std::error_code();
-    const DWORD code = ::GetLastError();
-    if (code != ERROR_FILE_NOT_FOUND) return ErrorOf(code);
-    return RenameUnlessThere(from, to);
+    const std::error_code error = WhyNotOpen(to, DELETE);
+    if (error == std::errc::no_such_file_or_directory) return RenameUnlessThere(from, to);
+    if (error) return error;
+    return ErrorUnless(::ReplaceFileW(to.c_str(), from.c_str(), nullptr, 0, nullptr, nullptr));
   });
 }
 
@@ -250,7 +255,7 @@ std::string ReasonOf(const std::error_code& error, const fs::path& file) {
 
 // The standard library makes "\\server\share" a folder of the drive, and follows no junctions.
 fs::path RealPath(const fs::path& path, std::error_code& error) {
-  const Handle file = OpenToAsk(path);
+  const OpenHandle file = OpenToAsk(path);
   std::wstring real(32768, L'\0');
   const DWORD length =
       file ? ::GetFinalPathNameByHandleW(file.get(), real.data(), static_cast<DWORD>(real.size()), 0) : 0;

@@ -222,19 +222,25 @@ TEST(Catalogue, SkipsAndListsWhatIsNoText) {
   folder.write("Data/INI/Zero.ini", std::string_view("Weapon A\0\r\nEnd", 14));
   folder.write("Data/INI/Long.ini", "Weapon A\r\nEnd\r\n" + std::string((1 << 20) + 10, 'x'));
   folder.write("Data/INI/NotLong.ini", "Weapon B\r\nEnd\r\n;" + std::string(1 << 20, 'x').substr(2) + "\r\n");
+  std::string links;
+#ifndef _WIN32  // the standard library makes none there
   fs::create_directory_symlink(folder.native("Data/INI"), folder.native("Data/INI/Loop"));
   fs::create_symlink("nowhere", folder.native("Data/INI/Gone.ini"));
   fs::create_symlink("Round.ini", folder.native("Data/INI/Round.ini"));
+  links =
+      "Gone.ini: it is no ordinary file\n"
+      "Loop: it leads to a folder that is read already\n"
+      "Round.ini: it is no ordinary file\n";
+#endif
   fs::create_directory(folder.native("Data/INI/Folder.ini"));
   const CataloguePtr catalogue = ReadCatalogue({folder.path()});
   EXPECT_EQ(catalogue->files().size(), 2U);
-  EXPECT_EQ(Skipped(catalogue),
-            "Gone.ini: it is no ordinary file\n"
-            "Loop: it leads to a folder that is read already\n"
-            "Round.ini: it is no ordinary file\n"
-            "Long.ini: it has a line of more than 1 MB\n"
-            "Zero.ini: it is no text\n");
+  EXPECT_EQ(Skipped(catalogue), links +
+                                    "Long.ini: it has a line of more than 1 MB\n"
+                                    "Zero.ini: it is no text\n");
 }
+
+#ifndef _WIN32  // both would be one file
 
 TEST(Catalogue, ASecondFileInOtherLetterCaseIsListed) {
   const GameFolder folder;
@@ -245,6 +251,8 @@ TEST(Catalogue, ASecondFileInOtherLetterCaseIsListed) {
   EXPECT_EQ(Definitions(catalogue, "Second"), "");
   EXPECT_EQ(Skipped(catalogue), "Weapon.ini: another file has this path in other letter case\n");
 }
+
+#endif
 
 TEST(Catalogue, UnreadableFilesAndMissingFoldersAreNoEnd) {
   const GameFolder folder;

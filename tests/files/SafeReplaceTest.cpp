@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <cstdlib>
+#include <fstream>
 #include <iostream>
 #include <random>
 #include <string>
@@ -139,7 +141,37 @@ TEST_F(SafeReplaceTest, ALockIsHeldByOneAndGoneWithItsHolder) {
   EXPECT_FALSE(FileLock().take(pathOf("missing/lock"), std::chrono::hours(1)));
 }
 
-#ifndef _WIN32
+#ifdef _WIN32
+
+// A stream lets others write, but not remove or replace the file.
+TEST_F(SafeReplaceTest, AFileThatIsHeldOpenIsWaitedForAndThenWrittenInPlace) {
+  folder_.write("a.ini", "old");
+  std::ifstream holder(pathOf("a.ini"));
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_NE(SafeReplace(pathOf("a.ini"), "new").find("another program holds it open"), std::string::npos);
+  EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(400));
+  EXPECT_EQ(folder_.read("a.ini"), "old");
+  std::thread patient([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(150));
+    holder.close();
+  });
+  EXPECT_EQ(SafeReplace(pathOf("a.ini"), "new"), "") << "it was let go in time";
+  patient.join();
+  holder.open(pathOf("a.ini"));
+  EXPECT_EQ(SafeReplace(pathOf("a.ini"), "newer", [](ReplaceWay) { return ""; }), "");
+  EXPECT_EQ(folder_.read("a.ini"), "newer");
+  EXPECT_EQ(entries(), 2) << "nothing is left beside it";
+}
+
+TEST_F(SafeReplaceTest, AReadOnlyFileIsRefused) {
+  folder_.write("a.ini", "old");
+  fs::permissions(pathOf("a.ini"), fs::perms(0444));
+  EXPECT_NE(SafeReplace(pathOf("a.ini"), "new"), "");
+  EXPECT_EQ(folder_.read("a.ini"), "old");
+  fs::permissions(pathOf("a.ini"), fs::perms(0666));
+}
+
+#else
 
 // Who waited for the file of a holder that has gone must not hold it: its name is another file by now.
 TEST_F(SafeReplaceTest, NoTwoHoldALockThatChangesHandsAllTheTime) {

@@ -53,6 +53,15 @@ TEST_F(StockTool, MakesADatabaseFromTheGamesArchives) {
   EXPECT_NE(folder.read("out/Data/INI/Weapon.ini"), "mine");
 }
 
+TEST_F(StockTool, TakesNamesInAnyScript) {
+  const std::string name = "spi\xc3\xa4l \xe6\x97\xa5";
+  folder.write(name + "/Data/INI/Weapon.ini", "text");
+  EXPECT_EQ(run("pack --partial -o \"" + name + "/new\" \"" + name + '"').first, 0);
+  EXPECT_EQ(run("extract \"" + name + "/new/Data.DBF\" \"" + name + "/out\"").first, 0);
+  EXPECT_EQ(folder.read(name + "/out/Data/INI/Weapon.ini"), "text");
+  EXPECT_NE(run("list \"" + name + "/none\"").second.find(name), std::string::npos);
+}
+
 TEST_F(StockTool, TellsWhatItCannotDo) {
   folder.write("game/Data/INI/Weapon.ini", "text");
   folder.write("hostile.big", ArchiveBytes({{"Data\\INI\\..\\..\\..\\escaped.ini", "x"},
