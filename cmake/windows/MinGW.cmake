@@ -24,6 +24,7 @@ if(NOT korvane_trying)
       file(COPY /usr/${korvane_folder} DESTINATION ${korvane_plain}/${korvane_parent})
     endif()
   endforeach()
+  set(CMAKE_CXX_FLAGS_INIT "-isystem ${korvane_plain}/include")
   list(APPEND CMAKE_FIND_ROOT_PATH ${korvane_plain})
   list(APPEND CMAKE_PREFIX_PATH ${korvane_plain})
   list(APPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR})  # finds GoogleTest

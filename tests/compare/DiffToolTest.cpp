@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
-#include <cstdio>
-
 #include "support/GameFolder.h"
+#include "support/ToolRun.h"
 
 namespace korvane {
 namespace {
@@ -22,12 +21,7 @@ class DiffTool : public testing::Test {
 
   // Runs the tool in the folder; gives its exit code and what it wrote.
   std::pair<int, std::string> run(const std::string& arguments) {
-    const std::string command =
-        "cd '" + folder.native("").string() + "' && '" KORVANE_DIFF "' " + arguments + " 2>&1";
-    std::FILE* pipe = popen(command.c_str(), "r");
-    std::string text;
-    for (int c; (c = std::fgetc(pipe)) != EOF;) text += static_cast<char>(c);
-    return {WEXITSTATUS(pclose(pipe)), text};
+    return RunTool(folder.native(""), KORVANE_DIFF, arguments);
   }
 
   GameFolder folder;

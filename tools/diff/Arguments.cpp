@@ -36,6 +36,7 @@ std::vector<std::string> FormatNames() {
 
 void AddOptions(CLI::App& app, Arguments& arguments, Written& written) {
   app.footer(kExitCodes);
+  app.allow_windows_style_options(false);  // a path may begin with a slash
   app.add_option("--format", written.format, "How differences are written")
       ->check(CLI::IsMember(FormatNames()))
       ->type_name("FORMAT")

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <filesystem>
-
 #include "compare/ExportFormats.h"
 
 namespace korvane {
@@ -11,8 +9,8 @@ enum DiffExitCode { kSame = 0, kDiffers = 1, kCouldNotCompare = 2 };
 
 // What the user asked for.
 struct Arguments {
-  std::filesystem::path original;
-  std::filesystem::path modification;
+  std::string original;
+  std::string modification;
   void (*write)(std::ostream& out, const Comparison& comparison) = nullptr;
   std::vector<KindId> kinds;
   bool text = false;

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "Printable.h"
+#include "Terminal.h"
 #include "diff/Arguments.h"
 #include "files/NativePath.h"
 
@@ -11,16 +12,16 @@ namespace {
 
 using namespace korvane;
 
-DataSource SourceAt(const std::filesystem::path& written) {
-  std::string path = ProgramText(written);
+DataSource SourceAt(const std::string& written) {
+  std::string path = ProgramText(PathFromUtf8(written));
   if (const std::string why = WhyNoDataSource(path); !why.empty())
-    throw std::runtime_error(written.string() + ": " + why);
+    throw std::runtime_error(written + ": " + why);
   return {{std::move(path)}};
 }
 
 void SaySkipped(const Comparison& comparison) {
   for (const SkippedFile& skipped : comparison.skipped)
-    std::cerr << "korvane-diff: " << Printable(NativePath(ProgramPath(skipped.path)).string())
+    std::cerr << "korvane-diff: " << Printable(Utf8FromPath(NativePath(ProgramPath(skipped.path))))
               << ": not compared, for " << skipped.reason << '\n';
 }
 
@@ -38,6 +39,7 @@ int Compare(const Arguments& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  const Utf8Session session(argc, argv);
   try {
     const ReadArguments read = ReadCommandLine(argc, argv);
     return read.done ? read.exitCode : Compare(read.arguments);
