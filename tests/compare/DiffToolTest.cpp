@@ -58,7 +58,7 @@ constexpr FormatCase kCases[] = {
      "# Changes\n\n1 item added, 1 removed, 1 changed.\n\n## America\n\n### Object\n\n"
      "- **Tank**\n  - BuildCost: 900 → 800\n\n## GLA\n\n### Object\n\n- **Jeep**: removed\n\n"
      "## General\n\n### Weapon\n\n- **ä\\_\\<b\\>,**: added\n\n"},
-    {"--format html --kind Weapon old new | tail -n 8", 0,
+    {"--format html --kind Weapon old new", 1,
      "<h2>General</h2>\n<h3>Weapon</h3>\n<ul>\n<li><strong>ä_&lt;b&gt;,</strong>: added</li>\n</ul>\n"
      "</body>\n</html>\n"},
     {"old old", 0, ""},
