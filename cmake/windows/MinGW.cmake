@@ -1,17 +1,17 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Builds for 64-bit Windows with Debian's GCC for MinGW; the programs need no libraries but Windows' own.
-set(CMAKE_SYSTEM_NAME Windows)
-set(CMAKE_SYSTEM_PROCESSOR x86_64)
-set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
-set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
-set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
-set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
+include(${CMAKE_CURRENT_LIST_DIR}/Compiler.cmake)
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -Wl,--no-insert-timestamp")
 
-set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
-set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
-set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+# Only the windows need these.
+set(KORVANE_WINDOWS_PREFIX "" CACHE PATH "Where Qt and QScintilla for Windows are")
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES KORVANE_WINDOWS_PREFIX)
+if(KORVANE_WINDOWS_PREFIX)
+  list(APPEND CMAKE_FIND_ROOT_PATH ${KORVANE_WINDOWS_PREFIX})
+  list(APPEND CMAKE_PREFIX_PATH ${KORVANE_WINDOWS_PREFIX})
+  set(QT_HOST_PATH /usr CACHE PATH "")
+  set(QT_HOST_PATH_CMAKE_DIR /usr/lib/x86_64-linux-gnu/cmake CACHE PATH "")
+endif()
 
 # What needs no building for a system of its own is this machine's. Its headers are copied: /usr/include itself
 # would bring those of another system.
@@ -24,7 +24,9 @@ if(NOT korvane_trying)
       file(COPY /usr/${korvane_folder} DESTINATION ${korvane_plain}/${korvane_parent})
     endif()
   endforeach()
-  set(CMAKE_CXX_FLAGS_INIT "-isystem ${korvane_plain}/include")
+  # No path of this machine gets into the programs.
+  set(CMAKE_CXX_FLAGS_INIT
+    "-isystem ${korvane_plain}/include -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -ffile-prefix-map=${CMAKE_BINARY_DIR}=.")
   list(APPEND CMAKE_FIND_ROOT_PATH ${korvane_plain})
   list(APPEND CMAKE_PREFIX_PATH ${korvane_plain})
   list(APPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR})  # finds GoogleTest

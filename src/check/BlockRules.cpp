@@ -97,7 +97,8 @@ bool SameWords(Words a, Words b) {
 }
 
 std::string OuterText(const OuterBlock& block) {
-  return Shown(block.keyword.text) + (block.name.text.empty() ? "" : " " + Shown(block.name.text));
+  const std::string keyword = Shown(block.keyword.text);
+  return block.name.text.empty() ? keyword : keyword + ' ' + Shown(block.name.text);
 }
 
 std::string KeyInBlock(const FileCheck& check, const KeyLine& key) {

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/Icons.h"
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
 #include <QPixmapCache>
-#include <QSvgRenderer>
+
+#include "controls/Drawing.h"
 
 // The resources of a static library are only there when they are asked for, outside any namespace.
 static void InitIconResources() {
@@ -25,17 +25,14 @@ QColor LineColour(QIcon::Mode mode) {
   return palette.color(mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::WindowText);
 }
 
-// Lines of the drawings have the colour "currentColor"; only accents bring a colour of their own.
 class ThemeIconEngine : public QIconEngine {
  public:
-  ThemeIconEngine(QString name, QByteArray drawing) : name_(std::move(name)), drawing_(std::move(drawing)) {}
+  ThemeIconEngine(QString name, Drawing drawing) : name_(std::move(name)), drawing_(std::move(drawing)) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-    QSvgRenderer renderer(QByteArray(drawing_).replace("currentColor", LineColour(mode).name().toLatin1()));
-    renderer.setAspectRatioMode(Qt::KeepAspectRatio);
     painter->save();
     if (mode == QIcon::Disabled) painter->setOpacity(painter->opacity() * kDisabledOpacity);
-    renderer.render(painter, rect);
+    drawing_.paint(*painter, rect, LineColour(mode));
     painter->restore();
   }
 
@@ -63,23 +60,23 @@ class ThemeIconEngine : public QIconEngine {
   }
 
   QString name_;  // of the drawing
-  QByteArray drawing_;
+  Drawing drawing_;
 };
 
-QIcon IconOf(const QString& resource) {
+QIcon IconOf(const QString& name) {
   InitIconResources();
-  QFile file(resource);
-  return file.open(QIODevice::ReadOnly) ? QIcon(new ThemeIconEngine(resource, file.readAll())) : QIcon();
+  const std::optional<Drawing> drawing = Drawing::find(name);
+  return drawing ? QIcon(new ThemeIconEngine(name, *drawing)) : QIcon();
 }
 
 }  // namespace
 
 QIcon ThemeIcon(const QString& name) {
-  return IconOf(":/icons/" + name + ".svg");
+  return IconOf("icons/" + name);
 }
 
 QIcon ApplicationIcon() {
-  return IconOf(":/korvane.svg");
+  return IconOf("korvane");
 }
 
 }  // namespace korvane

@@ -38,6 +38,10 @@ constexpr DWORD kHeld[] = {ERROR_SHARING_VIOLATION, ERROR_LOCK_VIOLATION, ERROR_
 constexpr DWORD kTakenAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
                                    FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
 
+constexpr const char* kNoRights =
+    "Windows does not let you write there. Move the game to a folder of your own, or give your user the "
+    "right to write into the game's folder, or start the program as administrator.";
+
 std::error_code ErrorOf(DWORD code) {
   return {static_cast<int>(code), std::system_category()};
 }
@@ -248,6 +252,12 @@ bool IsHeldElsewhere(const std::error_code& error) {
 }
 
 std::string ReasonOf(const std::error_code& error, const fs::path& file) {
+  if (error == ErrorOf(ERROR_ACCESS_DENIED)) {
+    const DWORD attributes = ::GetFileAttributesW(file.c_str());
+    const bool readOnly =
+        attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+    return readOnly ? "the file is read-only" : kNoRights;
+  }
   if (!IsHeldElsewhere(error)) return error.message();
   const Holders holders(file);
   return "another program holds it open" + (holders.names().empty() ? "" : ": " + holders.names());

@@ -22,8 +22,7 @@ constexpr QRgb kBottom = 0xff16303f;
 
 StepPicture::StepPicture(int step, QWidget* parent) : QWidget(parent) {
   InitWizardResources();
-  drawing_.load(QString(":/wizard/step%1.svg").arg(step));
-  drawing_.setAspectRatioMode(Qt::KeepAspectRatio);
+  drawing_ = Drawing::find(QString("wizard/step%1").arg(step));
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
 }
 
@@ -42,7 +41,7 @@ void StepPicture::paintEvent(QPaintEvent*) {
   painter.drawRoundedRect(rect(), kCorner, kCorner);
   const double side = 0.7 * std::min(width(), height());
   const double margin = (width() - side) / 2;
-  drawing_.render(&painter, {margin, margin, side, side});
+  if (drawing_) drawing_->paint(painter, {margin, margin, side, side}, Qt::black);
 }
 
 }  // namespace korvane

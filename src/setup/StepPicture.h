@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QSvgRenderer>
 #include <QWidget>
+
+#include <optional>
+
+#include "controls/Drawing.h"
 
 namespace korvane {
 
@@ -17,7 +20,7 @@ class StepPicture : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QSvgRenderer drawing_;
+  std::optional<Drawing> drawing_;
 };
 
 }  // namespace korvane

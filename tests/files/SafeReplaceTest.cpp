@@ -166,7 +166,7 @@ TEST_F(SafeReplaceTest, AFileThatIsHeldOpenIsWaitedForAndThenWrittenInPlace) {
 TEST_F(SafeReplaceTest, AReadOnlyFileIsRefused) {
   folder_.write("a.ini", "old");
   fs::permissions(pathOf("a.ini"), fs::perms(0444));
-  EXPECT_NE(SafeReplace(pathOf("a.ini"), "new"), "");
+  EXPECT_EQ(SafeReplace(pathOf("a.ini"), "new"), "the file is read-only");
   EXPECT_EQ(folder_.read("a.ini"), "old");
   fs::permissions(pathOf("a.ini"), fs::perms(0666));
 }
@@ -222,7 +222,7 @@ TEST_F(SafeReplaceTest, OwnerRightsAccessListAndAttributesStay) {
   const auto set = [&file](const char* name, const std::string& value) {
     return setxattr(file.c_str(), name, value.data(), value.size(), 0) == 0;
   };
-  const std::pair<const char*, std::function<bool()>> cases[] = {
+  const std::pair<const char*, std::function<bool()> > cases[] = {
       {"rights", [&] { return chmod(file.c_str(), 0640) == 0; }},
       {"odd rights", [&] { return chmod(file.c_str(), 02707) == 0; }},
       {"group", [&] { return chown(file.c_str(), 0, 1234) == 0; }},
