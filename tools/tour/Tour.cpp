@@ -5,11 +5,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QCursor>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QPixmap>
-#include <QRegularExpression>
 #include <QScreen>
 #include <QTabWidget>
 #include <QTest>
@@ -223,13 +221,7 @@ void Tour::editInFile() {
   cost->selectAll();
   QTest::keyClicks(cost, "950");
   picture(window("FrmEdit"), "edit-in-file-typed");
-  const QRegularExpression link("href=\"(\\d+)\">Edit in file");
-  for (auto* label : main.findChildren<QLabel*>("Notice")) {
-    const auto found = link.match(label->text());
-    if (!found.hasMatch()) continue;
-    Q_EMIT label->linkActivated(found.captured(1));
-    break;
-  }
+  trigger("FrmEdit", "editInFile");
   picture(window("FrmManEdit"), "edit-in-file");
   if (QWidget* editor = window("FrmManEdit")) editor->close();
 }
