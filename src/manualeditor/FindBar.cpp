@@ -149,10 +149,14 @@ SearchOptions FindBar::options() const {
 
 void FindBar::clear() {
   CboFind_->clear();
+  forgetHits();
+  loaded_ = false;
+}
+
+void FindBar::forgetHits() {
   inSelection_->setChecked(false);
   finder_.forget();
   goingOn_ = false;
-  loaded_ = false;
 }
 
 void FindBar::forget() {

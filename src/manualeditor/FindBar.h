@@ -27,6 +27,8 @@ class FindBar : public QObject {
   FindBar(IniTextEdit& text, QToolBar& bar);
 
   void clear();
+  // What was found and what searches keep to belong to a text that is no longer shown.
+  void forgetHits();
   // Empties the list; the text in the box stays.
   void forget();
   void load(const SettingsStore& settings);

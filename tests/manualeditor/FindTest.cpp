@@ -170,6 +170,21 @@ TEST_F(FindTest, OnlyWhatIsNotThereIsSaidToBeNotFound) {
   EXPECT_EQ(warning(), kNothing);
 }
 
+TEST_F(FindTest, WhatWasFoundIsForgottenInAnotherTab) {
+  game_.ini("Armor.ini", "Armor A\nEnd\n");
+  openFile("gun\r\ngun\r\n");
+  text().select({0, 3});
+  part<QAction>("findInSelection")->setChecked(true);
+  find("gun");
+  EXPECT_TRUE(resultBecomes("1 of 1"));
+  ASSERT_TRUE(window_->open({game_.qpath() + "\\Data\\INI\\Armor.ini"}));
+  show();
+  EXPECT_EQ(result(), "");
+  EXPECT_FALSE(part<QAction>("findInSelection")->isChecked());
+  find("a");
+  EXPECT_TRUE(resultBecomes("1 of 2")) << result().toStdString();
+}
+
 TEST_F(FindTest, AHugeTextSaysWhatIsNotThere) {
   std::string file = "gun\r\n";
   while (file.size() < 17'000'000) file += std::string(98, 'x') + "\r\n";
