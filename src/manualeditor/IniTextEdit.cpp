@@ -28,6 +28,8 @@ constexpr int kNumberMargin = 0;
 constexpr int kFoldMargin = 3;
 constexpr int kTextMargin = 4;  // pixels between the line numbers and the text
 constexpr int kLinesAround = 4;
+constexpr std::size_t kMostPieces =
+    5000;  // that a replacement is made of; each is told to all who follow edits
 constexpr int kStrikeIndicator = 20;
 // Above this size edits are not announced to screen readers one by one: for each, the control counts every
 // character of the text before it. `edited()` is still emitted.
@@ -49,6 +51,43 @@ constexpr std::array kMarkStyles = {
     MarkStyle{TextMark::match, 23, Sci::INDIC_FULLBOX, 0xFF7D4A94, 0xFFC9A0DC, 45, false},
     MarkStyle{TextMark::scope, 22, Sci::INDIC_FULLBOX, 0xFF2B6CB0, 0xFF8AB4F0, 20, false},
 };
+
+struct ChangedPiece {
+  qsizetype from;  // of the text before
+  qsizetype to;
+  std::string_view text;  // in its place
+};
+
+std::string_view TakeLine(std::string_view& text) {
+  const std::string_view line = text.substr(0, std::min(text.find('\n'), text.size() - 1) + 1);
+  text.remove_prefix(line.size());
+  return line;
+}
+
+// The end of a line stays with it, so that the line is the same one to its marks.
+ChangedPiece PieceOf(qsizetype from, std::string_view before, std::string_view after) {
+  const auto bothEndIn = [&](char end) { return before.ends_with(end) && after.ends_with(end); };
+  while (bothEndIn('\n') || bothEndIn('\r')) {
+    before.remove_suffix(1);
+    after.remove_suffix(1);
+  }
+  return {from, from + static_cast<qsizetype>(before.size()), after};
+}
+
+// The lines that are other ones; all as one piece where lines came or went, or where they are too many.
+std::vector<ChangedPiece> ChangedPieces(std::string_view now, std::string_view next) {
+  const std::vector<ChangedPiece> all{{0, static_cast<qsizetype>(now.size()), next}};
+  std::vector<ChangedPiece> pieces;
+  qsizetype from = 0;
+  while (!now.empty() && !next.empty()) {
+    const std::string_view before = TakeLine(now);
+    const std::string_view after = TakeLine(next);
+    if (before != after) pieces.push_back(PieceOf(from, before, after));
+    from += static_cast<qsizetype>(before.size());
+  }
+  const bool sameLines = now.empty() && next.empty() && pieces.size() <= kMostPieces;
+  return sameLines ? pieces : all;
+}
 
 const MarkStyle& StyleOf(TextMark mark) {
   return *std::find_if(kMarkStyles.begin(), kMarkStyles.end(),
@@ -343,8 +382,15 @@ void IniTextEdit::replaceSpan(TextSpan span, std::string_view utf8) {
 void IniTextEdit::replaceAllText(const QByteArray& utf8) {
   const qsizetype topLine = send(Sci::SCI_GETFIRSTVISIBLELINE);
   const Place cursor = placeOf(send(Sci::SCI_GETCURRENTPOS));
-  send(Sci::SCI_TARGETWHOLEDOCUMENT);
-  sendText(Sci::SCI_REPLACETARGET, utf8.size(), utf8.constData());
+  const std::string_view next(utf8.constData(), static_cast<std::size_t>(utf8.size()));
+  send(Sci::SCI_BEGINUNDOACTION);
+  const std::vector<ChangedPiece> pieces = ChangedPieces(this->utf8(), next);
+  for (std::size_t i = pieces.size(); i-- > 0;) {  // so that none moves the place of another
+    const auto& [from, to, text] = pieces[i];
+    send(Sci::SCI_SETTARGETRANGE, from, to);
+    sendText(Sci::SCI_REPLACETARGET, static_cast<qsizetype>(text.size()), text.data());
+  }
+  send(Sci::SCI_ENDUNDOACTION);
   const qsizetype position = send(Sci::SCI_FINDCOLUMN, cursor.line, cursor.column);
   select({position, position});
   send(Sci::SCI_SETFIRSTVISIBLELINE, topLine);

@@ -145,6 +145,7 @@ void LineMarks::endInsertion() {
 
 // Earlier edits move with the lines that came or went behind `line`.
 void LineMarks::shift(int line, int lines) {
+  if (lines == 0) return;
   for (Edit& edit : edits_) {
     if (edit.line > line) edit.line = std::max(line, edit.line + lines);
   }

@@ -97,6 +97,13 @@ TEST(IniTextEdit, ChangedLinesAreMarkedUntilSavedOrUndone) {
     text.replaceSelection("z");
     text.setUnmodified();
     EXPECT_EQ(marked(), (std::vector<long long>{0b1000 << 8 | 1}));
+    text.setBytes(QByteArray("  Damage = 10\r\n").repeated(lines).toStdString());
+    const QByteArray before(text.utf8().data(), static_cast<qsizetype>(text.utf8().size()));
+    text.lineMarks().toggle(1);
+    text.replaceAllText(QByteArray(before).replace(26, 2, "200"));
+    EXPECT_EQ(marked(), (std::vector<long long>{0b110 << 8 | 1}));
+    text.view().send(2176);
+    EXPECT_EQ(text.utf8(), std::string_view(before.constData(), static_cast<std::size_t>(before.size())));
   }
 }
 

@@ -4,14 +4,18 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
+#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMimeData>
 #include <QPalette>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTest>
 #include <QTreeView>
+#include <QUrl>
 #include <QWheelEvent>
 
 #include <array>
@@ -70,6 +74,8 @@ const Hands::Action Hands::kActions[] = {
     {"button", 10, &Hands::clickButton},
     {"open file", 3, &Hands::openFile},
     {"save", 3, &Hands::save},
+    {"tabs", 5, &Hands::useTabs},
+    {"drop", 1, &Hands::dropFiles},
     {"next step", 10, &Hands::goOn},
     {"object", 8, &Hands::clickObject},
     {"entry", 8, &Hands::clickEntry},
@@ -250,6 +256,30 @@ void Hands::choose(const char* windowName, const QString& command) {
 
 void Hands::openFile() {
   choose("FrmEdit", QString("MnuFileEdit%1").arg(chance_.below(17)));
+}
+
+void Hands::useTabs() {
+  constexpr std::array kCommands = {"nextTab", "nextTab", "previousTab", "closeTab", "reload"};
+  choose("FrmManEdit", chance_.oneOf(kCommands));
+}
+
+// Some of the game folder, some from outside of it, some that are not there.
+void Hands::dropFiles() {
+  constexpr std::array kFiles = {"game/Data/INI/Weapon.ini", "game/Data/INI/Armor.ini", "game/Missing.ini",
+                                 "data", "game/generals.exe"};
+  QPointer<QWidget> text;
+  for (const QWindow* window : WindowsShown()) {
+    QWidget* found = WidgetOf(*window)->findChild<QWidget*>("TxtManEdit");
+    if (found != nullptr && found->isEnabled() && !IsBlocked(*window)) text = found->focusProxy();
+  }
+  if (!text) return;
+  QMimeData files;
+  files.setUrls({QUrl::fromLocalFile(QDir::home().filePath(chance_.oneOf(kFiles))),
+                 QUrl::fromLocalFile(QDir::home().filePath(chance_.oneOf(kFiles)))});
+  event([&] {
+    QDropEvent drop({}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(text, &drop);
+  });
 }
 
 void Hands::save() {

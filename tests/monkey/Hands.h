@@ -50,6 +50,8 @@ class Hands {
   void goOn();
   void clickButton();
   void openFile();
+  void useTabs();
+  void dropFiles();
   void save();
   void clickObject();
   void clickEntry();

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
 #include <QToolButton>
@@ -13,6 +14,7 @@
 
 #include "controls/InPlaceTable.h"
 #include "mainwindow/FrmEdit.h"
+#include "manualeditor/FrmManEdit.h"
 #include "startup/Program.h"
 #include "stock/StockFiles.h"
 #include "stock/StockTable.h"
@@ -81,6 +83,47 @@ TEST_F(SearchJourney, FromASlotOfACommandSetToItsButtonAndToWhatUsesIt) {
   EXPECT_TRUE(
       QTest::qWaitFor([] { return part<QLabel>("FrmManEdit", "Panel5").text().endsWith("CommandSet.ini"); }));
   EXPECT_EQ(part<QLabel>("FrmManEdit", "Panel1").text(), "Line 2 of 4");
+}
+
+TEST_F(SearchJourney, AWeaponIsRenamedInNineFiles) {
+  constexpr int kFiles = 9;
+  const auto textOf = [](int i, const std::string& gun) {
+    const std::string body = i == 0 ? "Weapon " + gun + "\n  Damage = 1\nEnd\n"
+                                    : "Object Tank" + std::to_string(i) +
+                                          "\n  WeaponSet\n    Weapon = PRIMARY " + gun +
+                                          " ; its gun\n  End\nEnd\n";
+    return GameFolder::CrLf(body);
+  };
+  const auto nameOf = [](int i) {
+    return i == 0 ? std::string("Data/INI/Weapon.ini") : "Data/INI/Object/Tanks" + std::to_string(i) + ".ini";
+  };
+  for (int i = 0; i < kFiles; ++i) game.write(nameOf(i), textOf(i, "OldGun"));
+  program.showWeaponEditor();
+  press(part<QListView>("FrmWE", "LstWPN"), Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+  auto& sought = part<QLineEdit>("UsesWindow", "soughtText");
+  QTest::keyClicks(&sought, "OldGun");
+  press(sought, Qt::Key_Return);
+  ASSERT_TRUE(waitForTitle("UsesWindow", "9 lines with 'OldGun'"));
+  auto& tree = part<QTreeView>("UsesWindow", "foundTree");
+  for (int i = 0; i < kFiles; ++i) {
+    tree.setCurrentIndex(tree.model()->index(0, 0, tree.model()->index(i, 0)));
+    press(tree, Qt::Key_Return);
+  }
+  auto& tabs = part<QTabBar>("FrmManEdit", "textTabs");
+  QWidget& text = *part<QWidget>("FrmManEdit", "TxtManEdit").focusProxy();
+  ASSERT_EQ(tabs.count(), kFiles);
+  const auto& editor = *static_cast<FrmManEdit*>(text.window());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return editor.ManEditInitDone(); }));
+  for (int i = 0; i < kFiles; ++i) {
+    QTest::keyClicks(&text, "NewerGun");  // over what was found
+    EXPECT_EQ(tabs.tabText(tabs.currentIndex()).right(1), "*");
+    press(text, Qt::Key_S, Qt::ControlModifier);
+    press(text, Qt::Key_Tab, Qt::ControlModifier);
+  }
+  for (int i = 0; i < kFiles; ++i) EXPECT_EQ(game.read(nameOf(i)), textOf(i, "NewerGun"));
+  EXPECT_TRUE(messages.shown.empty() && messages.asked.empty());
+  part<QAction>("UsesWindow", "refresh").trigger();
+  EXPECT_TRUE(waitForTitle("UsesWindow", "0 lines with 'OldGun'"));
 }
 
 TEST_F(SearchJourney, ATextInAnArchiveIsFoundAndShownButNeverSaved) {

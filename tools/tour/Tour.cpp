@@ -198,6 +198,12 @@ void Tour::search() {
 void Tour::manualEditor() {
   trigger("FrmEdit", "MnuFileEdit0");
   picture(window("FrmManEdit"), "manual-editor");
+  for (const char* file : {"MnuFileEdit3", "MnuFileEdit6"}) {
+    trigger("FrmEdit", file);
+    window("FrmManEdit");
+  }
+  picture(window("FrmManEdit"), "manual-editor-tabs");
+  for (int i = 0; i < 2; ++i) trigger("FrmManEdit", "closeTab");
   trigger("FrmManEdit", "MnuReplace");
   picture(window("FrmReplace"), "replace");
   if (QWidget* replace = window("FrmReplace")) replace->close();
