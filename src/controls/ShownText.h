@@ -45,7 +45,7 @@ inline QString WithShortLines(const QString& text, qsizetype longest) {
 inline QString PlainToolTip(const QString& text) {
   constexpr qsizetype kLongestLine = 100;
   if (text.isEmpty()) return text;
-  return "<span style='white-space:pre'>" + WithShortLines(text, kLongestLine).toHtmlEscaped() + "</span>";
+  return "<div style='white-space:pre'>" + WithShortLines(text, kLongestLine).toHtmlEscaped() + "</div>";
 }
 
 }  // namespace korvane

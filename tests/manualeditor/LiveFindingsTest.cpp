@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QMenu>
-#include <QTextDocumentFragment>
+#include <QTextBlock>
+#include <QTextDocument>
 #include <QToolTip>
 #include <Qsci/qsciscintilla.h>
 
@@ -135,7 +136,10 @@ TEST_F(LiveFindingsTest, ATooltipIsAsWideAsItsTextUpToALimit) {
       QToolTip::text().contains("no FXList 'FX_Bnag' is defined; is 'FX_Bang' meant? [missing-name]\n"))
       << QToolTip::text().toStdString();
   press(Qt::Key_F8);
-  for (const QString& line : QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText().split('\n'))
+  QTextDocument shown;
+  shown.setHtml(QToolTip::text());
+  EXPECT_TRUE(shown.firstBlock().blockFormat().nonBreakableLines());
+  for (const QString& line : shown.toPlainText().split('\n'))
     EXPECT_LE(line.size(), 100) << line.toStdString();
 }
 
