@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <map>
 
@@ -266,7 +267,7 @@ TEST(Rules, KnowLineFeedsThatStandAlone) {
   const GameFolder folder;
   folder.write("Data/INI/Weapon.ini", "Weapon A\r\nEnd\r\nWeapon B\nEnd\n");
   folder.write("Data/INI/Science.ini", "Science A\nEnd\n");  // not shown by any window
-  folder.write("Data/INI/Object/X.ini", "Object A\nEnd\n");
+  folder.write("Data/INI/Object/X.ini", "Object A\nEnd\r\n");
   EXPECT_EQ(Brief(CheckFolder(folder)), (std::vector<std::string>{"Object/X.ini:1:1:0 warning unix-lines",
                                                                   "Weapon.ini:3:1:0 warning unix-lines"}));
 }

@@ -42,6 +42,13 @@ TEST(SilencedFindings, AreThoseWithACommentOnTheirLineOrTheirBlock) {
   EXPECT_EQ(LeftOf("CommandSet S\n  1 = X " + IgnoreCommentFor("missing-name") + "\nEnd\n"), 0U);
 }
 
+TEST(SilencedFindings, MayBeThoseOfRulesThatLookAtAllFiles) {
+  const GameFolder folder;
+  folder.ini("Weapon.ini", "Weapon A ; korvane: ignore unused\nEnd\nWeapon B\nEnd\n");
+  EXPECT_EQ(Brief(CheckFolder(folder, RuleSet::all())),
+            std::vector<std::string>{"Weapon.ini:3:8:1 note unused"});
+}
+
 TEST(SilencedFindings, CountLinesAsTheGameDoes) {
   const IgnoreComments comments("1\r2\n3\r\n4 ; korvane: ignore case\n\r; korvane: ignore case",
                                 [] { return std::vector<LineRange>(); });
