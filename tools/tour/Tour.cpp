@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCursor>
+#include <QDialog>
 #include <QLineEdit>
 #include <QListView>
 #include <QPixmap>
@@ -23,7 +24,8 @@ namespace korvane {
 
 namespace {
 
-constexpr int kSettle = 250;  // milliseconds for a window to be laid out and painted
+constexpr int kUntilMarked = 2000;  // milliseconds behind the last key
+constexpr int kSettle = 250;        // milliseconds for a window to be laid out and painted
 
 // The tabs of the main window, by the names of their pictures.
 constexpr const char* kTabPictures[] = {"tab-handling", "tab-health",      "tab-weapons", "tab-advanced",
@@ -92,6 +94,7 @@ bool Tour::run() {
   search();
   manualEditor();
   editInFile();
+  problems();
   tableEditors();
   options();
   aboutAndHelp();
@@ -208,6 +211,32 @@ void Tour::manualEditor() {
   picture(window("FrmReplace"), "replace");
   if (QWidget* replace = window("FrmReplace")) replace->close();
   if (QWidget* editor = window("FrmManEdit")) editor->close();
+}
+
+// The window with the notes about the game's data, for these have no error; then one is typed.
+void Tour::problems() {
+  trigger("FrmEdit", "checkData");
+  QWidget* shown = window("ProblemsWindow");
+  if (shown == nullptr) return;
+  shown->findChild<QAbstractButton*>("notes")->click();
+  const auto* found = shown->findChild<QTreeView*>("findings")->model();
+  if (!QTest::qWaitFor([found] { return found->rowCount() > 0; })) fail("Nothing was found");
+  picture(shown, "problems");
+  shown->findChild<QAbstractButton*>("furtherData")->click();
+  auto* furtherData = shown->findChild<QDialog*>("FurtherDataDialog");
+  picture(furtherData, "further-data");
+  if (furtherData != nullptr) furtherData->close();
+  shown->close();
+  trigger("FrmEdit", "MnuFileEdit0");
+  QWidget* editor = window("FrmManEdit");
+  if (editor == nullptr) return;
+  QWidget* text = QApplication::focusWidget();
+  QTest::keyClicks(text, "words ");
+  QTest::qWait(kUntilMarked);
+  trigger("FrmManEdit", "nextProblem");
+  picture(editor, "findings");
+  QTest::keyClick(text, Qt::Key_Z, Qt::ControlModifier);
+  editor->close();
 }
 
 void Tour::editor(const char* action, const char* windowName, const QString& pictureName) {

@@ -30,6 +30,7 @@ class Tour {
   void tabs();
   void search();
   void manualEditor();
+  void problems();
   void editInFile();
   void tableEditors();
   void options();
