@@ -310,15 +310,15 @@ TEST_F(ProblemsTest, ObjectsWithErrorsAreNamedWithWhatIsWrong) {
 
 TEST_F(ProblemsTest, TabGoesThroughTheWindowAsItIsRead) {
   select(0, 0);
-  QStringList names;
+  QStringList order;
   part<QLineEdit>("filter").setFocus();
   for (int i = 0; i < 9; ++i) {
-    names += window->focusWidget()->objectName();
+    order += window->focusWidget()->objectName();
     QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
   }
-  EXPECT_EQ(names, QStringList({"filter", "errors", "warnings", "notes", "grouping", "furtherData",
+  EXPECT_EQ(order, QStringList({"filter", "errors", "warnings", "notes", "grouping", "furtherData",
                                 "findings", "again", "copyButton"}))
-      << names.join(' ').toStdString();
+      << order.join(' ').toStdString();
 }
 
 TEST_F(ProblemsTest, ASelectionThatTheFilterHidesComesBack) {
