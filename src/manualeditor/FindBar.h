@@ -27,8 +27,6 @@ class FindBar : public QObject {
   FindBar(IniTextEdit& text, QToolBar& bar);
 
   void clear();
-  // What was found and what searches keep to belong to a text that is no longer shown.
-  void forgetHits();
   // Empties the list; the text in the box stays.
   void forget();
   void load(const SettingsStore& settings);
@@ -56,6 +54,7 @@ class FindBar : public QObject {
   void addControls(QToolBar& bar);
   void addOptions();
   void setConfined(bool confined);
+  void forgetHits();
   void lookAtOther();
   SearchOptions options() const;
   // `fromBox`: the search was begun there.

@@ -237,7 +237,6 @@ void FrmManEdit::showOther() {
   tellReadOnly();
   for (const auto notice : {OpenText::ofFile, OpenText::ofDraft}) tell(notice);
   findings_->goOnWith(checkedPath());
-  find_->forgetHits();
   showTitle();
   if (!ManEditInitDone_) return;
   goToPending();

@@ -170,7 +170,7 @@ TEST_F(FindTest, OnlyWhatIsNotThereIsSaidToBeNotFound) {
   EXPECT_EQ(warning(), kNothing);
 }
 
-TEST_F(FindTest, WhatWasFoundIsForgottenInAnotherTab) {
+TEST_F(FindTest, WhatWasFoundIsForgottenWhenAnotherFileIsOpened) {
   game_.ini("Armor.ini", "Armor A\nEnd\n");
   openFile("gun\r\ngun\r\n");
   text().select({0, 3});
