@@ -44,7 +44,7 @@ namespace korvane {
 namespace {
 
 constexpr QSize kDesignSize{1100, 640};
-constexpr std::array kListWidths = {200, 480, 420};  // pixels, of files, versions and changes
+constexpr std::array kListWidths = {170, 540, 390};  // pixels, of files, versions and changes
 constexpr std::array kHeights = {200, 420};          // of the lists and of the texts
 
 constexpr int kLongestChoice = 45;  // average characters

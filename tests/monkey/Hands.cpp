@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QDir>
 #include <QDropEvent>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -76,6 +77,7 @@ const Hands::Action Hands::kActions[] = {
     {"save", 3, &Hands::save},
     {"tabs", 5, &Hands::useTabs},
     {"drop", 1, &Hands::dropFiles},
+    {"differences", 1, &Hands::showDifferences},
     {"next step", 10, &Hands::goOn},
     {"object", 8, &Hands::clickObject},
     {"entry", 8, &Hands::clickEntry},
@@ -106,6 +108,7 @@ QWidget* WidgetOf(const QWindow& window) {
 }
 
 void Hands::act() {
+  leaveSaveDialogs();
   int all = 0;
   for (const Action& action : kActions) all += action.weight;
   int chosen = chance_.below(all);
@@ -114,6 +117,15 @@ void Hands::act() {
     if (chosen >= 0) continue;
     doing_ = action.what;
     return (this->*action.act)();
+  }
+}
+
+// Chance would write files wherever it is.
+void Hands::leaveSaveDialogs() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    auto* dialog = qobject_cast<QFileDialog*>(window);
+    if (dialog != nullptr && dialog->isVisible() && dialog->acceptMode() == QFileDialog::AcceptSave)
+      dialog->reject();
   }
 }
 
@@ -280,6 +292,10 @@ void Hands::dropFiles() {
     QDropEvent drop({}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(text, &drop);
   });
+}
+
+void Hands::showDifferences() {
+  choose("FrmEdit", chance_.oneIn(2) ? "showHistory" : "compareOriginal");
 }
 
 void Hands::save() {

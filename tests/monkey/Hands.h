@@ -53,6 +53,7 @@ class Hands {
   void useTabs();
   void dropFiles();
   void save();
+  void showDifferences();
   void clickObject();
   void clickEntry();
   void followLink();
@@ -71,6 +72,7 @@ class Hands {
   void clickOn(QWidget& widget, QPoint at);
   void event(const std::function<void()>& event) { around_(doing_, event); }
 
+  static void leaveSaveDialogs();
   QWindow* someWindow();
   QPoint somePlace(const QWindow& window);
 
