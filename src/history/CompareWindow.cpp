@@ -69,6 +69,13 @@ std::string TextOfItem(const std::vector<SourceFile>& files, const ItemPosition&
   return Utf8OfFile(item).toStdString();
 }
 
+// Nothing of the original is the game folder's own loose file.
+FilePlace OriginalPlace(const SourceFile& file, std::uint32_t line) {
+  FilePlace place = PlaceOf(file, line, 1, 0);
+  place.archive = QString::fromStdString(file.container);
+  return place;
+}
+
 // The line of a key in an item's text, counted there from 1; 0: it has none.
 std::uint32_t LineInItem(std::uint32_t line, const ItemPosition& position) {
   return line < position.line ? 0 : line - position.line + 1;
@@ -391,11 +398,13 @@ void CompareWindow::showItem() {
 
 void CompareWindow::showPair(const TextPairPtr& pair) {
   const Comparison& result = *comparison_.result();
-  const auto title = [](const std::vector<SourceFile>& files, const ItemPosition& position) {
-    return position.line == 0 ? QStringLiteral("Not there")
-                              : ShownPlace(PlaceOf(files[position.file], position.line, 1, 0));
-  };
-  view_->show(pair, title(result.formerFiles, shown_->former), title(result.presentFiles, shown_->present));
+  const ItemPosition& before = shown_->former;
+  const ItemPosition& now = shown_->present;
+  const QString nowhere = "Not there";
+  view_->show(
+      pair,
+      before.line == 0 ? nowhere : ShownPlace(OriginalPlace(result.formerFiles[before.file], before.line)),
+      now.line == 0 ? nowhere : ShownPlace(PlaceOf(result.presentFiles[now.file], now.line, 1, 0)));
   goToKey();
 }
 
@@ -423,11 +432,7 @@ void CompareWindow::showInOriginal() {
   const KeyChange* key = model_->keyAt(tree_->currentIndex());
   if (item == nullptr || item->former.line == 0) return;
   const std::uint32_t line = key != nullptr && key->formerLine != 0 ? key->formerLine : item->former.line;
-  FilePlace place = PlaceOf(comparison_.result()->formerFiles[item->former.file], line, 1, 0);
-  // Nothing of the original is the game folder's own loose file.
-  if (place.archive.isEmpty())
-    place.archive = QString::fromStdString(comparison_.result()->formerFiles[item->former.file].container);
-  places_.showPlace(place);
+  places_.showPlace(OriginalPlace(comparison_.result()->formerFiles[item->former.file], line));
 }
 
 void CompareWindow::showInModification() {

@@ -422,9 +422,9 @@ void HistoryWindow::showActions() {
 
 void HistoryWindow::showRoom() {
   const KeptVersions::Room room = kept_.room();
-  room_->setText(QStringLiteral("%1 of %2 take %3 in %4")
+  room_->setText(QStringLiteral("%1 of %2 take%3 %4 in %5")
                      .arg(Counted(room.versions, "version"), Counted(room.files, "file"),
-                          SizeText(room.bytes), kept_.folder()));
+                          room.versions == 1 ? "s" : "", SizeText(room.bytes), kept_.folder()));
 }
 
 void HistoryWindow::showRunning() {

@@ -15,14 +15,27 @@
 #include <QTimer>
 #include <QTreeView>
 
+#include <algorithm>
 #include <cstdio>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
 
+#include "files/NativePath.h"
+#include "history/CompareWindow.h"
 #include "mainwindow/FrmEdit.h"
 #include "startup/Program.h"
 
 namespace korvane {
 
 namespace {
+
+// Of the sample game's weapons, and what it becomes.
+constexpr std::string_view kChangedLine = "  PrimaryDamage            = 92.5";
+constexpr std::string_view kNewLine = "  PrimaryDamage            = 107.5";
+
+constexpr const char* kVersionsPlace = "~/.local/share/Ferncastle Software/Korvane/versions";
 
 constexpr int kUntilMarked = 2000;  // milliseconds behind the last key
 constexpr int kSettle = 250;        // milliseconds for a window to be laid out and painted
@@ -46,6 +59,13 @@ constexpr ObjectStop kObjectStops[] = {
     {"Civilian Units", "object-civilian-unit"},     {"Civilian Props", "object-civilian-prop"},
     {"Nature Props", "object-nature-prop"},         {"Nature Units", "object-nature-unit"},
 };
+
+std::vector<TextEdit> ChangeWeapon(std::string_view bytes) {
+  const std::size_t at = bytes.find(kChangedLine);
+  if (at == std::string_view::npos) return {};
+  const auto line = std::ranges::count(bytes.substr(0, at), '\n') + 1;
+  return {{static_cast<int>(line), 1, static_cast<int>(kChangedLine.size()), std::string(kNewLine)}};
+}
 
 // The first object below the node, in the order of the tree.
 QModelIndex FirstObject(const ObjectTreeModel& model, const QModelIndex& group) {
@@ -99,6 +119,8 @@ bool Tour::run() {
   options();
   aboutAndHelp();
   messages();
+  history();
+  comparison();
   wizard();
   return complete_;
 }
@@ -237,6 +259,44 @@ void Tour::problems() {
   picture(editor, "findings");
   QTest::keyClick(text, Qt::Key_Z, Qt::ControlModifier);
   editor->close();
+}
+
+QString Tour::original() const {
+  return gameFolder_.section('\\', 0, -2) + "\\Original";
+}
+
+// A value is changed and saved, after a copy of the game was made that is the original.
+void Tour::history() {
+  const auto native = [](const QString& path) { return NativePath(ProgramPath(path.toStdString())); };
+  std::error_code error;
+  std::filesystem::copy(native(gameFolder_), native(original()), std::filesystem::copy_options::recursive,
+                        error);
+  const bool changed = program_.editInManualEditor(gameFolder_ + "\\Data\\INI\\Weapon.ini", ChangeWeapon);
+  if (error || !changed) return fail("Nothing was changed");
+  QTest::qWait(kSettle);
+  trigger("FrmManEdit", "MnuSave");
+  trigger("FrmManEdit", "showHistory");
+  QWidget* shown = window("HistoryWindow");
+  if (shown == nullptr) return;
+  auto* room = shown->findChild<QLabel*>("room");  // names no place of this machine's
+  room->setText(room->text().section(" in ", 0, 0) + " in " + kVersionsPlace);
+  picture(shown, "history");
+  shown->close();
+  if (QWidget* editor = window("FrmManEdit")) editor->close();
+}
+
+void Tour::comparison() {
+  trigger("FrmEdit", "compareOriginal");
+  auto* shown = qobject_cast<CompareWindow*>(window("CompareWindow"));
+  if (shown == nullptr) return;
+  shown->chooseOriginal(original());
+  auto* items = shown->findChild<QTreeView*>("items");
+  if (!QTest::qWaitFor([items] { return items->model()->rowCount() > 0; })) fail("Nothing differs");
+  items->expandAll();
+  const QModelIndex kind = items->model()->index(0, 0);
+  items->setCurrentIndex(items->model()->index(0, 0, items->model()->index(0, 0, kind)));
+  picture(shown, "compare");
+  shown->close();
 }
 
 void Tour::editor(const char* action, const char* windowName, const QString& pictureName) {

@@ -31,6 +31,9 @@ class Tour {
   void search();
   void manualEditor();
   void problems();
+  QString original() const;
+  void history();
+  void comparison();
   void editInFile();
   void tableEditors();
   void options();
