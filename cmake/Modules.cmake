@@ -16,6 +16,9 @@ endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13 AND
    (CMAKE_BUILD_TYPE STREQUAL "Release" OR KORVANE_SANITIZE))
   target_compile_options(korvane_build_options INTERFACE -Wno-restrict)
+  if(WIN32)  # the same bug under another name
+    target_compile_options(korvane_build_options INTERFACE -Wno-stringop-overflow)
+  endif()
 endif()
 if(KORVANE_SANITIZE)
   target_compile_options(korvane_build_options INTERFACE

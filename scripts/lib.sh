@@ -18,6 +18,7 @@ fuzz    clang libclang-rt-14-dev
 format  clang-format git
 lint    clang clang-format clang-tidy shellcheck desktop-file-utils appstream git
 windows g++-mingw-w64-x86-64-posix wine wine64 googletest
+windows-package qt6-base-dev-tools qmake6 dpkg-dev make icoutils nsis zip
 '
 
 say() { printf '%s\n' "-- $*"; }

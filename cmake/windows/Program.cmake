@@ -22,10 +22,11 @@ function(korvane_windows_icon variable drawing)
   find_program(ICOTOOL icotool REQUIRED)
   set(icon ${CMAKE_CURRENT_BINARY_DIR}/korvane.ico)
   korvane_draw(pictures ${drawing} ${CMAKE_CURRENT_BINARY_DIR}/icon black 16 20 24 32 40 48 64 256)
+  list(POP_BACK pictures largest)  # stays a PNG file, far smaller
   add_custom_command(
     OUTPUT ${icon}
-    COMMAND ${ICOTOOL} --create --output=${icon} ${pictures}
-    DEPENDS ${pictures}
+    COMMAND ${ICOTOOL} --create --output=${icon} ${pictures} --raw=${largest}
+    DEPENDS ${pictures} ${largest}
     VERBATIM)
   set(${variable} ${icon} PARENT_SCOPE)
 endfunction()
