@@ -131,11 +131,15 @@ void Tour::fail(const QString& reason) {
 }
 
 QWidget* Tour::window(const QString& name) {
-  for (QWidget* shown : QApplication::topLevelWidgets()) {
-    if (shown->objectName() == name && shown->isVisible()) return shown;
-  }
-  fail("There is no window " + name);
-  return nullptr;
+  QWidget* found = nullptr;
+  const auto look = [&] {
+    for (QWidget* shown : QApplication::topLevelWidgets()) {
+      if (shown->objectName() == name && shown->isVisible()) found = shown;
+    }
+    return found != nullptr;
+  };
+  if (!QTest::qWaitFor(look)) fail("There is no window " + name);
+  return found;
 }
 
 void Tour::picture(QWidget* shown, const QString& name) {
