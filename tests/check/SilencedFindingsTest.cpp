@@ -26,6 +26,7 @@ TEST(SilencedFindings, AreThoseWithACommentOnTheirLineOrTheirBlock) {
   for (const auto& [set, left] : {
            Case{"CommandSet S\n  1 = X\n  2 = Y\nEnd\n", 2},
            Case{"CommandSet S\n  1 = X ; korvane: ignore missing-name\n  2 = Y\nEnd\n", 1},
+           Case{"CommandSet S\n  1 = X korvane: ignore missing-name\n  2 = Y\nEnd\n", 2},
            Case{"CommandSet S ; korvane: ignore missing-name\n  1 = X\n  2 = Y\nEnd\n", 0},
            Case{"CommandSet S ; wanted ; korvane: ignore key-twice, MISSING-NAME\n  1 = X\n  2 = Y\nEnd\n",
                 0},
