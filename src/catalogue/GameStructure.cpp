@@ -98,6 +98,14 @@ bool GameStructure::isSpecial(std::string_view word, SpaceId space) const {
   });
 }
 
+std::vector<std::string_view> GameStructure::specialWords(SpaceId space) const {
+  std::vector<std::string_view> words;
+  for (const auto& [word, where] : special_) {
+    if (where == kNoSpace || where == space) words.push_back(word);
+  }
+  return words;
+}
+
 BlockTypeId GameStructure::withModule(BlockTypeId type, std::string_view module) const {
   const Entry& found = modules_[placeOf(modules_, type, module, FoldedHash(module))];
   return found.scope == kNoBlockType ? type : found.child;

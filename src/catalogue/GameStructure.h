@@ -100,6 +100,7 @@ class GameStructure {
   KindId kindOfSpace(SpaceId space) const;
   // A word that stands where a name of the space is expected and is none (None, NoSound ...).
   bool isSpecial(std::string_view word, SpaceId space) const;
+  std::vector<std::string_view> specialWords(SpaceId space) const;
 
   std::span<const BlockType> types() const { return types_; }
   const BlockType& type(BlockTypeId type) const { return types_[type]; }

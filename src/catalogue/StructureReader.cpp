@@ -21,8 +21,7 @@ bool IsBlank(char byte) {
 }
 constexpr auto kWordEnds = [] {
   std::array<bool, 256> ends{};
-  for (std::size_t byte = 0; byte <= ' '; ++byte) ends[byte] = true;
-  ends['='] = true;
+  for (std::size_t byte = 0; byte < ends.size(); ++byte) ends[byte] = SeparatesWords(static_cast<char>(byte));
   return ends;
 }();
 

@@ -17,6 +17,10 @@ namespace korvane {
 // word. Words are separated by "=" and by all bytes up to the space character. All views are parts of the
 // text that is read.
 
+constexpr bool SeparatesWords(char byte) {
+  return static_cast<unsigned char>(byte) <= ' ' || byte == '=';
+}
+
 struct TextPlace {
   std::uint32_t line = 0;
   std::uint32_t column = 0;
