@@ -34,6 +34,23 @@ void CatalogueService::setFurtherData(const QStringList& paths) {
   filesChanged();
 }
 
+void CatalogueService::noteUnsaved(const QString& path, std::string_view text) {
+  unsaved_[path] =
+      CatalogueFile::read({.path = path.toStdString(), .container = folders_.game.toStdString()}, text);
+}
+
+void CatalogueService::forgetUnsaved(const QString& path) {
+  unsaved_.erase(path);
+}
+
+CataloguePtr CatalogueService::withUnsaved() const {
+  CataloguePtr names = catalogue_;
+  for (const auto& [path, file] : unsaved_) {
+    if (names != nullptr) names = WithFile(*names, file);
+  }
+  return names;
+}
+
 CatalogueSources CatalogueService::sources() const {
   return {folders_.game.toStdString(), further_};
 }

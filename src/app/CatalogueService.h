@@ -5,6 +5,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <map>
+#include <memory>
+#include <string_view>
 #include <thread>
 
 #include "catalogue/Catalogue.h"
@@ -30,6 +33,13 @@ class CatalogueService : public QObject {
   bool isCurrent() const { return catalogue_ != nullptr && catalogue_->sources() == sources(); }
   bool isReading() const { return worker_.joinable(); }
 
+  // What a text defines that is edited and not saved, for those who look for what is new. The path is below
+  // the game folder; the text is the file's bytes.
+  void noteUnsaved(const QString& path, std::string_view text);
+  void forgetUnsaved(const QString& path);
+  // The catalogue with what is noted in the place of those files; nullptr before the first one.
+  CataloguePtr withUnsaved() const;
+
   // Looks which files have changed, and reads those. While that goes on, another wish waits for its end; a
   // reading of another folder is given up.
   void refresh();
@@ -53,6 +63,7 @@ class CatalogueService : public QObject {
   const Folders& folders_;
   std::vector<std::string> further_;
   CataloguePtr catalogue_;
+  std::map<QString, std::shared_ptr<const CatalogueFile>> unsaved_;
   CatalogueSources reading_;  // what the worker reads
   bool wanted_ = false;       // again, once the worker is done
   std::jthread worker_;

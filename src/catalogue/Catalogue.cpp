@@ -27,19 +27,6 @@ Files::const_iterator Find(const Files& files, std::string_view comparedPath) {
   return place != files.end() && EqualFolded((*place)->source().path, comparedPath) ? place : files.end();
 }
 
-// With the file in place of the one of the same path.
-CataloguePtr WithFile(const Catalogue& catalogue, std::shared_ptr<const CatalogueFile> file) {
-  Files files = catalogue.files();
-  const std::string path = ComparedPath(file->source().path);
-  const auto place = PlaceOf(files, path);
-  if (place != files.end() && EqualFolded((*place)->source().path, path)) {
-    files[static_cast<std::size_t>(place - files.begin())] = std::move(file);
-  } else {
-    files.insert(place, std::move(file));
-  }
-  return std::make_shared<const Catalogue>(catalogue.sources(), std::move(files), catalogue.skipped());
-}
-
 // As the file is spelt where it is known; else as it is asked for.
 std::string KnownPath(const Catalogue& catalogue, const std::string& path) {
   const CatalogueFile* known = catalogue.file(path);
@@ -153,6 +140,18 @@ CataloguePtr ReadCatalogue(const CatalogueSources& sources, const Catalogue* pre
   }
   if (stop.stop_requested()) return nullptr;
   return std::make_shared<const Catalogue>(sources, std::move(files), std::move(list->skipped));
+}
+
+CataloguePtr WithFile(const Catalogue& catalogue, std::shared_ptr<const CatalogueFile> file) {
+  Files files = catalogue.files();
+  const std::string path = ComparedPath(file->source().path);
+  const auto place = PlaceOf(files, path);
+  if (place != files.end() && EqualFolded((*place)->source().path, path)) {
+    files[static_cast<std::size_t>(place - files.begin())] = std::move(file);
+  } else {
+    files.insert(place, std::move(file));
+  }
+  return std::make_shared<const Catalogue>(catalogue.sources(), std::move(files), catalogue.skipped());
 }
 
 CataloguePtr WithFileRead(const Catalogue& catalogue, std::string_view path) {

@@ -84,6 +84,9 @@ CataloguePtr ReadCatalogue(const CatalogueSources& sources, const Catalogue* pre
 // when it is gone and an archive may have it. The path is one below the game folder.
 CataloguePtr WithFileRead(const Catalogue& catalogue, std::string_view path);
 
+// With the file in the place of the one of the same path, or beside the others.
+CataloguePtr WithFile(const Catalogue& catalogue, std::shared_ptr<const CatalogueFile> file);
+
 // With this text in the place of the file's own: a text that is edited and not saved. It stays until the file
 // is read again.
 CataloguePtr WithText(const Catalogue& catalogue, std::string_view path, std::string_view text);

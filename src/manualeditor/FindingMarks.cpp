@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "manualeditor/FindingMarks.h"
 
-#include <QHelpEvent>
 #include <QPalette>
-#include <QToolTip>
+#include <QPoint>
 #include <Qsci/qsciscintilla.h>
 
 #include <algorithm>
@@ -86,7 +85,6 @@ FindingMarks::FindingMarks(const ScintillaView& view, ScrollMarks& scrollMarks)
           [this](int position, int kind, const char*, int length) { modified(position, kind, length); });
   markSoon_.setSingleShot(true);
   connect(&markSoon_, &QTimer::timeout, this, &FindingMarks::markSome);
-  view_.control().viewport()->installEventFilter(this);
 }
 
 void FindingMarks::applyColours(const QPalette& palette) {
@@ -203,28 +201,20 @@ void FindingMarks::showAtScrollBar() {
   }
 }
 
-bool FindingMarks::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::ToolTip) return QObject::eventFilter(watched, event);
-  const auto* help = static_cast<const QHelpEvent*>(event);
-  showToolTip(help->pos(), help->globalPos());
-  return true;
-}
-
-// In the margin for the whole line.
-void FindingMarks::showToolTip(const QPoint& position, const QPoint& onScreen) {
+QString FindingMarks::textAt(const QPoint& point) const {
   qsizetype margins = 0;
   for (int margin = 0; margin <= kSignMargin; ++margin)
     margins += view_.send(Sci::SCI_GETMARGINWIDTHN, margin);
-  const bool inMargin = position.x() < margins;
+  const bool inMargin = point.x() < margins;
   const auto offset = view_.send(inMargin ? Sci::SCI_POSITIONFROMPOINT : Sci::SCI_POSITIONFROMPOINTCLOSE,
-                                 position.x(), position.y());
+                                 point.x(), point.y());
   std::vector<const TextFinding*> shown;
   for (const TextFinding& each : shown_.findings) {
     const bool here = inMargin ? lineAt(each.span.from) == lineAt(offset)
                                : each.span.from <= offset && offset < each.span.to;
     if (offset >= 0 && here) shown.push_back(&each);
   }
-  QToolTip::showText(onScreen, FindingsText(shown), view_.control().viewport());
+  return FindingsText(shown);
 }
 
 qsizetype FindingMarks::lineAt(qsizetype position) const {

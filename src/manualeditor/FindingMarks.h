@@ -16,8 +16,8 @@ namespace korvane {
 
 class ScrollMarks;
 
-// Findings in the text: a wavy line below what they are about, a sign in the margin, a small line on the
-// scroll bar, and a tooltip. They move with the text.
+// Findings in the text: a wavy line below what they are about, a sign in the margin, and a small line on
+// the scroll bar. They move with the text.
 class FindingMarks : public QObject {
   Q_OBJECT
 
@@ -43,13 +43,12 @@ class FindingMarks : public QObject {
   const TextFinding* previous(qsizetype position) const;
   // Those that touch the span, and when there are none, those of its first line.
   std::vector<const TextFinding*> at(TextSpan span) const;
+  // What is to be told at the point of the control's viewport; in the margin it is told of the whole line.
+  QString textAt(const QPoint& point) const;
   // Takes away those that touch the span.
   void remove(TextSpan span);
 
   void applyColours(const QPalette& palette);
-
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void markSome();
@@ -57,7 +56,6 @@ class FindingMarks : public QObject {
   void clear();
   void modified(int position, int kind, int length);
   void showAtScrollBar();
-  void showToolTip(const QPoint& position, const QPoint& onScreen);
   qsizetype lineAt(qsizetype position) const;
 
   ScintillaView view_;

@@ -26,9 +26,11 @@
 #include "controls/NoticeBar.h"
 #include "controls/Placement.h"
 #include "controls/StoredFont.h"
+#include "manualeditor/BlockDuplication.h"
 #include "manualeditor/BlockOutline.h"
 #include "manualeditor/BlockPanel.h"
 #include "manualeditor/BlockPath.h"
+#include "manualeditor/Completion.h"
 #include "manualeditor/FileDrops.h"
 #include "manualeditor/FindBar.h"
 #include "manualeditor/FrmReplace.h"
@@ -41,6 +43,7 @@
 #include "manualeditor/RecentFiles.h"
 #include "manualeditor/TextCommands.h"
 #include "manualeditor/TextTabs.h"
+#include "manualeditor/TextTips.h"
 #include "manualeditor/UserFile.h"
 #include "platform/EventYield.h"
 #include "platform/MessageBoxes.h"
@@ -52,6 +55,7 @@ namespace {
 
 const QString kCaption = QStringLiteral("Manual Editor");
 constexpr int kClockInterval = 500;  // milliseconds
+constexpr int kOfCopy = 10;          // the notice of a duplicated block, behind those of the text
 constexpr int kBarsHeight = 48;      // pixels of the toolbar and the status bar together, where they fit
 constexpr int kStatusBarHeight = 22;
 constexpr QSize kDesignSize(900, 620);
@@ -107,6 +111,9 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
                            return new OpenText(owner, *TxtManEdit_, services_, files, versions);
                          })),
       findings_(new LiveFindings(*TxtManEdit_, names)),
+      completion_(new Completion(*TxtManEdit_, *outline_, names)),
+      duplication_(new BlockDuplication(*TxtManEdit_, *outline_, names)),
+      tips_(new TextTips(*TxtManEdit_, *outline_, names)),
       notices_(new NoticeBar),
       replace_(new FrmReplace(*TxtManEdit_, this)),
       Timer1_(new QTimer(this)) {
@@ -131,6 +138,9 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
   connect(find_, &FindBar::said, notices_, [this](const QString& sentence) {
     notices_->tell(kFindNotices, sentence.isEmpty() ? std::vector<Notice>() : std::vector{Notice(sentence)});
   });
+  connect(duplication_, &BlockDuplication::said, notices_, [this](const QString& sentence) {
+    notices_->tell(kOfCopy, sentence.isEmpty() ? std::vector<Notice>() : std::vector{Notice(sentence)});
+  });
   Timer1_->setObjectName("Timer1");
   connect(Timer1_, &QTimer::timeout, this, &FrmManEdit::showClock);
   Timer1_->start(kClockInterval);
@@ -141,8 +151,9 @@ FrmManEdit::~FrmManEdit() {
 }
 
 void FrmManEdit::buildCommands() {
-  AddManualEditCommands(commands_, {*this, *new TextCommands(*TxtManEdit_),
-                                    *new MoveCommands(*TxtManEdit_, *outline_), *find_, *findings_});
+  AddManualEditCommands(
+      commands_, {*this, *new TextCommands(*TxtManEdit_), *new MoveCommands(*TxtManEdit_, *outline_), *find_,
+                  *findings_, *completion_, *duplication_});
   AddSearchCommands(commands_, [this](SearchCommand command) { Q_EMIT searchAsked(command); });
   commands_.add(buildBlockPanel());
   for (const QAction* action : commands_.all()) TxtManEdit_->freeKey(action->shortcut());
@@ -236,7 +247,11 @@ void FrmManEdit::showOther() {
   commands_.action("reload").setEnabled(!text.isPart() && text.archive().isEmpty());
   tellReadOnly();
   for (const auto notice : {OpenText::ofFile, OpenText::ofDraft}) tell(notice);
-  findings_->goOnWith(checkedPath());
+  const QString path = checkedPath();
+  findings_->goOnWith(path);
+  completion_->setFile(path);
+  duplication_->setFile(path);
+  tips_->setFile(path);
   showTitle();
   if (!ManEditInitDone_) return;
   goToPending();
@@ -303,6 +318,11 @@ void FrmManEdit::lookAgain() {
   if (!ManEditInitDone_ || calls_.isClosed()) return;
   tabs_->lookAgain();
   findings_->lookAgain();
+  applyOptions();
+}
+
+void FrmManEdit::applyOptions() {
+  completion_->setAutomatic(FlagOf(services_.settings.GetSet("CompleteWords", "1")).value_or(true));
 }
 
 void FrmManEdit::showEvent(QShowEvent* event) {
@@ -363,6 +383,7 @@ void FrmManEdit::finishSetUp() {
   showState("Idle");
   TxtManEdit_->setFocus();
   findings_->setFile(checkedPath());
+  applyOptions();
   goToPending();
 }
 
@@ -393,6 +414,7 @@ void FrmManEdit::closeEvent(QCloseEvent* event) {
   const WindowCalls::Running call(calls_);
   if (!tabs_->letGo()) return event->ignore();
   storeState();
+  duplication_->setFile({});
   QMainWindow::closeEvent(event);
   calls_.close();
 }

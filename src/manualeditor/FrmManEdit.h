@@ -21,7 +21,9 @@ namespace korvane {
 
 class CatalogueService;
 class FileWriter;
+class BlockDuplication;
 class BlockOutline;
+class Completion;
 class FindBar;
 class FontChooser;
 class FrmReplace;
@@ -32,6 +34,7 @@ class NoticeBar;
 class OpenText;
 class RecentFiles;
 class TextTabs;
+class TextTips;
 struct Services;
 
 // The manual editor: the game's files, or parts of them, as plain text, each in a tab of its own. An opening
@@ -112,6 +115,7 @@ class FrmManEdit : public QMainWindow, public NameSource {
 
   void setUpSoon();
   void lookAgain();
+  void applyOptions();
   void showAnew();
   void setUp();
   void runSetUp();
@@ -144,6 +148,9 @@ class FrmManEdit : public QMainWindow, public NameSource {
   FindBar* find_;
   TextTabs* tabs_;
   LiveFindings* findings_;
+  Completion* completion_;
+  BlockDuplication* duplication_;
+  TextTips* tips_;
   NoticeBar* notices_;
   FrmReplace* replace_;
   RecentFiles* recent_ = nullptr;

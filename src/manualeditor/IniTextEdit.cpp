@@ -236,7 +236,11 @@ int IniTextEdit::lineCount() const {
 }
 
 int IniTextEdit::cursorLine() const {
-  return placeOf(send(Sci::SCI_GETCURRENTPOS)).line;
+  return placeOf(cursor()).line;
+}
+
+qsizetype IniTextEdit::cursor() const {
+  return send(Sci::SCI_GETCURRENTPOS);
 }
 
 IniTextEdit::Place IniTextEdit::placeOf(qsizetype position) const {
@@ -460,6 +464,22 @@ void IniTextEdit::strikeOut() {
 std::string_view IniTextEdit::utf8() const {
   const auto* start = static_cast<const char*>(text_->SendScintillaPtrResult(Sci::SCI_GETCHARACTERPOINTER));
   return {start, static_cast<std::size_t>(send(Sci::SCI_GETLENGTH))};
+}
+
+std::string IniTextEdit::utf8(TextSpan span) const {
+  std::string text(static_cast<std::size_t>(span.to - span.from) + 1,
+                   '\0');  // the control ends it with a zero
+  text_->SendScintilla(Sci::SCI_GETTEXTRANGE, static_cast<long>(span.from), static_cast<long>(span.to),
+                       text.data());
+  text.pop_back();
+  return text;
+}
+
+QRect IniTextEdit::placeOnScreen(qsizetype position) const {
+  const QPoint place(static_cast<int>(send(Sci::SCI_POINTXFROMPOSITION, 0, position)),
+                     static_cast<int>(send(Sci::SCI_POINTYFROMPOSITION, 0, position)));
+  const auto height = static_cast<int>(send(Sci::SCI_TEXTHEIGHT));
+  return {text_->viewport()->mapToGlobal(place), QSize(0, height)};
 }
 
 qsizetype IniTextEdit::send(unsigned message, qsizetype first, qsizetype second) const {

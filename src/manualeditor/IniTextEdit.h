@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QFont>
+#include <QRect>
 #include <QWidget>
 
 #include <span>
@@ -61,6 +62,7 @@ class IniTextEdit : public QWidget {
 
   int lineCount() const;
   int cursorLine() const;  // from 0
+  qsizetype cursor() const;
   // The line of a byte offset in the UTF-8 text, and the number of characters before it in that line; from 0.
   struct Place {
     int line;
@@ -86,6 +88,10 @@ class IniTextEdit : public QWidget {
 
   // The text itself, until its next change.
   std::string_view utf8() const;
+  // A copy of a part, which costs no more than the part.
+  std::string utf8(TextSpan span) const;
+  // Where the screen has the position: a line high, without a width.
+  QRect placeOnScreen(qsizetype position) const;
   TextSpan selection() const;
   // Brings the span into view with some lines around it.
   void select(TextSpan span);

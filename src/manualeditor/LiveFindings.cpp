@@ -91,13 +91,7 @@ void LiveFindings::goToPrevious() {
 void LiveFindings::goTo(const TextFinding* finding) {
   if (finding == nullptr) return;
   text_.select(finding->span);
-  const ScintillaView view = text_.view();
-  const auto from = finding->span.from;
-  const auto below = view.send(Sci::SCI_POINTYFROMPOSITION, 0, from) + view.send(Sci::SCI_TEXTHEIGHT);
-  const QPoint place(static_cast<int>(view.send(Sci::SCI_POINTXFROMPOSITION, 0, from)),
-                     static_cast<int>(below));
-  QWidget* viewport = view.control().viewport();
-  QToolTip::showText(viewport->mapToGlobal(place), FindingsText({finding}), viewport);
+  QToolTip::showText(text_.placeOnScreen(finding->span.from).bottomLeft(), FindingsText({finding}), &text_);
 }
 
 void LiveFindings::applySuggestion() {

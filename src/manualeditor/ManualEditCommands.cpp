@@ -8,6 +8,8 @@
 
 #include "app/Commands.h"
 #include "controls/Icons.h"
+#include "manualeditor/BlockDuplication.h"
+#include "manualeditor/Completion.h"
 #include "manualeditor/FindBar.h"
 #include "manualeditor/FrmManEdit.h"
 #include "manualeditor/LiveFindings.h"
@@ -84,6 +86,15 @@ constexpr std::array kProblemCommands = {
     ProblemCommand{"applySuggestion", "Apply S&uggestion", &LiveFindings::applySuggestion, "Ctrl+."},
 };
 
+constexpr std::array kCompletionCommands = {
+    Command<Completion>{"completeWord", "Complete &Word", &Completion::ask, "Ctrl+Space"},
+};
+
+constexpr std::array kDuplicationCommands = {
+    Command<BlockDuplication>{"duplicateBlock", "Duplicate &Block...", &BlockDuplication::ask,
+                              "Ctrl+Shift+D"},
+};
+
 constexpr MenuRow kSeparator{1};
 
 constexpr std::array kMenuBar = {
@@ -134,8 +145,11 @@ constexpr std::array kMenuBar = {
     MenuRow{1, "previousProblem"},
     MenuRow{1, "applySuggestion"},
     MenuRow{0, "menuText", "&Text"},
+    MenuRow{1, "completeWord"},
+    kSeparator,
     MenuRow{1, "toggleComment"},
     MenuRow{1, "duplicateLines"},
+    MenuRow{1, "duplicateBlock"},
     MenuRow{1, "moveLinesUp"},
     MenuRow{1, "moveLinesDown"},
     kSeparator,
@@ -180,6 +194,8 @@ void AddManualEditCommands(Commands& commands, const ManualEditTargets& targets)
   commands.add<MoveCommands>(kMoveCommands, targets.move);
   commands.add<FindBar>(kFindCommands, targets.find);
   commands.add<LiveFindings>(kProblemCommands, targets.findings);
+  commands.add<Completion>(kCompletionCommands, targets.completion);
+  commands.add<BlockDuplication>(kDuplicationCommands, targets.duplication);
 }
 
 void BuildManualEditMenu(QMenuBar& bar, const Commands& commands) {

@@ -6,7 +6,9 @@ class QToolBar;
 
 namespace korvane {
 
+class BlockDuplication;
 class Commands;
+class Completion;
 class FindBar;
 class FrmManEdit;
 class LiveFindings;
@@ -20,6 +22,8 @@ struct ManualEditTargets {
   MoveCommands& move;
   FindBar& find;
   LiveFindings& findings;
+  Completion& completion;
+  BlockDuplication& duplication;
 };
 void AddManualEditCommands(Commands& commands, const ManualEditTargets& targets);
 

@@ -112,7 +112,9 @@ QWidget* FrmOpt::menuPage() {
 QWidget* FrmOpt::manualEditorPage() {
   QPushButton* clear = Button("Command1", "Clear Search &History");
   connect(clear, &QPushButton::clicked, this, &FrmOpt::clearSearchHistory);
-  return Page("Frame3", "Manual Editor Settings", {clear});
+  complete_ = new QCheckBox("&Propose words while typing");
+  complete_->setObjectName("ChkComplete");
+  return Page("Frame3", "Manual Editor Settings", {clear, complete_});
 }
 
 QWidget* FrmOpt::buttonRow() {
@@ -140,6 +142,7 @@ void FrmOpt::load() {
   loadFont();
   exit_->setChecked(store_.GetSet("Exit", "1").trimmed().toInt() == 1);
   restore_->setChecked(FlagOf(store_.GetSet("RestoreLast", "0")).value_or(false));
+  complete_->setChecked(FlagOf(store_.GetSet("CompleteWords", "1")).value_or(true));
 }
 
 void FrmOpt::loadFont() {
@@ -158,6 +161,7 @@ void FrmOpt::watchChanges() {
   connect(tab_, &QComboBox::currentIndexChanged, this, enableApply);
   connect(exit_, &QCheckBox::clicked, this, enableApply);
   connect(restore_, &QCheckBox::clicked, this, enableApply);
+  connect(complete_, &QCheckBox::clicked, this, enableApply);
 }
 
 void FrmOpt::showFont(const QStringList& values) {
@@ -182,6 +186,7 @@ void FrmOpt::ApplySet() {
     store_.SaveSet("InfoTab", QString::number(tab_->currentIndex()));
     store_.SaveSet("Exit", exit_->isChecked() ? "1" : "0");
     store_.SaveSet("RestoreLast", restore_->isChecked() ? "1" : "0");
+    store_.SaveSet("CompleteWords", complete_->isChecked() ? "1" : "0");
     SaveFont(store_, kTreeFont, font_);
   }
   Q_EMIT optionsApplied();

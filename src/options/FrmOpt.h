@@ -55,6 +55,7 @@ class FrmOpt : public ToolDialog {
   QComboBox* tab_ = nullptr;
   QCheckBox* exit_ = nullptr;
   QCheckBox* restore_ = nullptr;
+  QCheckBox* complete_ = nullptr;
   std::array<QLabel*, kFontLabels> fontLabels_{};
   QPushButton* apply_ = nullptr;
 };

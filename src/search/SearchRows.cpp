@@ -100,7 +100,8 @@ void SearchRows::addItems(std::vector<SearchRow>& rows, const QString& pattern,
                           std::vector<KindId> kinds) const {
   const std::string bytes = ToBytes(pattern);
   const NameMatcher matcher(bytes);
-  const NameHits found = SearchNames(*names_.catalogue(), {bytes, std::move(kinds), kMostItems});
+  const CataloguePtr names = names_.withUnsaved();
+  const NameHits found = SearchNames(*names, {bytes, std::move(kinds), kMostItems});
   for (const NameHit& hit : found.hits) {
     SearchRow row{SearchRow::What::item};
     row.item = ItemOf(hit.definition);

@@ -90,10 +90,15 @@ std::optional<ItemPlace> SearchDesk::definitionOf(const NameHere& name) const {
   const CataloguePtr& names = rows_.names().catalogue();
   if (!rows_.names().isCurrent()) return std::nullopt;
   const auto found = names->definitions(name.space, ToBytes(name.name));
-  if (found.empty()) return std::nullopt;
+  if (found.empty()) return definitionInUnsaved(name);
   const SourceFile& source = found.front().file->source();
   if (!source.archived && LooseSource(source.container, source.path) != source) return std::nullopt;
   return ItemOf(found.front());
+}
+
+std::optional<ItemPlace> SearchDesk::definitionInUnsaved(const NameHere& name) const {
+  const auto found = rows_.names().withUnsaved()->definitions(name.space, ToBytes(name.name));
+  return found.empty() ? std::nullopt : std::optional(ItemOf(found.front()));
 }
 
 void SearchDesk::goToDefinition(const NameHere& name) {

@@ -22,10 +22,6 @@ constexpr std::array<std::string_view, 2> kYesAndNo = {"Yes", "No"};
 constexpr std::string_view kEnd = "End";
 constexpr std::string_view kModule = "<module>";
 
-bool IsYesOrNo(std::string_view word) {
-  return std::ranges::any_of(kYesAndNo, [word](std::string_view each) { return EqualFolded(each, word); });
-}
-
 // Gathers what fits the typed text.
 class Gathering {
  public:
@@ -110,7 +106,7 @@ void AddFirstWords(Gathering& gathering, const WritingPlace& place) {
 void AddWords(Gathering& gathering, const WritingPlace& place) {
   std::span<const std::string_view> words = place.facts->words;
   if (words.empty()) return;
-  const bool choice = std::ranges::all_of(words, IsYesOrNo);
+  const bool choice = IsChoice(*place.facts);
   if (choice) words = kYesAndNo;
   if ((choice || place.facts->key == kModule) && !place.wordsBefore.empty()) return;
   std::size_t order = 0;
@@ -119,19 +115,6 @@ void AddWords(Gathering& gathering, const WritingPlace& place) {
       gathering.add(word, Kind::word, kNoKind, order++);
     }
   }
-}
-
-// What is typed of a name that the place may hold by this reference; nothing when it holds none.
-std::optional<std::string_view> TypedName(const Reference& reference, const WritingPlace& place) {
-  const std::size_t word = place.wordsBefore.size() + 1;
-  const std::string_view label = reference.label;
-  if (label.empty()) {
-    const bool here = word == reference.first || (reference.more && word > reference.first);
-    return here ? std::optional(place.typed) : std::nullopt;
-  }
-  if (EqualFolded(place.typed.substr(0, label.size()), label)) return place.typed.substr(label.size());
-  if (word > 1 && EqualFolded(place.wordsBefore.back(), label)) return place.typed;
-  return std::nullopt;
 }
 
 constexpr std::size_t kBehindWords = 1000;  // more than any list of words has
@@ -162,19 +145,12 @@ void AddNames(Gathering& gathering, SpaceId space, const KnownNames& names) {
 Proposals Propose(std::string_view text, const KnownNames& names, std::size_t most) {
   const WritingPlace place = PlaceBehind(text);
   std::string_view typed = place.typed;
-  std::vector<SpaceId> spaces;
-  if (place.part == WritingPlace::Part::value) {
-    for (const Reference& reference : place.facts->references) {
-      const auto name = TypedName(reference, place);
-      if (!name) continue;
-      typed = *name;
-      spaces.push_back(reference.space);
-    }
-  }
+  const std::vector<TypedName> wanted = NamesAt(place);
+  if (!wanted.empty()) typed = wanted.front().typed;
   Gathering gathering(typed);
   if (place.part == WritingPlace::Part::firstWord) AddFirstWords(gathering, place);
   if (place.part == WritingPlace::Part::value) AddWords(gathering, place);
-  for (const SpaceId space : spaces) AddNames(gathering, space, names);
+  for (const TypedName& name : wanted) AddNames(gathering, name.space, names);
   return {typed.size(), gathering.best(most)};
 }
 

@@ -2,7 +2,10 @@
 #include "writing/WritingPlace.h"
 
 #include <algorithm>
+#include <array>
+#include <optional>
 
+#include "catalogue/FoldedText.h"
 #include "catalogue/StructureReader.h"
 
 namespace korvane {
@@ -10,9 +13,14 @@ namespace korvane {
 namespace {
 
 constexpr std::string_view kLineEnds = "\r\n";
+constexpr std::array<std::string_view, 2> kChoice = {"Yes", "No"};
 
 std::size_t StartOfLastLine(std::string_view text) {
   return text.find_last_of(kLineEnds) + 1;  // 0 without any
+}
+
+bool IsYesOrNo(std::string_view word) {
+  return std::ranges::any_of(kChoice, [word](std::string_view each) { return EqualFolded(each, word); });
 }
 
 // In the first column, as the structure's reader closes whatever is open before it.
@@ -100,7 +108,33 @@ void FillValue(WritingPlace& place, std::string_view line, std::size_t valueColu
   place.part = WritingPlace::Part::value;
 }
 
+// What is typed of a name that the place may hold by this reference; nothing when it holds none.
+std::optional<std::string_view> TypedBy(const Reference& reference, const WritingPlace& place) {
+  const std::size_t word = place.wordsBefore.size() + 1;
+  const std::string_view label = reference.label;
+  if (label.empty()) {
+    const bool here = word == reference.first || (reference.more && word > reference.first);
+    return here ? std::optional(place.typed) : std::nullopt;
+  }
+  if (EqualFolded(place.typed.substr(0, label.size()), label)) return place.typed.substr(label.size());
+  if (word > 1 && EqualFolded(place.wordsBefore.back(), label)) return place.typed;
+  return std::nullopt;
+}
+
 }  // namespace
+
+bool IsChoice(const KeyFacts& facts) {
+  return !facts.words.empty() && std::ranges::all_of(facts.words, IsYesOrNo);
+}
+
+std::vector<TypedName> NamesAt(const WritingPlace& place) {
+  std::vector<TypedName> names;
+  if (place.part != WritingPlace::Part::value) return names;
+  for (const Reference& reference : place.facts->references) {
+    if (const auto typed = TypedBy(reference, place)) names.push_back({reference.space, *typed});
+  }
+  return names;
+}
 
 std::string_view FromLastHeader(std::string_view text) {
   std::size_t begin = StartOfLastLine(text);

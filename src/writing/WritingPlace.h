@@ -24,6 +24,17 @@ struct WritingPlace {
   std::string_view typed;                     // of the word at the place
 };
 
+// What is typed of a name, and what it would name.
+struct TypedName {
+  SpaceId space = kNoSpace;
+  std::string_view typed;
+};
+// By each reference that the place may hold; none where no name is expected.
+std::vector<TypedName> NamesAt(const WritingPlace& place);
+
+// The key takes "Yes" or "No".
+bool IsChoice(const KeyFacts& facts);
+
 WritingPlace PlaceBehind(std::string_view text);
 
 // The part of the text that decides about the place behind it: from the last header of a named block in the

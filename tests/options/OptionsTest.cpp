@@ -102,15 +102,24 @@ TEST_F(Options, ApplyStoresTheTabAndTellsTheMainWindow) {
   EXPECT_EQ(store.GetSet("Exit"), "0");
 }
 
-TEST_F(Options, TheLastObjectIsRestoredOnlyWhenThatIsWanted) {
-  open();
-  EXPECT_FALSE(button("ChkRestoreLast")->isChecked());
-  button("ChkRestoreLast")->click();
-  EXPECT_TRUE(button("BtnApply")->isEnabled());
-  click("BtnOK");
-  EXPECT_EQ(store.GetSet("RestoreLast", "0"), "1");
-  open();
-  EXPECT_TRUE(button("ChkRestoreLast")->isChecked());
+TEST_F(Options, ABoxThatIsChangedIsStored) {
+  const struct {
+    const char* box;
+    const char* setting;
+    bool first;
+  } boxes[] = {{"ChkRestoreLast", "RestoreLast", false}, {"ChkComplete", "CompleteWords", true}};
+  for (const auto& each : boxes) {
+    SCOPED_TRACE(each.box);
+    open();
+    EXPECT_EQ(button(each.box)->isChecked(), each.first);
+    EXPECT_FALSE(button("BtnApply")->isEnabled());
+    button(each.box)->click();
+    EXPECT_TRUE(button("BtnApply")->isEnabled());
+    click("BtnOK");
+    EXPECT_EQ(store.GetSet(each.setting), each.first ? "0" : "1");
+    open();
+    EXPECT_EQ(button(each.box)->isChecked(), !each.first);
+  }
 }
 
 TEST_F(Options, AChosenFontIsStoredByOk) {

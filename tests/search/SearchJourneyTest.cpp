@@ -253,8 +253,33 @@ TEST_F(TankJourney, AWindowsCommandsAreFoundOnceAndNoneThatItDoesNotOffer) {
             QStringList("Edit Weapon in Manual Editor Command"));
   program.showManualEditor({.ManualEditFile = game.qpath() + "\\Data\\INI\\Weapon.ini"});
   ASSERT_TRUE(waitForTitle("FrmManEdit", "Manual Editor"));
-  EXPECT_EQ(offered("FrmManEdit", "TxtManEdit", "duplicate"), QStringList("Duplicate Command Ctrl+D"));
+  EXPECT_EQ(offered("FrmManEdit", "TxtManEdit", "comment"), QStringList("Toggle Comment Command Ctrl+/"));
   EXPECT_EQ(offered("FrmManEdit", "TxtManEdit", "extract"), QStringList()) << "the text is in no archive";
+}
+
+// A unit is added by duplicating one, found while it is not saved yet, and saved, all with the keyboard.
+TEST_F(TankJourney, ADuplicatedUnitIsFoundAtOnce) {
+  program.showManualEditor({.ManualEditFile = game.qpath() + "\\Data\\INI\\Object\\FactionUnit.ini"});
+  ASSERT_TRUE(waitForTitle("FrmManEdit", "Manual Editor"));
+  QWidget& text = *part<QWidget>("FrmManEdit", "TxtManEdit").focusProxy();
+  press(text, Qt::Key_P, Qt::ControlModifier);
+  findAnything("FrmManEdit", "jeep");
+  ASSERT_TRUE(waitForActive("FrmEdit"));
+  program.showManualEditor({.ManualEditFile = game.qpath() + "\\Data\\INI\\Object\\FactionUnit.ini"});
+  ASSERT_TRUE(waitForTitle("FrmManEdit", "Manual Editor"));
+  press(text, Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
+  auto& field = part<QLineEdit>("NewNameDialog", "newName");
+  QTest::keyClicks(&field, "AmericaScout");
+  QTest::keyClick(&field, Qt::Key_Return);
+  press(text, Qt::Key_End, Qt::ControlModifier);
+  press(text, Qt::Key_P, Qt::ControlModifier);
+  findAnything("FrmManEdit", "scout");
+  EXPECT_TRUE(
+      QTest::qWaitFor([] { return part<QLabel>("FrmManEdit", "Panel1").text().startsWith("Line 5 "); }));
+  press(text, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(
+      game.read("Data/INI/Object/FactionUnit.ini").find("Object AmericaScout\r\n  MaxHealth = 90\r\nEnd"),
+      45U);
 }
 
 TEST_F(TankJourney, EveryWindowFindsAnythingAndTexts) {

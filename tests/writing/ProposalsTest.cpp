@@ -74,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"nested blocks", "Object A\n  WeaponS", "7: WeaponSet"},
         Case{"the next of a series", "ChallengeGenerals\n GeneralPersona1\n End\n General",
              "7: GeneralPersona2", 1},
-        Case{"End", "Weapon A\n  en", "2: End", 1}, Case{"no End outside", "Weapon A\nEnd\nend", "3: VideoEvent"},
+        Case{"End", "Weapon A\n  en", "2: End", 1}, Case{"no End outside", "Weapon A\nEnd\nend", ""},
         Case{"End first", "Weapon A\n", "0: End AcceptableAimDelta AllowAttackGarrisonedBldgs"},
         Case{"names", "Object A\n  WeaponSet\n    Weapon = PRIMARY tank",
              "4: TankGun BigTankGun TypedTankGun"},
