@@ -95,7 +95,7 @@ TEST_F(BlockDuplicationTest, WhatIsSavedOrThrownAwayIsNotNewAnyLonger) {
   text().goTo(0, 0, 0);
   answer(*ask(), "Sling");
   ASSERT_TRUE(known("Sling"));
-  openFile(kFile);
+  window_->close();
   EXPECT_FALSE(known("Sling"));
 }
 
