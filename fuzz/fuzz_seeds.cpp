@@ -148,6 +148,7 @@ int main(int argc, char** argv) {
   WriteEach(Folder(seeds / "tree"), kTreeSeeds);
   WriteEach(Folder(seeds / "catalogue"), kCatalogueSeeds);
   WriteEach(Folder(seeds / "check"), kCheckSeeds);
+  WriteEach(Folder(seeds / "writing"), kCatalogueSeeds);
   WriteEach(Folder(seeds / "edit"), kEditSeeds);
   WriteEach(Folder(seeds / "compare"), kCompareSeeds);
   return 0;

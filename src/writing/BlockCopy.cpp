@@ -13,6 +13,7 @@ namespace korvane {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 const Kind* KindOf(const TextBlock& block) {
   const KindId kind = GameStructure::get().type(block.type).kind;
@@ -148,10 +149,12 @@ std::string WhyNotNamed(const NewName& name) {
 }
 
 BlockCopy CopyOf(std::string_view text, const TextBlock& block, std::string_view name) {
-  const std::string_view original = TextOf(text, block);
+  std::string_view original = TextOf(text, block);
+  const std::size_t mark = original.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
+  original.remove_prefix(mark);  // it belongs to the text
   const std::string_view old = NameOf(block);
   const bool endsLine = original.ends_with('\n') || original.ends_with('\r');
-  const std::size_t behindKeyword = std::min(block.column - 1 + block.keyword.size(), original.size());
+  const std::size_t behindKeyword = std::min(block.column - 1 - mark + block.keyword.size(), original.size());
   const std::size_t at = original.find(old, behindKeyword);
   BlockCopy copy;
   copy.text = endsLine ? kLineEnd : std::string(kLineEnd) + std::string(kLineEnd);

@@ -92,6 +92,11 @@ TEST_F(BlockCopyTest, ABlockThatEndsTheTextGetsALineEnd) {
   EXPECT_EQ(copy.text, "\r\n\r\n  Weapon  W\nEnd");
 }
 
+TEST_F(BlockCopyTest, AByteOrderMarkStaysAtTheStartOfTheText) {
+  constexpr std::string_view kMarked = "\xEF\xBB\xBFWeapon V\nEnd\n";
+  EXPECT_EQ(CopyOf(kMarked, ReadBlocks(kMarked).front(), "W").text, "\r\nWeapon W\nEnd\n");
+}
+
 TEST_F(BlockCopyTest, TellsWhichNamesACopyMayWantForItsOwn) {
   const OwnNames own = OwnNamesIn(kText, block("Tank"), &names_);
   EXPECT_EQ(own.names, std::vector<std::string>({"TankCommandSet", "OnlyGun"}));
