@@ -53,12 +53,10 @@ bool TakeOwnHeader(std::string_view line, std::string_view kind, std::string_vie
 }
 
 void FindOwnHeader(std::string_view bytes, std::string_view kind, std::string_view name, ShownBlock& block) {
-  std::size_t number = 1;
   const char first = FoldedByte(kind[0]);
   ForEachLine(bytes, [&](std::string_view line) {
     const bool own = !line.empty() && FoldedByte(line[0]) == first && TakeOwnHeader(line, kind, name, block);
-    if (own) block.ownLine = number;
-    number += LinesInEditor(line);
+    if (own) block.ownLine = LineInEditor(bytes, static_cast<std::size_t>(line.data() - bytes.data()));
     return !own;
   });
 }

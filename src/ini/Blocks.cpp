@@ -37,24 +37,33 @@ void ReadHeaders(TVItem& reader, const ProgramPath& path, std::string_view begin
   reader.NewLine = nullptr;
 }
 
+std::size_t LineInEditor(std::string_view bytes, std::size_t offset) {
+  const std::string_view before = bytes.substr(0, offset);
+  std::size_t ends = static_cast<std::size_t>(std::ranges::count(before, '\r'));
+  // Without a state between two bytes the compiler looks at many of them at once.
+  for (std::size_t at = 0; at < before.size(); ++at)
+    ends += static_cast<std::size_t>(before[at] == '\n' && (at == 0 || before[at - 1] != '\r'));
+  return 1 + ends;
+}
+
 std::optional<BlockSpan> FindBlock(std::string_view bytes, std::string_view lowerBegin) {
   std::optional<BlockSpan> block;
-  std::size_t number = 1;
-  bool ended = false;
-  const auto take = [&](std::string_view line) {
+  std::size_t lastOffset = 0;
+  std::string_view last;
+  ForEachLine(bytes, [&](std::string_view line) {
     const auto offset = static_cast<std::size_t>(line.data() - bytes.data());
-    if (!block && BeginsWithIgnoringCase(line, lowerBegin))
-      block = BlockSpan{Header(line), number, 0, offset, 0};
-    ended = block && EndsBlock(line);
-    const std::size_t lastOfLine = number + LinesInEditor(line) - 1;
-    if (block) {
-      block->lastLine = ended ? number : lastOfLine;
-      block->size = offset + line.size() - block->offset;
-    }
-    number = lastOfLine + 1;
-    return !ended;
-  };
-  ForEachLine(bytes, take);
+    if (!block && BeginsWithIgnoringCase(line, lowerBegin)) block = BlockSpan{Header(line), 0, 0, offset, 0};
+    if (!block) return true;
+    last = line;
+    lastOffset = offset;
+    return !EndsBlock(line);
+  });
+  if (!block) return block;
+  block->firstLine = LineInEditor(bytes, block->offset);
+  const std::string_view inBlock = bytes.substr(block->offset);
+  const std::size_t linesOfLast = EndsBlock(last) ? 1 : LinesInEditor(last);
+  block->lastLine = block->firstLine + LineInEditor(inBlock, lastOffset - block->offset) + linesOfLast - 2;
+  block->size = lastOffset + last.size() - block->offset;
   return block;
 }
 

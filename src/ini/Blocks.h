@@ -29,6 +29,9 @@ bool EndsBlock(std::string_view line);
 // How many lines an editor makes of a line: a lone LF ends one there.
 std::size_t LinesInEditor(std::string_view line);
 
+// The number that an editor gives the line that begins at an offset, from 1.
+std::size_t LineInEditor(std::string_view bytes, std::size_t offset);
+
 // Reads a file and hands out its headers, in their order; those inside unfinished blocks too.
 void ReadHeaders(TVItem& reader, const ProgramPath& path, std::string_view begin,
                  const std::function<void(const HeaderLine&)>& take);
