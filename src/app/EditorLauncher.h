@@ -22,7 +22,18 @@ struct NameHere;
 enum class TableEditorId { weapons, armours, commandSets, commandButtons };
 
 // What all windows offer for the names of a game folder.
-enum class SearchCommand { anything, definition, uses, namesUsed, files, problems, history, original, back, forward };
+enum class SearchCommand {
+  anything,
+  definition,
+  uses,
+  namesUsed,
+  files,
+  problems,
+  history,
+  original,
+  back,
+  forward
+};
 
 // What the windows ask of each other. Every window is made at its first use and shown modeless.
 class EditorLauncher {

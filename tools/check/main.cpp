@@ -83,8 +83,8 @@ std::string PrefixOf(const std::string& game) {
 
 bool SaySkipped(const Catalogue& catalogue) {
   for (const SkippedFile& skipped : catalogue.skipped())
-    std::cerr << "korvane-check: " << Utf8FromPath(NativePath(ProgramPath(skipped.path))) << ": not read, for "
-              << skipped.reason << '\n';
+    std::cerr << "korvane-check: " << Utf8FromPath(NativePath(ProgramPath(skipped.path)))
+              << ": not read, for " << skipped.reason << '\n';
   return !catalogue.skipped().empty();
 }
 
