@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QPixmap>
@@ -227,7 +228,7 @@ void Tour::search() {
 void Tour::manualEditor() {
   trigger("FrmEdit", "MnuFileEdit0");
   picture(window("FrmManEdit"), "manual-editor");
-  for (const char* file : {"MnuFileEdit3", "MnuFileEdit6"}) {
+  for (const char* file : {"MnuFileEdit1", "MnuFileEdit4"}) {
     trigger("FrmEdit", file);
     window("FrmManEdit");
   }
