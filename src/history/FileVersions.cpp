@@ -6,8 +6,10 @@
 
 #include <utility>
 
+#include "compare/LineDifference.h"
 #include "files/FileBytes.h"
 #include "files/NativePath.h"
+#include "ini/IniText.h"
 #include "platform/FileText.h"
 
 namespace korvane {
@@ -30,6 +32,15 @@ FileVersion PresentOf(const QString& path, std::optional<std::string> edited, bo
   present.size =
       present.edited ? static_cast<qint64>(KeepableOfUtf8(*present.edited).bytes.size()) : info.size();
   return present;
+}
+
+// The line that says what a part is about.
+std::string_view HeadOfPart(std::string_view text) {
+  for (const std::string_view line : LinesOf(text)) {
+    const std::string_view words = TrimSpaces(line);
+    if (!words.empty() && !words.starts_with(';')) return words;
+  }
+  return {};
 }
 
 }  // namespace
@@ -62,6 +73,16 @@ std::optional<std::string> ReadBytes(const FileVersion& version) {
 
 bool IsPart(const FileVersion& version) {
   return version.kept && version.kept->part;
+}
+
+QString VersionOfPart(const QString& folder, std::string_view part) {
+  const std::string_view head = HeadOfPart(part);
+  if (head.empty()) return {};
+  for (const KeptVersion& kept : KeptVersions::versionsIn(folder)) {
+    const auto text = kept.part ? ReadUtf8({.kept = kept}) : std::nullopt;
+    if (text && HeadOfPart(*text) == head) return kept.file;
+  }
+  return {};
 }
 
 QString KindText(const FileVersion& version) {

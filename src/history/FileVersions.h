@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/KeptVersions.h"
@@ -35,6 +36,9 @@ std::optional<std::string> ReadUtf8(const FileVersion& version);
 std::optional<std::string> ReadBytes(const FileVersion& version);
 
 bool IsPart(const FileVersion& version);
+// The newest kept version of a part (in UTF-8) of a file, among those in the file's folder: one that begins
+// with the same line, blank ones and comments aside. Gives its native path; empty: there is none.
+QString VersionOfPart(const QString& folder, std::string_view part);
 // "Replaced by a save".
 QString KindText(const FileVersion& version);
 // "14 May 2026 18:03:22", in the user's time zone.

@@ -304,6 +304,10 @@ void HistoryWindow::showFile(const QString& path, const QString& version) {
   listVersions(version);
 }
 
+void HistoryWindow::showPart(const QString& path, std::string_view part) {
+  showFile(path, VersionOfPart(kept_.folderOf(path), part));
+}
+
 void HistoryWindow::fileChosen() {
   listVersions({});
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "app/Worker.h"
@@ -38,6 +39,8 @@ class HistoryWindow : public ToolDialog {
   // Chooses the file (the program's path) and one of its versions (native path), or the newest one. A file
   // without versions chooses nothing.
   void showFile(const QString& path, const QString& version = {});
+  // The same with the newest version of a part (in UTF-8) of the file, or where none is kept of the file.
+  void showPart(const QString& path, std::string_view part);
 
   // Writes the chosen version to a file (native path); a file that was there is kept first. False, after a
   // message, when that comes to nothing.

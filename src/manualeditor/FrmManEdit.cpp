@@ -547,6 +547,15 @@ std::optional<NameHere> FrmManEdit::nameHere() const {
   return NameAtCursor(*TxtManEdit_, *outline_);
 }
 
+const QString& FrmManEdit::file() const {
+  return tabs_->current().file();
+}
+
+std::string FrmManEdit::part() const {
+  const OpenText& text = tabs_->current();
+  return text.isPart() ? std::string(text.utf8()) : std::string();
+}
+
 std::optional<ItemPlace> FrmManEdit::placeHere() const {
   const auto place = tabs_->current().cursorPlace();
   return place ? std::optional(ItemPlace{.place = *place}) : std::nullopt;

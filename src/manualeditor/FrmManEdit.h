@@ -56,6 +56,10 @@ class FrmManEdit : public QMainWindow, public NameSource {
   // Empties the list of what was sought; the text in the find box stays.
   void forgetFinds();
 
+  // The program's path of the file whose text is shown, empty before the first, and the text in UTF-8 when it
+  // is only a part of that file, else an empty one.
+  const QString& file() const;
+  std::string part() const;
   // There is text of the whole file that is not saved.
   bool hasUnsaved(const QString& file) const;
 

@@ -113,6 +113,17 @@ void Program::showHistory(const QString& file, const QString& version) {
   Present(history_.get());
 }
 
+// Of the file, or of the part of one, that the window shows.
+void Program::showHistoryOf(const QWidget& window) {
+  if (const FrmManEdit* editor = manualEditor_.existing(); editor == &window) {
+    history_.get().showPart(editor->file(), editor->part());
+    return Present(history_.get());
+  }
+  const auto* source = dynamic_cast<const NameSource*>(&window);
+  const auto place = source == nullptr ? std::nullopt : source->placeHere();
+  showHistory(place ? services_.folders.game + '\\' + place->place.path : QString());
+}
+
 void Program::keepAtEnd() {
   if (FrmManEdit* editor = manualEditor_.existing()) editor->keepAtEnd();
 }
@@ -364,9 +375,7 @@ void Program::search(SearchCommand command, QWidget& window) {
   } else if (command == SearchCommand::original) {
     Present(compare_.get());
   } else if (command == SearchCommand::history) {
-    const auto* source = dynamic_cast<const NameSource*>(&window);
-    const auto place = source == nullptr ? std::nullopt : source->placeHere();
-    showHistory(place ? services_.folders.game + '\\' + place->place.path : QString());
+    showHistoryOf(window);
   } else {
     searchDesk_.carryOut(command, window);
   }

@@ -90,6 +90,7 @@ class Program : public EditorLauncher, public StartupWindows {
   void fileSaved(const QString& file);
   void tellKeptTexts();
   void showHistory(const QString& file, const QString& version = {});
+  void showHistoryOf(const QWidget& window);
   bool wholeInManualEditor(const QString& file);
   void waitForNames();
 

@@ -142,6 +142,26 @@ TEST_F(CompareTest, AnItemIsShownAsTextSideBySideAndAtBothPlaces) {
   EXPECT_FALSE(part<QPushButton>("inModification").isEnabled()) << "Axe is gone";
 }
 
+TEST_F(CompareTest, ADoubleClickLeadsToTheTextsAndAKeyFromThereToEachPlace) {
+  auto& tree = part<QTreeView>("items");
+  choose(item(0));
+  const QPoint gun = tree.visualRect(item(1)).center();
+  QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, gun);
+  QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {}, gun);
+  const auto& view = part<DifferenceView>("difference");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return view.presentLine() == 2; }));
+  EXPECT_EQ(window.focusWidget(), view.focusProxy());
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  const std::pair<Qt::Key, std::size_t> keys[] = {{Qt::Key_I, 1}, {Qt::Key_S, 2}};
+  for (const auto& [key, opened] : keys) {
+    QTest::keyClick(window.focusWidget(), key, Qt::AltModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&, count = opened] { return places.places.size() == count; }));
+  }
+  EXPECT_EQ(places.places[0].archive, original.qpath());
+  EXPECT_EQ(places.places[1], (FilePlace{"Data\\INI\\Weapon.ini", {}, 5}));
+}
+
 TEST_F(CompareTest, AllIsExportedInEveryFormat) {
   for (const ExportFormat& format : ExportFormats()) {
     const QString file = settingsFolder.filePath("notes" + QString::fromUtf8(format.ending.data()));

@@ -9,7 +9,9 @@
 #include <QTest>
 #include <QTreeWidget>
 
+#include "app/ManualEditRequest.h"
 #include "controls/NoticeBar.h"
+#include "history/DataComparison.h"
 #include "mainwindow/FrmEdit.h"
 #include "manualeditor/FrmManEdit.h"
 #include "manualeditor/IniTextEdit.h"
@@ -94,6 +96,35 @@ TEST_F(HistoryJourney, TakeOneChangeBack) {
   EXPECT_EQ(list("changes").topLevelItemCount(), 2);
   history().findChild<QPushButton*>("takeBack")->click();
   EXPECT_EQ(text().fileBytes().bytes, kFirst + "; end ");
+}
+
+TEST_F(HistoryJourney, APartShowsItsOwnVersionAmongThoseOfItsFile) {
+  const FileWriter files;
+  const KeptVersions versions(files);
+  const std::string gun = "Weapon Gun\r\n  Damage = 7\r\nEnd\r\n";
+  for (const std::string& part : {gun, std::string("Weapon Bow\r\nEnd\r\n")}) {
+    ASSERT_EQ(versions.keepUnsaved({.path = path, .part = true, .utf8 = part}), "");
+  }
+  ASSERT_EQ(versions.keepUnsaved({.path = path, .utf8 = gun}), "");
+  program->showManualEditor({.ManualEditFile = path, .ManualEditPartial = 1, .text = kFirst});
+  ASSERT_TRUE(QTest::qWaitFor([] { return VisibleWindow("FrmManEdit") != nullptr; }));
+  trigger("showHistory");
+  waitForHistory();
+  ASSERT_EQ(list("versions").topLevelItemCount(), 4);
+  EXPECT_EQ(list("versions").currentItem(), list("versions").topLevelItem(3)) << "the one of Gun alone";
+}
+
+TEST_F(HistoryJourney, AComparisonMarksTheTree) {
+  const GameFolder original;
+  original.ini("Weapon.ini", kFirst);
+  DataComparison(services).setOriginal(original.qpath());
+  game.objects("FactionUnit.ini", "Object Jeep\nEnd\n");
+  FrmEdit& main = program->mainWindow();
+  main.show();
+  auto& filter = *main.findChild<QAction*>("onlyChanged");
+  ASSERT_FALSE(filter.isEnabled());
+  program->search(SearchCommand::original, main);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return filter.isEnabled(); }));
 }
 
 TEST_F(HistoryJourney, CrashAndRestore) {
