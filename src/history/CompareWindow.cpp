@@ -213,10 +213,6 @@ QWidget* CompareWindow::makeTexts() {
   bar->addStretch(1);
   bar->addWidget(makeButton("previousButton", "Pre&vious Change", &CompareWindow::previousChange));
   bar->addWidget(makeButton("nextButton", "&Next Change", &CompareWindow::nextChange));
-  auto* fold = Named("fold", new QCheckBox("Fol&d equal lines"));
-  fold->setChecked(true);
-  connect(fold, &QCheckBox::toggled, view_, &DifferenceView::setFolded);
-  bar->addWidget(fold);
   bar->addStretch(1);
   bar->addWidget(inModification_ = makeButton("inModification", "&Show in the Modification",
                                               &CompareWindow::showInModification));
@@ -227,7 +223,12 @@ void CompareWindow::buildFoot(QBoxLayout& layout) {
   auto* row = new QHBoxLayout;
   layout.addLayout(row);
   state_->setTextFormat(Qt::PlainText);
+  state_->setWordWrap(true);
   row->addWidget(state_, 1);
+  auto* fold = Named("fold", new QCheckBox("Fol&d equal lines"));
+  fold->setChecked(true);
+  connect(fold, &QCheckBox::toggled, view_, &DifferenceView::setFolded);
+  row->addWidget(fold);
   row->addWidget(makeButton("copyButton", "&Copy", &CompareWindow::copy));
   row->addWidget(export_ = makeExportButton());
 }

@@ -47,7 +47,8 @@ constexpr QSize kDesignSize{1100, 640};
 constexpr std::array kListWidths = {170, 540, 390};  // pixels, of files, versions and changes
 constexpr std::array kHeights = {200, 420};          // of the lists and of the texts
 
-constexpr int kLongestChoice = 45;  // average characters
+constexpr int kShortestChoice = 12;  // characters that are seen in any case
+constexpr int kLongestChoice = 45;   // average characters
 
 enum Column { timeColumn, kindColumn, sizeColumn, linesColumn };
 
@@ -124,9 +125,9 @@ HistoryWindow::HistoryWindow(const Services& services, const FileWriter& files, 
   auto* foot = new QHBoxLayout;
   layout->addLayout(foot);
   buildFoot(*foot);
-  room_->setTextFormat(Qt::PlainText);
-  room_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  layout->addWidget(room_);
+  auto* bottom = new QHBoxLayout;
+  layout->addLayout(bottom);
+  buildBottom(*bottom);
   connectLists();
   RestorePlacement(services_.settings, *this);
   listFiles();
@@ -160,13 +161,11 @@ void HistoryWindow::buildBar(QBoxLayout& layout) {
   label->setBuddy(against_);
   layout.addWidget(label);
   against_->setAccessibleName("Compare with");
-  against_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  against_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  against_->setMinimumContentsLength(kShortestChoice);
   against_->setMaximumWidth(kLongestChoice * fontMetrics().averageCharWidth());
-  layout.addWidget(against_);
-  state_->setTextFormat(Qt::PlainText);
-  layout.addWidget(state_, 1);
-  layout.addWidget(progress_);
-  layout.addWidget(cancel_ = makeButton("cancel", "Cance&l", &HistoryWindow::cancel));
+  layout.addWidget(against_, 1);
+  layout.addStretch();
   layout.addWidget(makeButton("previousButton", "Pre&vious Change", &HistoryWindow::previousChange));
   layout.addWidget(makeButton("nextButton", "&Next Change", &HistoryWindow::nextChange));
   auto* fold = Named("fold", new QCheckBox("Fol&d equal lines"));
@@ -184,7 +183,17 @@ void HistoryWindow::buildFoot(QBoxLayout& layout) {
   layout.addWidget(takeBack_ = makeButton("takeBack", "&Take This Change Back", &HistoryWindow::takeBack));
   layout.addWidget(copy_ = makeButton("copyButton", "&Copy", &HistoryWindow::copy));
   layout.addWidget(saveAs_ = makeButton("saveAs", "&Save As...", &HistoryWindow::saveAs));
-  layout.addStretch(1);
+  state_->setTextFormat(Qt::PlainText);
+  state_->setWordWrap(true);
+  layout.addWidget(state_, 1);
+}
+
+void HistoryWindow::buildBottom(QBoxLayout& layout) {
+  room_->setTextFormat(Qt::PlainText);
+  room_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  layout.addWidget(room_, 1);
+  layout.addWidget(progress_);
+  layout.addWidget(cancel_ = makeButton("cancel", "Cance&l", &HistoryWindow::cancel));
   layout.addWidget(makeButton("forgetVersions", "&Forget Versions Older Than...", &HistoryWindow::forget));
 }
 

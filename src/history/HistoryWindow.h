@@ -54,6 +54,7 @@ class HistoryWindow : public ToolDialog {
   QWidget* makeDifference();
   void buildBar(QBoxLayout& layout);
   void buildFoot(QBoxLayout& layout);
+  void buildBottom(QBoxLayout& layout);
   void connectLists();
   QPushButton* makeButton(const char* name, const char* caption, void (HistoryWindow::*run)());
   void makeKey(const char* name, const char* caption, const QKeySequence& key, void (HistoryWindow::*run)());
