@@ -42,7 +42,9 @@ class LineSink : public StructureSink {
     std::string end;  // what its End is compared by; empty: it has none
   };
 
-  explicit LineSink(std::string_view text) { ReadStructure(text, *this); }
+  LineSink(std::string_view text, const std::vector<std::string_view>& lines) : lines_(lines) {
+    ReadStructure(text, *this);
+  }
 
   void blockBegins(const BlockHeader& block) override {
     std::string words = Joined(WordReader(block.words, block.wordsColumn));
@@ -57,7 +59,9 @@ class LineSink : public StructureSink {
   void blockEnds(const BlockHeader& block, const BlockEnd& end) override {
     if (block.depth > 0) return;
     blocks_.back().lastLine = end.lastLine;
-    if (end.closed) blocks_.back().end = kEndMark + blocks_.back().title;
+    if (!end.closed) return;
+    const std::string line(lines_[end.lastLine - 1]);
+    blocks_.back().end = kEndMark + blocks_.back().title + kEndMark + line;
   }
   void keyFound(const KeyLine& key) override { keys_.push_back({key.key.text, key.value, key.place.line}); }
 
@@ -93,6 +97,7 @@ class LineSink : public StructureSink {
             static_cast<std::uint32_t>(lines.begin + lines.count)};
   }
 
+  const std::vector<std::string_view>& lines_;
   std::vector<Key> keys_;
   std::vector<Block> blocks_;
 };
@@ -233,8 +238,8 @@ ComparedTexts::ComparedTexts(std::string former, std::string present, bool partO
       present_(std::move(present)),
       formerLines_(LinesOf(former_)),
       presentLines_(LinesOf(present_)) {
-  const LineSink before(former_);
-  const LineSink now(present_);
+  const LineSink before(former_, formerLines_);
+  const LineSink now(present_, presentLines_);
   runs_ = RunsOf(before, formerLines_, now, presentLines_, partOnly);
   for (const DifferenceRun& run : runs_) {
     if (!run.equal) changes_.push_back(Described(run, before, now));
@@ -274,10 +279,13 @@ const TextChange* ComparedTexts::find(const ComparedTexts& other, const TextChan
 }
 
 std::size_t CountChangedLines(std::string_view former, std::string_view present, bool partOnly) {
+  const Lines before = LinesOf(former);
+  const Lines now = LinesOf(present);
   std::size_t count = 0;
   for (const DifferenceRun& run :
-       RunsOf(LineSink(former), LinesOf(former), LineSink(present), LinesOf(present), partOnly))
+       RunsOf(LineSink(former, before), before, LineSink(present, now), now, partOnly)) {
     count += LinesIn(run);
+  }
   return count;
 }
 

@@ -48,6 +48,7 @@ TEST(ComparedTexts, SayWhatChangedInWhichBlock) {
       {kJeep, "Object Tank: removed", 7},
       {both + kTank + kJeep, "Object Tank: added, and 1 more", 10},
       {"; new\n" + both, ": spacing, order or comments", 1},
+      {With(both, "\nEnd\n", "\nEnd ; of it\n"), "Object Tank: spacing, order or comments", 1},
   };
   for (const Case& each : cases) {
     const ComparedTexts texts(both, each.present);
