@@ -69,8 +69,8 @@ fs::path PathFromUtf8(std::string_view text) {
 std::string Utf8FromPath(const fs::path& path) {
   const std::wstring& wide = path.native();
   const int size = static_cast<int>(wide.size());
-  const auto convert = [&](char* text, int room) {
-    return ::WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, text, room, nullptr, nullptr);
+  const auto convert = [&](char* text, int capacity) {
+    return ::WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, text, capacity, nullptr, nullptr);
   };
   std::string text(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
   convert(text.data(), static_cast<int>(text.size()));

@@ -14,7 +14,7 @@ class QPushButton;
 
 namespace korvane {
 
-// Asks which kept versions are to be forgotten, and says how many these are and how much room they take.
+// Asks which kept versions are to be forgotten, and says how many these are and how much space they take.
 class ForgetDialog : public QDialog {
   Q_OBJECT
 

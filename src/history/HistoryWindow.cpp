@@ -107,7 +107,7 @@ HistoryWindow::HistoryWindow(const Services& services, const FileWriter& files, 
       against_(Named("against", new QComboBox)),
       view_(Named("difference", new DifferenceView)),
       state_(Named("state", new QLabel)),
-      room_(Named("room", new QLabel)),
+      spaceTaken_(Named("spaceTaken", new QLabel)),
       progress_(Named("progress", new QProgressBar)) {
   setObjectName("HistoryWindow");
   setWindowTitle("History");
@@ -189,9 +189,9 @@ void HistoryWindow::buildFoot(QBoxLayout& layout) {
 }
 
 void HistoryWindow::buildBottom(QBoxLayout& layout) {
-  room_->setTextFormat(Qt::PlainText);
-  room_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  layout.addWidget(room_, 1);
+  spaceTaken_->setTextFormat(Qt::PlainText);
+  spaceTaken_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  layout.addWidget(spaceTaken_, 1);
   layout.addWidget(progress_);
   layout.addWidget(cancel_ = makeButton("cancel", "Cance&l", &HistoryWindow::cancel));
   layout.addWidget(makeButton("forgetVersions", "&Forget Versions Older Than...", &HistoryWindow::forget));
@@ -434,10 +434,10 @@ void HistoryWindow::showActions() {
 }
 
 void HistoryWindow::showRoom() {
-  const KeptVersions::Room room = kept_.room();
-  room_->setText(QStringLiteral("%1 of %2 take%3 %4 in %5")
-                     .arg(Counted(room.versions, "version"), Counted(room.files, "file"),
-                          room.versions == 1 ? "s" : "", SizeText(room.bytes), kept_.folder()));
+  const KeptVersions::Extent extent = kept_.extent();
+  spaceTaken_->setText(QStringLiteral("%1 of %2 take%3 %4 in %5")
+                           .arg(Counted(extent.versions, "version"), Counted(extent.files, "file"),
+                                extent.versions == 1 ? "s" : "", SizeText(extent.bytes), kept_.folder()));
 }
 
 void HistoryWindow::showRunning() {

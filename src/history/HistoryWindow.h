@@ -103,7 +103,7 @@ class HistoryWindow : public ToolDialog {
   QComboBox* against_;
   DifferenceView* view_;
   QLabel* state_;
-  QLabel* room_;
+  QLabel* spaceTaken_;
   QProgressBar* progress_;
   QPushButton* cancel_ = nullptr;
   QPushButton* restore_ = nullptr;

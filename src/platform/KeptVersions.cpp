@@ -117,15 +117,15 @@ std::vector<KeptVersions::File> KeptVersions::files() const {
   return files;
 }
 
-KeptVersions::Room KeptVersions::room() const {
-  Room room;
+KeptVersions::Extent KeptVersions::extent() const {
+  Extent extent;
   for (const File& file : files()) {
     const std::vector<KeptVersion> versions = versionsIn(file.folder);
-    if (!versions.empty()) ++room.files;
-    room.versions += versions.size();
-    for (const KeptVersion& version : versions) room.bytes += QFileInfo(version.file).size();
+    if (!versions.empty()) ++extent.files;
+    extent.versions += versions.size();
+    for (const KeptVersion& version : versions) extent.bytes += QFileInfo(version.file).size();
   }
-  return room;
+  return extent;
 }
 
 std::vector<KeptVersion> KeptVersions::olderThan(const QDateTime& time, bool withUnsaved) const {

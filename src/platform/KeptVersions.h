@@ -51,12 +51,12 @@ class KeptVersions {
   static std::optional<QString> read(const KeptVersion& version);
 
   // How much the versions of all files take.
-  struct Room {
+  struct Extent {
     std::size_t files = 0;
     std::size_t versions = 0;
     qint64 bytes = 0;
   };
-  Room room() const;
+  Extent extent() const;
   // The folder (native path) that holds all of them.
   const QString& folder() const { return folder_; }
 

@@ -95,8 +95,8 @@ TEST_F(HistoryTest, ListsFilesAndVersionsWithWhatTheyAre) {
   EXPECT_EQ(column("versions", 1), QStringList({"Present text", "Closed without saving, a part",
                                                 "Replaced by a save", "Replaced by a save"}));
   EXPECT_EQ(column("versions", 3), QStringList({"0", "1", "2", "1"}));
-  EXPECT_TRUE(part<QLabel>("room").text().startsWith("4 versions of 2 files take "));
-  EXPECT_TRUE(part<QLabel>("room").text().endsWith(versions.folder()));
+  EXPECT_TRUE(part<QLabel>("spaceTaken").text().startsWith("4 versions of 2 files take "));
+  EXPECT_TRUE(part<QLabel>("spaceTaken").text().endsWith(versions.folder()));
 }
 
 TEST_F(HistoryTest, ChangesAreGroupedByBlockAndWalkedThrough) {

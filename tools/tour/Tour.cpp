@@ -283,8 +283,8 @@ void Tour::history() {
   trigger("FrmManEdit", "showHistory");
   QWidget* shown = window("HistoryWindow");
   if (shown == nullptr) return;
-  auto* room = shown->findChild<QLabel*>("room");  // names no place of this machine's
-  room->setText(room->text().section(" in ", 0, 0) + " in " + kVersionsPlace);
+  auto* space = shown->findChild<QLabel*>("spaceTaken");  // names no place of this machine's
+  space->setText(space->text().section(" in ", 0, 0) + " in " + kVersionsPlace);
   picture(shown, "history");
   shown->close();
   if (QWidget* editor = window("FrmManEdit")) editor->close();
