@@ -78,7 +78,6 @@ Utf8Session::~Utf8Session() {
 #else
 
 Utf8Session::Utf8Session(int&, char**&) {}
-Utf8Session::~Utf8Session() = default;
 
 #endif
 

@@ -18,7 +18,11 @@ bool OutputTakesColours();
 class Utf8Session {
  public:
   Utf8Session(int& argc, char**& argv);
+#ifdef _WIN32
   ~Utf8Session();
+#else
+  ~Utf8Session() = default;
+#endif
   Utf8Session(const Utf8Session&) = delete;
   Utf8Session& operator=(const Utf8Session&) = delete;
 
