@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <string>
+#include <utility>
+
 #include "stock/StockFiles.h"
 #include "support/GameFolder.h"
 #include "support/ToolRun.h"
@@ -70,10 +74,11 @@ TEST_F(NamesTool, AnswersInJson) {
 TEST_F(NamesTool, TellsWhatItCannotDo) {
   folder.write("Data/INI/Zero.ini", std::string_view("\0", 1));
   folder.write("Empty/file", "");
+  const std::string asTheSystemNamesIt = std::filesystem::path("INI/Zero.ini").make_preferred().string();
   const struct {
     const char* arguments;
     int exitCode;
-    const char* says;
+    std::string says;
   } cases[] = {
       {"", 2, "GAME"},
       {".", 2, "subcommand"},
@@ -82,7 +87,7 @@ TEST_F(NamesTool, TellsWhatItCannotDo) {
       {". --format xml list", 2, "xml"},
       {"Empty list", 2, "no INI files"},
       {"nowhere list", 2, "nowhere: it is no folder"},
-      {". uses Nothing", 2, "/Zero.ini: it is no text"},
+      {". uses Nothing", 2, asTheSystemNamesIt + ": it is no text"},
       {". uses TankGun", 0, "Zero.ini: it is no text"},
       {"--help", 0, "definitions"},
   };
