@@ -12,10 +12,6 @@
 
 namespace korvane {
 
-namespace {
-
-using Key = ComparedBlock::Key;
-
 std::string Joined(WordReader words) {
   std::string joined;
   for (TextWord word = words.next(); !word.text.empty(); word = words.next()) {
@@ -24,6 +20,10 @@ std::string Joined(WordReader words) {
   }
   return joined;
 }
+
+namespace {
+
+using Key = ComparedBlock::Key;
 
 std::string Folded(std::string_view text) {
   std::string folded(text);

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "catalogue/StructureReader.h"
+
 namespace korvane {
 
 // One block as it is compared: what its keys say, whatever their order, spacing and comments. Texts are the
@@ -51,5 +53,8 @@ std::vector<KeyChange> CompareBlocks(const ComparedBlock& former, const Compared
 
 // The value of the item's own key, or nothing.
 std::optional<std::string> ValueOf(const ComparedBlock& block, std::string_view key);
+
+// The words that are left, with one blank between two.
+std::string Joined(WordReader words);
 
 }  // namespace korvane

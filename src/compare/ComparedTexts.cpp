@@ -23,15 +23,6 @@ constexpr char kEndMark = '\x01';  // begins no header
 using Key = ComparedBlock::Key;
 using Lines = std::vector<std::string_view>;
 
-std::string Joined(WordReader words) {
-  std::string joined;
-  for (TextWord word = words.next(); !word.text.empty(); word = words.next()) {
-    if (!joined.empty()) joined += ' ';
-    joined += word.text;
-  }
-  return joined;
-}
-
 // What the lines of a text say, in their order: keys and headers, and the blocks that stand for themselves.
 class LineSink : public StructureSink {
  public:
