@@ -34,20 +34,15 @@ void CatalogueService::setFurtherData(const QStringList& paths) {
   filesChanged();
 }
 
-void CatalogueService::noteUnsaved(const QString& path, std::string_view text) {
-  unsaved_[path] =
-      CatalogueFile::read({.path = path.toStdString(), .container = folders_.game.toStdString()}, text);
+void CatalogueService::setUnsaved(const QObject& owner, Unsaved unsaved) {
+  unsavedOwner_ = &owner;
+  unsaved_ = std::move(unsaved);
 }
 
-void CatalogueService::forgetUnsaved(const QString& path) {
-  unsaved_.erase(path);
-}
-
-CataloguePtr CatalogueService::withUnsaved() const {
+CataloguePtr CatalogueService::withUnsaved(const QString& besides) const {
   CataloguePtr names = catalogue_;
-  for (const auto& [path, file] : unsaved_) {
-    if (names != nullptr) names = WithFile(*names, file);
-  }
+  if (names == nullptr || unsavedOwner_.isNull()) return names;
+  for (const auto& file : unsaved_(besides)) names = WithFile(*names, file);
   return names;
 }
 

@@ -2,12 +2,12 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <QStringList>
 
-#include <map>
+#include <functional>
 #include <memory>
-#include <string_view>
 #include <thread>
 
 #include "catalogue/Catalogue.h"
@@ -33,12 +33,13 @@ class CatalogueService : public QObject {
   bool isCurrent() const { return catalogue_ != nullptr && catalogue_->sources() == sources(); }
   bool isReading() const { return worker_.joinable(); }
 
-  // What a text defines that is edited and not saved, for those who look for what is new. The path is below
-  // the game folder; the text is the file's bytes.
-  void noteUnsaved(const QString& path, std::string_view text);
-  void forgetUnsaved(const QString& path);
-  // The catalogue with what is noted in the place of those files; nullptr before the first one.
-  CataloguePtr withUnsaved() const;
+  // What the texts define that are edited and not saved, all but the one of this path below the game folder.
+  using Unsaved = std::function<Catalogue::Files(const QString& besides)>;
+  // Who knows them, as long as `owner` lives.
+  void setUnsaved(const QObject& owner, Unsaved unsaved);
+  // The catalogue with these in the place of the files; nullptr before the first one. Who has a text of its
+  // own names its path, for which nothing is done then.
+  CataloguePtr withUnsaved(const QString& besides = {}) const;
 
   // Looks which files have changed, and reads those. While that goes on, another wish waits for its end; a
   // reading of another folder is given up.
@@ -63,7 +64,8 @@ class CatalogueService : public QObject {
   const Folders& folders_;
   std::vector<std::string> further_;
   CataloguePtr catalogue_;
-  std::map<QString, std::shared_ptr<const CatalogueFile>> unsaved_;
+  QPointer<const QObject> unsavedOwner_;
+  Unsaved unsaved_;
   CatalogueSources reading_;  // what the worker reads
   bool wanted_ = false;       // again, once the worker is done
   std::jthread worker_;

@@ -45,6 +45,12 @@ struct Reference {
   std::string_view label{};  // with its colon: the name follows the label in the same word or in the next
 };
 
+// The words of which one stands there.
+struct LeadingWords {
+  std::uint8_t position = 0;  // in the value, counted from 1
+  std::span<const std::string_view> words{};
+};
+
 // What is known of a key at a place.
 struct KeyFacts {
   std::string_view key;  // as the table spells it
@@ -58,6 +64,7 @@ struct KeyFacts {
   Outside outside = Outside::none;
   std::vector<Reference> references{};
   std::span<const std::string_view> words{};  // the closed list of its words; empty: there is none
+  std::vector<LeadingWords> leading{};
 };
 
 struct BlockType {

@@ -210,6 +210,8 @@ void StructureMaker::addGeneralFacts() {
   for (const ReferenceRow& row : ReferenceRows())
     references_.emplace(KeyPlace(typeAt(row.path), Folded(row.key)), &row);
   for (const WordsRow& row : WordsRows()) words_.emplace(KeyPlace(typeAt(row.path), Folded(row.key)), &row);
+  for (const LeadingRow& row : LeadingRows())
+    leading_.emplace(KeyPlace(typeAt(row.path), Folded(row.key)), &row);
   for (const OutsideRow& row : OutsideRows())
     outside_.emplace(KeyPlace(typeAt(row.path), Folded(row.key)), &row);
   const auto inheritAll = [this](const auto& rows) {
@@ -218,6 +220,7 @@ void StructureMaker::addGeneralFacts() {
   };
   inheritAll(references_);
   inheritAll(words_);
+  inheritAll(leading_);
   inheritAll(outside_);
 }
 
@@ -227,16 +230,19 @@ void StructureMaker::inherit(KeyFacts& facts, BlockTypeId from, std::string_view
   for (auto [row, end] = references_.equal_range(place); row != end; ++row)
     if (Lists(row->second->modules, module))
       facts.references.push_back(ReferenceOf(*row->second, made_.space(row->second->space)));
-  if (const auto row = words_.find(place); row != words_.end()) facts.words = wordList(*row->second);
+  if (const auto row = words_.find(place); row != words_.end()) facts.words = wordList(row->second->words);
+  for (auto [row, end] = leading_.equal_range(place); row != end; ++row)
+    if (Lists(row->second->modules, module))
+      facts.leading.push_back({NumberOf(row->second->position), wordList(row->second->words)});
   if (const auto row = outside_.find(place); row != outside_.end())
     facts.outside = ValueOf(kOutside, row->second->what);
 }
 
-std::span<const std::string_view> StructureMaker::wordList(const WordsRow& row) {
-  const auto [place, isNew] = lists_.emplace(&row, std::span<const std::string_view>());
+std::span<const std::string_view> StructureMaker::wordList(std::string_view words) {
+  const auto [place, isNew] = lists_.emplace(words.data(), std::span<const std::string_view>());
   if (isNew) {
     std::vector<std::string_view>& list = made_.wordLists_.emplace_back();
-    ForEachPart(row.words, ' ', [&](std::string_view word) { list.push_back(word); });
+    ForEachPart(words, ' ', [&](std::string_view word) { list.push_back(word); });
     place->second = list;
   }
   return place->second;

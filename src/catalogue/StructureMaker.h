@@ -37,15 +37,16 @@ class StructureMaker {
   KeyFacts& factsAt(BlockTypeId type, std::string_view key);
   void addKey(const KeyRow& row);
   void inherit(KeyFacts& facts, BlockTypeId from, std::string_view key, std::string_view module);
-  std::span<const std::string_view> wordList(const WordsRow& row);
+  std::span<const std::string_view> wordList(std::string_view words);
 
   GameStructure made_;
   std::map<std::string, BlockTypeId, std::less<>> byPath_;
   std::map<KeyPlace, KeyId> keyAt_;
   RowsOfKeys<ReferenceRow> references_;
   RowsOfKeys<WordsRow> words_;
+  RowsOfKeys<LeadingRow> leading_;
   RowsOfKeys<OutsideRow> outside_;
-  std::map<const WordsRow*, std::span<const std::string_view>> lists_;
+  std::map<const char*, std::span<const std::string_view>> lists_;  // by where the row has the words
 };
 
 }  // namespace korvane

@@ -26,6 +26,9 @@ constexpr SpecialRow kSpecial[] = {
 constexpr WordsRow kWords[] = {
 #include "catalogue/tables/words.inc"
 };
+constexpr LeadingRow kLeading[] = {
+#include "catalogue/tables/leading.inc"
+};
 constexpr OutsideRow kOutside[] = {
 #include "catalogue/tables/outside.inc"
 };
@@ -52,6 +55,9 @@ std::span<const SpecialRow> SpecialRows() {
 }
 std::span<const WordsRow> WordsRows() {
   return kWords;
+}
+std::span<const LeadingRow> LeadingRows() {
+  return kLeading;
 }
 std::span<const OutsideRow> OutsideRows() {
   return kOutside;

@@ -70,6 +70,15 @@ struct WordsRow {
   std::string_view words;  // the frequent ones first, with spaces between
 };
 
+// The words of which one stands at a certain place of a value, before a name or other words.
+struct LeadingRow {
+  std::string_view path;
+  std::string_view key;
+  std::string_view modules;   // only in these, with commas between; empty: in any
+  std::string_view position;  // "1": the first word
+  std::string_view words;     // the frequent ones first, with spaces between
+};
+
 // A value that names something outside of the INI files.
 struct OutsideRow {
   std::string_view path;
@@ -84,6 +93,7 @@ std::span<const KeyRow> KeyRows();
 std::span<const ReferenceRow> ReferenceRows();
 std::span<const SpecialRow> SpecialRows();
 std::span<const WordsRow> WordsRows();
+std::span<const LeadingRow> LeadingRows();
 std::span<const OutsideRow> OutsideRows();
 
 }  // namespace korvane

@@ -9,6 +9,7 @@
 #include "manualeditor/BlockOutline.h"
 #include "manualeditor/IniTextEdit.h"
 #include "manualeditor/NewNameDialog.h"
+#include "manualeditor/OpenText.h"
 #include "platform/TextEncoding.h"
 
 namespace korvane {
@@ -52,16 +53,16 @@ QString WorthChanging(const OwnNames& own) {
 BlockDuplication::BlockDuplication(IniTextEdit& text, BlockOutline& outline, CatalogueService& names)
     : QObject(&text), text_(text), outline_(outline), names_(names) {
   connect(&outline_, &BlockOutline::changed, this, &BlockDuplication::lookForCopy);
-  connect(&text_, &IniTextEdit::modificationChanged, this, [this] {
-    if (!text_.isModified()) forget();
-  });
 }
 
-void BlockDuplication::setFile(const QString& path) {
-  forget();
-  copy_.clear();
-  path_ = path;
-  Q_EMIT said({});
+void BlockDuplication::setText(OpenText& shown) {
+  shown_ = &shown;
+  Q_EMIT said(shown.copyNote().sentence);
+}
+
+void BlockDuplication::say(const QString& sentence, const std::string& copy) {
+  shown_->copyNote() = {copy, sentence};
+  Q_EMIT said(sentence);
 }
 
 const TextBlock* BlockDuplication::blockAtCursor() const {
@@ -71,7 +72,8 @@ const TextBlock* BlockDuplication::blockAtCursor() const {
 
 QString BlockDuplication::whyNot() const {
   const bool readOnly = text_.view().send(QsciScintillaBase::SCI_GETREADONLY) != 0;
-  if (path_.isEmpty() || readOnly) return "Only blocks of a whole file that can be saved are duplicated.";
+  if (shown_->pathInGame().isEmpty() || readOnly)
+    return "Only blocks of a whole file that can be saved are duplicated.";
   const TextBlock* block = blockAtCursor();
   return block == nullptr ? "There is no block here." : TextOf(WhyNoCopy(*block));
 }
@@ -80,8 +82,10 @@ QString BlockDuplication::whyNotNamed(const QString& name) const {
   const TextBlock* block = blockAtCursor();
   if (block == nullptr) return "There is no block here.";
   const std::string utf8 = name.toStdString();
-  const std::string path = path_.toStdString();
-  return TextOf(WhyNotNamed({utf8, *block, outline_.blocks(), names_.catalogue().get(), path}));
+  const QString file = shown_->pathInGame();
+  const std::string path = file.toStdString();
+  const CataloguePtr names = names_.withUnsaved(file);
+  return TextOf(WhyNotNamed({utf8, *block, outline_.blocks(), names.get(), path}));
 }
 
 // The window waits for the answer, but other windows may change the text meanwhile.
@@ -89,7 +93,7 @@ void BlockDuplication::ask() {
   names_.ensure();
   outline_.refresh();
   const QString reason = whyNot();
-  Q_EMIT said(reason);
+  say(reason);
   if (!reason.isEmpty()) return;
   const TextBlock& block = *blockAtCursor();
   const QString caption = "&Name of the copy of " + TextOf(HeaderOf(block)).replace('&', "&&") + ':';
@@ -111,35 +115,27 @@ void BlockDuplication::duplicate(const QString& name) {
   text_.replaceSpan({behind, behind}, copy.text);
   const auto from = behind + static_cast<qsizetype>(copy.nameAt);
   text_.select({from, from + static_cast<qsizetype>(utf8.size())});
-  copy_ = block.keyword + ' ' + utf8;
   outline_.refresh();
-  names_.noteUnsaved(path_, text_.legibleBytes());
-  Q_EMIT said(sentence);
+  say(sentence, block.keyword + ' ' + utf8);
 }
 
 QString BlockDuplication::tellOf(const TextBlock& block, const std::string& name) const {
   QString sentence = TextOf(block.keyword + ' ' + name) + " is a copy of " + TextOf(NameOf(block)) + ". ";
-  const QString own = WorthChanging(OwnNamesIn(text_.utf8(), block, names_.catalogue().get()));
+  const CataloguePtr names = names_.withUnsaved();
+  const QString own = WorthChanging(OwnNamesIn(text_.utf8(), block, names.get()));
   if (!own.isEmpty()) sentence += "Worth changing in it too: " + own + ". ";
   sentence += "Find Anything finds it at once";
   const bool inTree = block.keyword.compare(0, 6, "Object") == 0;
   return sentence + (inTree ? "; the tree of objects has it after the next start." : ".");
 }
 
-// An undo takes the copy away, and so may the user.
+// An undo takes the copy away, and so may the user. The blocks of another text may come before that text.
 void BlockDuplication::lookForCopy() {
-  if (copy_.empty()) return;
+  if (shown_.isNull() || !shown_->isShown() || shown_->copyNote().header.empty()) return;
   const bool there = std::ranges::any_of(outline_.blocks(), [this](const TextBlock& block) {
-    return block.depth == 0 && HeaderOf(block) == copy_;
+    return block.depth == 0 && HeaderOf(block) == shown_->copyNote().header;
   });
-  if (there) return;
-  forget();
-  copy_.clear();
-  Q_EMIT said({});
-}
-
-void BlockDuplication::forget() {
-  if (!path_.isEmpty()) names_.forgetUnsaved(path_);
+  if (!there) say({});
 }
 
 }  // namespace korvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
 #include <string>
@@ -13,6 +14,13 @@ namespace korvane {
 class BlockOutline;
 class CatalogueService;
 class IniTextEdit;
+class OpenText;
+
+// What was said of the last copy in a text.
+struct CopyNote {
+  std::string header;  // the copy's, as long as it stands there; empty: nothing was copied
+  QString sentence;
+};
 
 // Makes a new item of an old one: copies the block at the cursor behind itself, under a name that it asks
 // for.
@@ -22,13 +30,13 @@ class BlockDuplication : public QObject {
  public:
   BlockDuplication(IniTextEdit& text, BlockOutline& outline, CatalogueService& names);
 
-  // Which file's whole text it is, below the game folder; empty: none that can be saved.
-  void setFile(const QString& path);
+  // Which of the texts the control shows from now on, with what was said of it.
+  void setText(OpenText& shown);
 
   void ask();
 
  Q_SIGNALS:
-  // What was made of which, or why it cannot be; empty takes back what was said.
+  // Of the shown text, what was made of which, or why it cannot be; empty takes back what was said.
   void said(const QString& sentence);
 
  private:
@@ -38,13 +46,12 @@ class BlockDuplication : public QObject {
   void duplicate(const QString& name);
   QString tellOf(const TextBlock& block, const std::string& name) const;
   void lookForCopy();
-  void forget();
+  void say(const QString& sentence, const std::string& copy = {});
 
   IniTextEdit& text_;
   BlockOutline& outline_;
   CatalogueService& names_;
-  QString path_;
-  std::string copy_;  // the header of the last copy, as long as it stands in the text
+  QPointer<OpenText> shown_;
 };
 
 }  // namespace korvane

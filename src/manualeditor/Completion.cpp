@@ -78,7 +78,7 @@ Completion::Completion(IniTextEdit& text, BlockOutline& outline, CatalogueServic
 
 void Completion::setFile(const QString& path) {
   close();
-  path_ = path.toStdString();
+  path_ = path;
 }
 
 void Completion::ask() {
@@ -112,8 +112,9 @@ Proposals Completion::proposals() {
   if (!ownKnown_) own_ = NamesOf(outline_);
   ownKnown_ = true;
   const std::string before = textBefore(text_.cursor());
-  const CataloguePtr& names = names_.catalogue();
-  return Propose(LegibleBytesOfUtf8(FromLastHeader(before)), {names.get(), path_, own_});
+  const CataloguePtr names = names_.withUnsaved(path_);
+  const std::string path = path_.toStdString();
+  return Propose(LegibleBytesOfUtf8(FromLastHeader(before)), {names.get(), path, own_});
 }
 
 void Completion::typed(int /*character*/) {

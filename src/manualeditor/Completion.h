@@ -53,7 +53,7 @@ class Completion : public QObject {
   BlockOutline& outline_;
   CatalogueService& names_;
   ProposalList* list_;
-  std::string path_;
+  QString path_;
   std::vector<ItemName> own_;  // what the text defines
   bool ownKnown_ = false;
   bool automatic_ = true;

@@ -17,6 +17,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/CatalogueService.h"
 #include "app/Places.h"
 #include "app/SearchCommands.h"
 #include "app/Services.h"
@@ -141,6 +142,7 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
   connect(duplication_, &BlockDuplication::said, notices_, [this](const QString& sentence) {
     notices_->tell(kOfCopy, sentence.isEmpty() ? std::vector<Notice>() : std::vector{Notice(sentence)});
   });
+  names.setUnsaved(*this, [this](const QString& besides) { return unsavedNames(besides); });
   Timer1_->setObjectName("Timer1");
   connect(Timer1_, &QTimer::timeout, this, &FrmManEdit::showClock);
   Timer1_->start(kClockInterval);
@@ -247,10 +249,10 @@ void FrmManEdit::showOther() {
   commands_.action("reload").setEnabled(!text.isPart() && text.archive().isEmpty());
   tellReadOnly();
   for (const auto notice : {OpenText::ofFile, OpenText::ofDraft}) tell(notice);
-  const QString path = checkedPath();
+  const QString path = tabs_->current().pathInGame();
   findings_->goOnWith(path);
   completion_->setFile(path);
-  duplication_->setFile(path);
+  duplication_->setText(tabs_->current());
   tips_->setFile(path);
   showTitle();
   if (!ManEditInitDone_) return;
@@ -288,6 +290,11 @@ void FrmManEdit::forgetFinds() {
 
 bool FrmManEdit::hasUnsaved(const QString& file) const {
   return tabs_->hasUnsaved(file);
+}
+
+// A window that is closed has let go of all.
+Catalogue::Files FrmManEdit::unsavedNames(const QString& besides) const {
+  return calls_.isClosed() ? Catalogue::Files() : tabs_->unsavedNames(besides);
 }
 
 bool FrmManEdit::keepUnsavedTexts() {
@@ -382,15 +389,9 @@ void FrmManEdit::finishSetUp() {
   showTitle();
   showState("Idle");
   TxtManEdit_->setFocus();
-  findings_->setFile(checkedPath());
+  findings_->setFile(tabs_->current().pathInGame());
   applyOptions();
   goToPending();
-}
-
-// The path below the game folder of what is checked.
-QString FrmManEdit::checkedPath() const {
-  const OpenText& text = tabs_->current();
-  return text.isWhole() ? PathInGame(services_.folders.game, text.file()) : QString();
 }
 
 // Another text may have come before the set-up was done with this one.
@@ -414,7 +415,6 @@ void FrmManEdit::closeEvent(QCloseEvent* event) {
   const WindowCalls::Running call(calls_);
   if (!tabs_->letGo()) return event->ignore();
   storeState();
-  duplication_->setFile({});
   QMainWindow::closeEvent(event);
   calls_.close();
 }

@@ -11,6 +11,7 @@
 #include "app/ManualEditRequest.h"
 #include "app/NameSource.h"
 #include "app/TextEdit.h"
+#include "catalogue/Catalogue.h"
 #include "platform/WindowCalls.h"
 
 class QLabel;
@@ -131,7 +132,7 @@ class FrmManEdit : public QMainWindow, public NameSource {
   void tell(int notice);
   void tellReadOnly();
   const OpenText* whole(const QString& file) const;
-  QString checkedPath() const;
+  Catalogue::Files unsavedNames(const QString& besides) const;
   void goToPending();
   void buildOpening();
   void openFiles(const QStringList& files);

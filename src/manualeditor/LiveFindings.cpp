@@ -66,13 +66,14 @@ void LiveFindings::checkSoon() {
 // Before the names of all files and of the further data are known, nothing can be called missing.
 void LiveFindings::check() {
   names_.ensure();
-  checked_ = names_.isCurrent() ? names_.catalogue() : nullptr;
+  const CataloguePtr names = names_.isCurrent() ? names_.withUnsaved(path_) : nullptr;
+  if (!SameNames(checked_, names)) checked_ = names;
   if (checked_ != nullptr) check_.start(checked_, path_, std::string(text_.utf8()));
 }
 
 void LiveFindings::namesChanged() {
   const bool wanted = !path_.isEmpty() && !soon_.isActive() && names_.isCurrent();
-  if (wanted && !SameNames(checked_, names_.catalogue())) check();
+  if (wanted && !SameNames(checked_, names_.withUnsaved(path_))) check();
 }
 
 void LiveFindings::show(const std::vector<TextFinding>& findings) {
@@ -104,11 +105,6 @@ void LiveFindings::applySuggestion() {
   text_.findingMarks().remove(span);
   text_.replaceSpan(span, suggestion);
   QToolTip::hideText();
-}
-
-QString PathInGame(const QString& gameFolder, const QString& file) {
-  const QString folder = gameFolder + '\\';
-  return file.startsWith(folder, Qt::CaseInsensitive) ? file.mid(folder.size()) : QString();
 }
 
 }  // namespace korvane

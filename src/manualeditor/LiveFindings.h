@@ -51,7 +51,4 @@ class LiveFindings : public QObject {
   QTimer soon_;
 };
 
-// The path below the game folder of a file in it, else an empty text; letter case does not matter.
-QString PathInGame(const QString& gameFolder, const QString& file);
-
 }  // namespace korvane

@@ -27,6 +27,12 @@ QString CodeOf(char32_t character) {
   return QStringLiteral("U+%1").arg(static_cast<uint>(character), 4, 16, QChar('0')).toUpper();
 }
 
+// Below the game folder, letter case ignored; empty for a file that is not in it.
+QString PathIn(const QString& gameFolder, const QString& file) {
+  const QString folder = gameFolder + '\\';
+  return file.startsWith(folder, Qt::CaseInsensitive) ? file.mid(folder.size()) : QString();
+}
+
 // What a part is about: its outermost blocks.
 QString HeadingOf(std::string_view utf8) {
   QStringList captions;
@@ -52,7 +58,9 @@ OpenText::OpenText(QObject* owner, IniTextEdit& text, const Services& services, 
   connect(&noteTimer_, &QTimer::timeout, this, &OpenText::noteUnsaved);
   connect(&journal_, &UnsavedJournal::noted, this, &OpenText::tellNoted);
   connect(&text_, &IniTextEdit::edited, &noteTimer_, [this] {
-    if (document_.isShown() && !noteTimer_.isActive()) noteTimer_.start();
+    if (!document_.isShown()) return;
+    names_.reset();
+    if (!noteTimer_.isActive()) noteTimer_.start();
   });
 }
 
@@ -82,6 +90,8 @@ bool OpenText::open(const ManualEditRequest& request) {
                              : Utf8OfFile(bytes));
   text_.setReadOnly(isReadOnly());
   place_ = {};
+  copyNote_ = {};
+  names_.reset();
   lineTotal_ = 0;
   say(ofFile, {});
   return true;
@@ -252,10 +262,24 @@ int OpenText::ask(const QString& text, const QStringList& answers) {
 }
 
 std::optional<FilePlace> OpenText::cursorPlace() const {
-  const QString folder = services_.folders.game + '\\';
-  if (part_ || !file_.startsWith(folder, Qt::CaseInsensitive)) return std::nullopt;
+  const QString path = PathIn(services_.folders.game, file_);
+  if (part_ || path.isEmpty()) return std::nullopt;
   const IniTextEdit::Place cursor = text_.placeOf(text_.selection().from);
-  return FilePlace{file_.mid(folder.size()), archive_, cursor.line + 1, cursor.column + 1};
+  return FilePlace{path, archive_, cursor.line + 1, cursor.column + 1};
+}
+
+QString OpenText::pathInGame() const {
+  return isWhole() ? PathIn(services_.folders.game, file_) : QString();
+}
+
+std::shared_ptr<const CatalogueFile> OpenText::unsavedNames() const {
+  const QString path = pathInGame();
+  if (path.isEmpty() || !isUnsaved()) return nullptr;
+  if (names_ == nullptr) {
+    names_ = CatalogueFile::read(
+        {.path = path.toStdString(), .container = services_.folders.game.toStdString()}, bytes());
+  }
+  return names_;
 }
 
 bool OpenText::isUnsaved() const {
@@ -312,6 +336,7 @@ void OpenText::noteUnsaved() {
 }
 
 void OpenText::tellNoted(const QString& reason) {
+  if (!reason.isEmpty()) noteTimer_.start();  // it may go well the next time
   say(ofDraft, reason.isEmpty() ? QString() : "What is typed is not safe from a crash: " + reason);
 }
 

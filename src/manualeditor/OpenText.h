@@ -5,12 +5,15 @@
 #include <QTimer>
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <string_view>
 
 #include "app/ManualEditRequest.h"
 #include "app/Places.h"
+#include "catalogue/CatalogueFile.h"
 #include "files/StillFile.h"
+#include "manualeditor/BlockDuplication.h"
 #include "manualeditor/TextDocument.h"
 #include "platform/FileSaving.h"
 #include "platform/UnsavedJournal.h"
@@ -44,6 +47,7 @@ class OpenText : public QObject {
   bool isShown() const { return document_.isShown(); }
   // Where its set-up, or that of its place, is still to go.
   ManualEditPlace& place() { return place_; }
+  CopyNote& copyNote() { return copyNote_; }
 
   // The program's path of the file, and whether the text is only a part of it, from the moment the text was
   // handed over.
@@ -64,6 +68,11 @@ class OpenText : public QObject {
   void countLines();
   // Of the cursor in the shown text; nothing for a part, and for a file outside of the game folder.
   std::optional<FilePlace> cursorPlace() const;
+  // Of a file of the game folder, its path below it; empty for others and for what cannot be changed.
+  QString pathInGame() const;
+  // What the text defines, where it is unsaved and has such a path; else nullptr. Read at the first question
+  // behind an edit.
+  std::shared_ptr<const CatalogueFile> unsavedNames() const;
   // Closing it would lose something.
   bool isUnsaved() const;
 
@@ -122,6 +131,8 @@ class OpenText : public QObject {
   QString archive_;
   QString heading_;  // of a part
   ManualEditPlace place_;
+  CopyNote copyNote_;
+  mutable std::shared_ptr<const CatalogueFile> names_;  // of the text as it is; nullptr: not read
   int lineTotal_ = 0;
   std::array<QString, 3> said_;
   std::optional<BytesMark> onDisk_;  // what the file held when it was last read or written; none of a part

@@ -83,6 +83,15 @@ bool TextTabs::hasUnsaved() const {
   return std::ranges::any_of(texts_, [](const OpenText* text) { return text->isUnsaved(); });
 }
 
+Catalogue::Files TextTabs::unsavedNames(const QString& besides) const {
+  Catalogue::Files files;
+  for (const OpenText* text : texts_) {
+    if (!besides.isEmpty() && text->pathInGame() == besides) continue;
+    if (auto names = text->unsavedNames()) files.push_back(std::move(names));
+  }
+  return files;
+}
+
 QStringList TextTabs::saidOfDrafts() const {
   QStringList sentences;
   for (const OpenText* text : texts_) {

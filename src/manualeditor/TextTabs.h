@@ -6,6 +6,7 @@
 #include <functional>
 #include <vector>
 
+#include "catalogue/Catalogue.h"
 #include "manualeditor/OpenText.h"
 
 namespace korvane {
@@ -27,6 +28,8 @@ class TextTabs : public QTabBar {
   // Of the whole file.
   bool hasUnsaved(const QString& file) const;
   bool hasUnsaved() const;  // of any, parts included
+  // See OpenText::unsavedNames; of all but the file with this path below the game folder.
+  Catalogue::Files unsavedNames(const QString& besides) const;
   // The sentences of all that cannot be noted for the case of a crash, each once.
   QStringList saidOfDrafts() const;
 

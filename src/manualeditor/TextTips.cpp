@@ -34,6 +34,11 @@ std::string Indented(const std::vector<std::string>& lines) {
   return text;
 }
 
+std::string Heading(const FoundDefinition& item) {
+  return std::string(GameStructure::get().kinds()[item.kind].name) + ' ' + std::string(item.name) + '\n' +
+         ToBytes(ShownPlace(ItemOf(item).place));
+}
+
 // "Object", "Behavior = PhysicsBehavior"
 std::string BlockName(BlockTypeId block) {
   const BlockType& type = GameStructure::get().type(block);
@@ -130,10 +135,10 @@ std::string TextTips::tipOfOwnName(const TextBlock& block) const {
 std::string TextTips::tipOfOther(const TypedName& name) const {
   if (names_.catalogue() == nullptr) return {};
   const auto found = names_.catalogue()->definitions(name.space, name.typed);
-  if (found.empty()) return {};
-  const FoundDefinition& item = found.front();
-  return std::string(GameStructure::get().kinds()[item.kind].name) + ' ' + std::string(item.name) + '\n' +
-         ToBytes(ShownPlace(ItemOf(item).place)) + Indented(FirstLinesOf(item, kShownLines));
+  if (!found.empty()) return Heading(found.front()) + Indented(FirstLinesOf(found.front(), kShownLines));
+  const CataloguePtr withUnsaved = names_.withUnsaved();
+  const auto unsaved = withUnsaved->definitions(name.space, name.typed);
+  return unsaved.empty() ? std::string() : Heading(unsaved.front()) + ", not saved";
 }
 
 }  // namespace korvane

@@ -85,20 +85,18 @@ void SearchDesk::carryOut(SearchCommand command, QWidget& window) {
   }
 }
 
-// Nothing when it is not known, or when the file has changed since.
+// Nothing when it is not known, or when the file has changed since. A text that is edited is known as it is.
 std::optional<ItemPlace> SearchDesk::definitionOf(const NameHere& name) const {
-  const CataloguePtr& names = rows_.names().catalogue();
   if (!rows_.names().isCurrent()) return std::nullopt;
+  const CataloguePtr names = rows_.names().withUnsaved();
   const auto found = names->definitions(name.space, ToBytes(name.name));
-  if (found.empty()) return definitionInUnsaved(name);
-  const SourceFile& source = found.front().file->source();
-  if (!source.archived && LooseSource(source.container, source.path) != source) return std::nullopt;
+  if (found.empty()) return std::nullopt;
+  const CatalogueFile& file = *found.front().file;
+  const SourceFile& source = file.source();
+  const bool isEdited = rows_.names().catalogue()->file(source.path) != &file;
+  const bool mayDiffer = !source.archived && !isEdited;
+  if (mayDiffer && LooseSource(source.container, source.path) != source) return std::nullopt;
   return ItemOf(found.front());
-}
-
-std::optional<ItemPlace> SearchDesk::definitionInUnsaved(const NameHere& name) const {
-  const auto found = rows_.names().withUnsaved()->definitions(name.space, ToBytes(name.name));
-  return found.empty() ? std::nullopt : std::optional(ItemOf(found.front()));
 }
 
 void SearchDesk::goToDefinition(const NameHere& name) {
@@ -124,7 +122,7 @@ void SearchDesk::listNamesUsed(const ItemPlace& block) {
 
 QString SearchDesk::tellOfName(const NameHere& name) const {
   rows_.names().ensure();
-  const CataloguePtr& names = rows_.names().catalogue();
+  const CataloguePtr names = rows_.names().withUnsaved();
   const std::string bytes = ToBytes(name.name);
   if (names == nullptr || bytes.empty() || GameStructure::get().isSpecial(bytes, name.space)) return {};
   const auto found = names->definitions(name.space, bytes);

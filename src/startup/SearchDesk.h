@@ -36,7 +36,6 @@ class SearchDesk {
 
  private:
   std::optional<ItemPlace> definitionOf(const NameHere& name) const;
-  std::optional<ItemPlace> definitionInUnsaved(const NameHere& name) const;
   void listNamesUsed(const ItemPlace& block);
   void findUses(const NameHere& name);
   void findInFiles(const QString& text);

@@ -102,8 +102,26 @@ void AddFirstWords(Gathering& gathering, const WritingPlace& place) {
   }
 }
 
+std::span<const std::string_view> LeadingAt(const KeyFacts& facts, std::size_t position) {
+  const auto found = std::ranges::find(facts.leading, position, &LeadingWords::position);
+  return found == facts.leading.end() ? std::span<const std::string_view>() : found->words;
+}
+
+bool Leads(const KeyFacts& facts, std::string_view word) {
+  return std::ranges::any_of(facts.leading, [word](const LeadingWords& each) {
+    return std::ranges::find(each.words, word) != each.words.end();
+  });
+}
+
+void AddLeading(Gathering& gathering, std::span<const std::string_view> words) {
+  std::size_t order = 0;
+  for (const std::string_view word : words) gathering.add(word, Kind::word, kNoKind, order++);
+}
+
 // Words that stand in the value already are not proposed again; of a module or a choice there is one only.
 void AddWords(Gathering& gathering, const WritingPlace& place) {
+  const auto leading = LeadingAt(*place.facts, place.wordsBefore.size() + 1);
+  if (!leading.empty()) return AddLeading(gathering, leading);
   std::span<const std::string_view> words = place.facts->words;
   if (words.empty()) return;
   const bool choice = IsChoice(*place.facts);
@@ -111,9 +129,8 @@ void AddWords(Gathering& gathering, const WritingPlace& place) {
   if ((choice || place.facts->key == kModule) && !place.wordsBefore.empty()) return;
   std::size_t order = 0;
   for (const std::string_view word : words) {
-    if (std::ranges::find(place.wordsBefore, word) == place.wordsBefore.end()) {
-      gathering.add(word, Kind::word, kNoKind, order++);
-    }
+    const bool isThere = std::ranges::find(place.wordsBefore, word) != place.wordsBefore.end();
+    if (!isThere && !Leads(*place.facts, word)) gathering.add(word, Kind::word, kNoKind, order++);
   }
 }
 

@@ -76,6 +76,20 @@ std::string WordsText(const KeyFacts& facts) {
   return text;
 }
 
+// "PRIMARY, SECONDARY or TERTIARY, then ", as far as it leads the rest.
+std::string LeadingText(const KeyFacts& facts) {
+  std::string text;
+  for (const LeadingWords& leading : facts.leading) {
+    const std::size_t told = std::min(leading.words.size(), kMostWords);
+    for (std::size_t i = 0; i < told; ++i) {
+      const bool isLast = i + 1 == leading.words.size();
+      text += (i == 0 ? "" : isLast ? " or " : ", ") + std::string(leading.words[i]);
+    }
+    text += told < leading.words.size() ? " ..., then " : ", then ";
+  }
+  return text;
+}
+
 std::string NumbersText(const KeyFacts& facts) {
   const std::string count = std::to_string(facts.numbers);
   if (facts.type == ValueType::labelled) return count + " numbers behind labels, as in X:1";
@@ -116,11 +130,11 @@ std::string WhatItTakes(const KeyFacts& facts) {
   std::string text;
   for (const std::string& part :
        {WordsText(facts), NamesText(facts), OutsideTextOf(facts), NumbersText(facts)}) {
-    if (!part.empty()) text += (text.empty() ? "Takes " : ", or ") + part;
+    if (!part.empty()) text += (text.empty() ? "" : ", or ") + part;
   }
-  if (text.empty() && facts.type == ValueType::name) text = "Takes a name";
-  if (text.empty() && facts.type == ValueType::word) text = "Takes a word";
-  return text.empty() ? text : text + '.';
+  if (text.empty() && facts.type == ValueType::name) text = "a name";
+  if (text.empty() && facts.type == ValueType::word) text = "a word";
+  return text.empty() ? text : "Takes " + LeadingText(facts) + text + '.';
 }
 
 std::optional<KeyExample> ExampleOf(const Catalogue& catalogue, const WantedExample& wanted) {

@@ -75,6 +75,9 @@ TEST(Tables, AreThoseOfTheFiles) {
   });
   ExpectSame("special", SpecialRows(), [](auto& r) { return Views{r.word, r.space}; });
   ExpectSame("words", WordsRows(), [](auto& r) { return Views{r.path, r.key, r.words}; });
+  ExpectSame("leading", LeadingRows(), [](auto& r) {
+    return Views{r.path, r.key, r.modules, r.position, r.words};
+  });
   ExpectSame("outside", OutsideRows(), [](auto& r) { return Views{r.path, r.key, r.what}; });
 }
 

@@ -15,7 +15,7 @@ class BlockDuplicationTest : public ManEditTest {
   void openAt(int line) {
     game_.ini("FXList.ini", "FXList FX_Bang\nEnd\n");
     openFile(kFile);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return names_.isCurrent(); }));
+    ASSERT_TRUE(WaitFor([this] { return names_.isCurrent(); }));
     text().goTo(line, 0, 0);
   }
   NewNameDialog* ask() const {
@@ -52,7 +52,7 @@ TEST_F(BlockDuplicationTest, CopiesTheBlockBehindItselfAndSaysWhatToChange) {
   QTest::keyClick(text().focusProxy(), Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(text().fileBytes().bytes, kFile) << "one step to undo";
   EXPECT_FALSE(known("Crossbow"));
-  EXPECT_TRUE(QTest::qWaitFor([this] { return notices().isEmpty(); }));
+  EXPECT_TRUE(WaitFor([this] { return notices().isEmpty(); }));
 }
 
 TEST_F(BlockDuplicationTest, ANameThatCannotBeHadIsRefusedWithTheReason) {
@@ -97,6 +97,28 @@ TEST_F(BlockDuplicationTest, WhatIsSavedOrThrownAwayIsNotNewAnyLonger) {
   ASSERT_TRUE(known("Sling"));
   window_->close();
   EXPECT_FALSE(known("Sling"));
+}
+
+TEST_F(BlockDuplicationTest, WhatIsSaidAndNewIsTheTabsOwn) {
+  openAt(0);
+  answer(*ask(), "Crossbow");
+  const QStringList said = notices();
+  game_.ini("Other.ini", "Weapon Sword\nEnd\n");
+  ASSERT_TRUE(window_->open({game_.qpath() + "\\Data\\INI\\Other.ini"}));
+  show();
+  EXPECT_EQ(notices(), QStringList());
+  EXPECT_TRUE(known("Crossbow")) << "though another tab is shown";
+  NewNameDialog* dialog = ask();
+  ASSERT_NE(dialog, nullptr);
+  answer(*dialog, "Crossbow");
+  EXPECT_EQ(reason(*dialog), "There is Weapon Crossbow in Data\\INI\\Weapon.ini, line 6.");
+  answer(*dialog, "Sabre");
+  trigger("previousTab");
+  EXPECT_EQ(notices(), said);
+  EXPECT_TRUE(known("Sabre"));
+  trigger("closeTab");
+  EXPECT_FALSE(known("Crossbow"));
+  EXPECT_TRUE(known("Sabre"));
 }
 
 }  // namespace

@@ -116,8 +116,8 @@ TEST_F(BlockOutlineTest, ThePanelFollowsEditsAndTheCursorAndIsRemembered) {
   EXPECT_EQ(tree->currentIndex().data().toString(), "Object Jeep");
   text().select({0, 0});
   text().replaceSelection("Object New\nEnd\n");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return tree->model()->rowCount() == 3; }));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return path().isEmpty(); }));
+  EXPECT_TRUE(WaitFor([&] { return tree->model()->rowCount() == 3; }));
+  EXPECT_TRUE(WaitFor([&] { return path().isEmpty(); }));
   window_->close();
   remake();
   openFile(kTwoObjects);

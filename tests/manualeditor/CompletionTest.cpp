@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QElapsedTimer>
-
 #include "manualeditor/Completion.h"
 #include "manualeditor/ManEditFixture.h"
 #include "manualeditor/ProposalList.h"
@@ -19,7 +17,7 @@ class CompletionTest : public ManEditTest {
     game_.ini("AFile.ini",
               "Weapon CrusaderGun\nEnd\nWeapon CrusaderGunUpgraded\nEnd\nWeapon PaladinGun\nEnd\n");
     openFile(bytes);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return names_.isCurrent(); }));
+    ASSERT_TRUE(WaitFor([this] { return names_.isCurrent(); }));
     goToEndOf(line);
     window_->activateWindow();
   }
@@ -78,7 +76,7 @@ TEST_F(CompletionTest, AListThatCameByItselfLeavesTheTextItsKeys) {
     type("Cru");
     ASSERT_EQ(shown().size(), 2);
     press(each.key);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return shown().isEmpty(); }));
+    EXPECT_TRUE(WaitFor([this] { return shown().isEmpty(); }));
     EXPECT_EQ(text().cursorLine(), each.line);
     EXPECT_EQ(line(kValueLine), each.text);
     text().setUnmodified();
@@ -116,10 +114,10 @@ TEST_F(CompletionTest, TheListFollowsWhatIsTyped) {
   type("pa");
   EXPECT_EQ(shown(), QStringList("PaladinGun"));
   press(Qt::Key_Backspace);
-  EXPECT_TRUE(QTest::qWaitFor([this] { return shown().size() > 1; }));
+  EXPECT_TRUE(WaitFor([this] { return shown().size() > 1; }));
   press(Qt::Key_Backspace);
   press(Qt::Key_Backspace);
-  EXPECT_TRUE(QTest::qWaitFor([this] { return shown().isEmpty(); })) << "another word";
+  EXPECT_TRUE(WaitFor([this] { return shown().isEmpty(); })) << "another word";
 }
 
 TEST_F(CompletionTest, ChangesTheWholeWordAtTheCursor) {
@@ -138,13 +136,32 @@ TEST_F(CompletionTest, KnowsTheUnsavedTextAndNotWhatItReplaces) {
   type("Renamed");
   ASSERT_EQ(line(8), "Weapon Renamed");
   goToEndOf(kValueLine);
-  ASSERT_TRUE(QTest::qWaitFor([this] {
+  ASSERT_TRUE(WaitFor([this] {
     ask();
     return shown().contains("Renamed");
   })) << "a moment after the edit";
   EXPECT_TRUE(shown().contains("TypedGun"));
   EXPECT_FALSE(shown().contains("SavedGun"));
   EXPECT_TRUE(shown().contains("PaladinGun"));
+}
+
+TEST_F(CompletionTest, KnowsTheUnsavedTextsOfOtherTabs) {
+  openAt(0);
+  ASSERT_TRUE(window_->open({game_.qpath() + "\\Data\\INI\\AFile.ini"}));
+  show();
+  text().goTo(0, 7, 11);
+  type("Laser");
+  trigger("previousTab");
+  goToEndOf(kValueLine);
+  ask();
+  EXPECT_TRUE(shown().contains("Laser"));
+  EXPECT_FALSE(shown().contains("CrusaderGun"));
+  trigger("nextTab");
+  EXPECT_EQ(shown(), QStringList()) << "the list was for the other text";
+  trigger("closeTab");
+  ask();
+  EXPECT_TRUE(shown().contains("CrusaderGun")) << "as the file has it";
+  EXPECT_FALSE(shown().contains("Laser"));
 }
 
 TEST_F(CompletionTest, IsSilentWhereNothingIsWanted) {
@@ -193,7 +210,7 @@ TEST_F(CompletionTest, TheListGoesWithTheText) {
     ask();
     ASSERT_FALSE(shown().isEmpty());
     leave();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return shown().isEmpty(); }));
+    EXPECT_TRUE(WaitFor([this] { return shown().isEmpty(); }));
   }
 }
 

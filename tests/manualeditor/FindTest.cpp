@@ -18,7 +18,7 @@ class FindTest : public ManEditTest {
   }
   QString result() const { return part<QLabel>("findResult")->text(); }
   bool resultBecomes(const QString& text) const {
-    return QTest::qWaitFor([&] { return result() == text; });
+    return WaitFor([&] { return result() == text; });
   }
   QString button() const { return part<QPushButton>("BtnFind")->text(); }
   // What the window says at its lower edge, and whether the box has another colour than usual.
@@ -43,7 +43,7 @@ TEST_F(FindTest, FindsOnFromHitToHitAndStaysAtTheLast) {
     part<QComboBox>("CboFind")->setFocus();
     if (button() == "Find") part<QComboBox>("CboFind")->setEditText("Gun");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return text().focusProxy()->hasFocus(); }));
+    EXPECT_TRUE(WaitFor([&] { return text().focusProxy()->hasFocus(); }));
     EXPECT_EQ(panel(1), line);
     EXPECT_EQ(button(), caption);
   }
@@ -68,7 +68,7 @@ TEST_F(FindTest, EnterFindsOnceItIsLetGo) {
       QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
       EXPECT_FALSE(text().focusProxy()->hasFocus());
     }
-    EXPECT_TRUE(QTest::qWaitFor([&] { return text().focusProxy()->hasFocus(); }));
+    EXPECT_TRUE(WaitFor([&] { return text().focusProxy()->hasFocus(); }));
     box->setFocus();
   }
   EXPECT_EQ(text().selectedText(), "gun");
@@ -166,7 +166,7 @@ TEST_F(FindTest, OnlyWhatIsNotThereIsSaidToBeNotFound) {
   EXPECT_EQ(warning(), kNothing);
   part<QAction>("findRegularExpression")->setChecked(true);
   find("g(un");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return result().contains("parenthes"); }));
+  EXPECT_TRUE(WaitFor([&] { return result().contains("parenthes"); }));
   EXPECT_EQ(warning(), kNothing);
 }
 
@@ -284,7 +284,7 @@ TEST_F(FindTest, TheReplaceWindowSaysWhatItWouldReplace) {
     openFile("gun Gun gunner\r\ngun");
     replaceWindow(sought, "<>");
     for (const char* option : options) part<QCheckBox>(option)->setChecked(true);
-    EXPECT_TRUE(QTest::qWaitFor([&, result = expected] { return replaceResult() == result; }))
+    EXPECT_TRUE(WaitFor([&, result = expected] { return replaceResult() == result; }))
         << replaceResult().toStdString();
     part<QPushButton>("BtnReplaceAll")->click();
     EXPECT_EQ(text().fileBytes().bytes, after);

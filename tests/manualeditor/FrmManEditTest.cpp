@@ -37,7 +37,7 @@ TEST_F(ManEditTest, NoEventsRunInsideOfTheActivation) {
   QEvent activation(QEvent::WindowActivate);
   QCoreApplication::sendEvent(window_.get(), &activation);
   EXPECT_FALSE(eventsRan);
-  EXPECT_TRUE(QTest::qWaitFor([this] { return window_->ManEditInitDone(); }));
+  EXPECT_TRUE(WaitFor([this] { return window_->ManEditInitDone(); }));
 }
 
 // The names and captions of the actions that are seen, with an empty text for a separator.
@@ -236,7 +236,7 @@ TEST_F(ManEditTest, AWindowClosedDuringItsSetUpGoesAfterIt) {
   };
   settings_.SaveList("Search List", {"a"});
   window_->show();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return closed_ == 1; }));
+  EXPECT_TRUE(WaitFor([&] { return closed_ == 1; }));
   EXPECT_TRUE(heldBack);
   EXPECT_FALSE(window_->isVisible());
   EXPECT_EQ(settings_.LoadList("Search List"), QStringList("a"));
@@ -261,7 +261,7 @@ TEST_F(ManEditTest, TheTitleTellsOfUnsavedText) {
   std::filesystem::remove(game_.native("Data/INI/Weapon.ini"));
   QEvent activation(QEvent::WindowActivate);
   QCoreApplication::sendEvent(window_.get(), &activation);
-  EXPECT_TRUE(QTest::qWaitFor([this] { return window_->windowTitle() == "Manual Editor*"; }));
+  EXPECT_TRUE(WaitFor([this] { return window_->windowTitle() == "Manual Editor*"; }));
 }
 
 TEST_F(ManEditTest, PlacementComesBackBeforeTheWindowIsSeen) {

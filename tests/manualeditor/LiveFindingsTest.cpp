@@ -33,12 +33,12 @@ class LiveFindingsTest : public ManEditTest {
   }
   bool waitForMarks(int times = 1) {
     const int wanted = marked_ + times;
-    return QTest::qWaitFor([&] { return marked_ >= wanted; });
+    return WaitFor([&] { return marked_ >= wanted; });
   }
   void openChecked(const std::string& bytes) {
     const int before = marked_;
     openFile(bytes);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return marked_ > before; }));
+    ASSERT_TRUE(WaitFor([&] { return marked_ > before; }));
   }
   void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
     window_->activateWindow();
@@ -201,7 +201,7 @@ TEST_F(LiveFindingsTest, ATextOfFaultsAloneIsMarkedPieceByPiece) {
   const std::size_t all = text().findingMarks().findings().size();
   ASSERT_GT(all, 0U);
   const int last = text().placeOf(text().findingMarks().findings().back().span.from).line + 1;
-  EXPECT_TRUE(QTest::qWaitFor([&] { return hasSign(last, kSignOfErrors); }));
+  EXPECT_TRUE(WaitFor([&] { return hasSign(last, kSignOfErrors); }));
 }
 
 }  // namespace

@@ -31,6 +31,14 @@
 
 namespace korvane {
 
+// Counts turns of the event loop: the clock goes on while a busy machine holds the program up.
+template <typename Condition>
+bool WaitFor(Condition condition, int turns = 500) {
+  constexpr int kTurn = 10;  // milliseconds at least
+  for (; turns > 0 && !condition(); --turns) QTest::qWait(kTurn);
+  return condition();
+}
+
 class FakeFontChooser : public FontChooser {
  public:
   FontRecord ShowFontDialog() override { return answer; }
@@ -58,7 +66,7 @@ class ManEditTest : public testing::Test {
   }
   void show() {
     window_->show();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return window_->ManEditInitDone(); }));
+    ASSERT_TRUE(WaitFor([this] { return window_->ManEditInitDone(); }));
   }
 
   template <typename Type>

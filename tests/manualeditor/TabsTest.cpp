@@ -85,7 +85,7 @@ class TabsTest : public ManEditTest {
     EXPECT_TRUE(enter.isAccepted());
     QDropEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(target, &event);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return row().count() > 1 && window_->ManEditInitDone(); }));
+    EXPECT_TRUE(WaitFor([this] { return row().count() > 1 && window_->ManEditInitDone(); }));
   }
 
   static constexpr std::array kThree = {"One.ini", "Two.ini", "Three.ini"};
@@ -288,8 +288,7 @@ TEST_F(TabsTest, ATextBehindAnotherThatCannotBeKeptHoldsTheWindowAndIsShown) {
 TEST_F(TabsTest, WhatIsTypedIsNotedForEveryTabWhicheverIsShown) {
   typeInThree();
   const QDir drafts(folder_.filePath("versions/open"));
-  EXPECT_TRUE(
-      QTest::qWaitFor([&] { return drafts.entryList({"*.journal"}, QDir::Files).size() == 3; }, 8000));
+  EXPECT_TRUE(WaitFor([&] { return drafts.entryList({"*.journal"}, QDir::Files).size() == 3; }, 1500));
   // As after a crash: nobody holds the drafts any more.
   QDir().mkpath(folder_.filePath("crashed/open"));
   for (const QString& draft : drafts.entryList({"*.journal"}, QDir::Files)) {
@@ -403,10 +402,10 @@ TEST_F(TabsTest, AWindowThatIsUsedAgainBeginsWithOneTab) {
 TEST_F(TabsTest, ASearchGoesOnInTheNextTab) {
   openThree();
   find("weapon");
-  EXPECT_TRUE(QTest::qWaitFor([this] { return part<QLabel>("findResult")->text() == "1 of 1"; }));
+  EXPECT_TRUE(WaitFor([this] { return part<QLabel>("findResult")->text() == "1 of 1"; }));
   go(0);
   EXPECT_EQ(part<QComboBox>("CboFind")->currentText(), "weapon");
-  EXPECT_TRUE(QTest::qWaitFor([this] { return part<QLabel>("findResult")->text() == "1 hit"; }));
+  EXPECT_TRUE(WaitFor([this] { return part<QLabel>("findResult")->text() == "1 hit"; }));
   EXPECT_TRUE(text().markedSpan(TextMark::hit).has_value());
   QTest::keyClick(text().focusProxy(), Qt::Key_Return);  // a new line: the find was begun elsewhere
   EXPECT_EQ(shown(), "\r\n" + textOf("One.ini"));

@@ -21,7 +21,7 @@ class TextTipsTest : public ManEditTest {
         "AFile.ini",
         "Weapon Gun\n  PrimaryDamage = 40\n  AttackRange = 100\nEnd\nObject Hut\n  BuildCost = 50\nEnd\n");
     openFile(kText);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return names_.isCurrent(); }));
+    ASSERT_TRUE(WaitFor([this] { return names_.isCurrent(); }));
   }
   std::string tip(std::string_view at) const {
     return window_->findChild<TextTips*>()->tipAt(static_cast<qsizetype>(text().utf8().find(at)));
@@ -53,8 +53,7 @@ TEST_F(TextTipsTest, TheUnsavedTextCounts) {
   open();
   text().goTo(9, 0, 14);
   text().replaceSelection("  ClipSize = 7");
-  EXPECT_TRUE(
-      QTest::qWaitFor([this] { return tip("Own") == "Weapon Own\nthis text, line 9\n  ClipSize = 7"; }));
+  EXPECT_TRUE(WaitFor([this] { return tip("Own") == "Weapon Own\nthis text, line 9\n  ClipSize = 7"; }));
 }
 
 TEST_F(TextTipsTest, PointingAtAWordShowsThem) {

@@ -21,7 +21,7 @@ TEST(Tips, TellWhatAKeyTakes) {
       {"Weapon W\n", "LeechRangeWeapon", "Takes Yes or No."},
       {"Weapon W\n", "FireFX", "Takes the name of: FXList."},
       {"Object O\n", "DisplayName", "Takes a label of the game's texts."},
-      {"Object O\n WeaponSet\n", "Weapon", "Takes the name of: Weapon."},
+      {"Object O\n WeaponSet\n", "Weapon", "Takes PRIMARY, SECONDARY or TERTIARY, then the name of: Weapon."},
       {"Object O\n Draw = W3DTankDraw M\n DefaultConditionState\n", "Model", "Takes the name of a model."},
   };
   for (const auto& each : cases) {
