@@ -10,7 +10,7 @@
 
 namespace korvane {
 
-// Tells that a table and a memo file were packed together: the same bytes, made from what is in them, lie in
+// Tells that a table and a memo file belong together: the same bytes, made from the table's records, lie in
 // both, where other programs have nothing.
 class PairSeal {
  public:

@@ -69,6 +69,14 @@ fs::path WithEnding(fs::path base, const char* ending) {
   return base;
 }
 
+// What can be packed once more need not be forced to the disk; what it replaces cannot be had again.
+WholeFile::Options OptionsFor(const fs::path& base) {
+  std::error_code ignored;
+  const bool replaces =
+      fs::exists(WithEnding(base, ".DBF"), ignored) || fs::exists(WithEnding(base, ".DBT"), ignored);
+  return {.sync = replaces};
+}
+
 // A file that is about to be replaced, under a second name until this ends. Where there is no file, there is
 // no second name either.
 class FormerFile {
@@ -117,8 +125,8 @@ class FormerFile {
 }  // namespace
 
 StockTable::StockTable(const fs::path& base)
-    : table_(WithEnding(base, ".DBF")),
-      memos_(WithEnding(base, ".DBT")),
+    : table_(WithEnding(base, ".DBF"), OptionsFor(base)),
+      memos_(WithEnding(base, ".DBT"), OptionsFor(base)),
       memoPath_(BehindLinks(WithEnding(base, ".DBT"))) {
   table_.write(TableHeader(0, seal_));
   memos_.write(MemoFileHeader(1, kBlockSize, seal_.bytes()));
@@ -140,7 +148,7 @@ void StockTable::addRecord(std::string_view path, std::string_view block) {
   std::string record = ' ' + Padded(path, kColumns[0].length, ' ');
   record.append(kColumns[1].length - block.size(), ' ').append(block);
   table_.write(record);
-  seal_.add(record);
+  seal_.add(record);  // a memo file with the same blocks for the same paths goes with this table
   ++records_;
   StopAt(table_.reason());
 }
@@ -148,10 +156,7 @@ void StockTable::addRecord(std::string_view path, std::string_view block) {
 void StockTable::addMemo(std::uint64_t size, const GiveText& give) {
   memos_.write(MemoHead(MemoKind::version4, size));
   const std::uint64_t start = memos_.size();
-  give([this](std::string_view piece) {
-    memos_.write(piece);
-    seal_.add(piece);
-  });
+  give([this](std::string_view piece) { memos_.write(piece); });
   if (memos_.size() - start != size) throw std::runtime_error("a file changed while it was packed");
   memos_.write(MemoTail(MemoKind::version4, size, kBlockSize));
   StopAt(memos_.reason());
