@@ -2,12 +2,29 @@
 #include "ini/Blocks.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace korvane {
 
 namespace {
 
 constexpr std::string_view kBlockEnd = "end";
+constexpr std::size_t kPiece = 255;  // whose count fits into a byte, so that many bytes are looked at at once
+
+// How many line ends there are behind the first byte; CR LF is one, which the CR counts for.
+std::size_t LineEndsBehindFirst(std::string_view bytes) {
+  std::size_t ends = 0;
+  for (std::size_t from = 1; from < bytes.size(); from += kPiece) {
+    const std::size_t to = std::min(from + kPiece, bytes.size());
+    std::uint8_t here = 0;
+    for (std::size_t at = from; at < to; ++at) {
+      const int loneLf = static_cast<int>(bytes[at] == '\n') & static_cast<int>(bytes[at - 1] != '\r');
+      here = static_cast<std::uint8_t>(here + (static_cast<int>(bytes[at] == '\r') | loneLf));
+    }
+    ends += here;
+  }
+  return ends;
+}
 
 HeaderLine Header(std::string_view line) {
   return {line, line.substr(0, line.find(' ')), HeaderName(line)};
@@ -38,12 +55,9 @@ void ReadHeaders(TVItem& reader, const ProgramPath& path, std::string_view begin
 }
 
 std::size_t LineInEditor(std::string_view bytes, std::size_t offset) {
-  const std::string_view before = bytes.substr(0, offset);
-  std::size_t ends = static_cast<std::size_t>(std::ranges::count(before, '\r'));
-  // Without a state between two bytes the compiler looks at many of them at once.
-  for (std::size_t at = 0; at < before.size(); ++at)
-    ends += static_cast<std::size_t>(before[at] == '\n' && (at == 0 || before[at - 1] != '\r'));
-  return 1 + ends;
+  if (offset == 0) return 1;
+  const bool first = bytes[0] == '\r' || bytes[0] == '\n';
+  return 1 + static_cast<std::size_t>(first) + LineEndsBehindFirst(bytes.substr(0, offset));
 }
 
 std::optional<BlockSpan> FindBlock(std::string_view bytes, std::string_view lowerBegin) {

@@ -11,6 +11,13 @@ namespace {
 
 constexpr int kLongestPlay = 20;  // milliseconds
 
+// What was marked for painting before is not painted by itself any more. The painting waits for the window's
+// next turn, so that a key or a click that is already on its way need not wait for it.
+void PaintSoon(QWidget& window) {
+  window.setUpdatesEnabled(true);
+  QMetaObject::invokeMethod(&window, qOverload<>(&QWidget::repaint), Qt::QueuedConnection);
+}
+
 }  // namespace
 
 BusyWindow::BusyWindow(QWidget& window, QWidget& tree)
@@ -25,16 +32,18 @@ BusyWindow::~BusyWindow() {
   showChanges();
 }
 
-// What was marked for painting before is not painted by itself any more. The painting waits for the window's
-// next turn, so that a key or a click that is already on its way need not wait for it.
 void BusyWindow::showChanges() {
-  window_.setUpdatesEnabled(true);
-  QMetaObject::invokeMethod(&window_, qOverload<>(&QWidget::repaint), Qt::QueuedConnection);
+  PaintSoon(window_);
 }
 
-KeysOfBusyWindow::KeysOfBusyWindow(const QWidget& window) : window_(window) {
+KeysOfBusyWindow::KeysOfBusyWindow(QWidget& window) : window_(window) {
   QCoreApplication::instance()->installEventFilter(this);
+  window_.setUpdatesEnabled(false);
   QCoreApplication::processEvents(QEventLoop::AllEvents, kLongestPlay);
+}
+
+KeysOfBusyWindow::~KeysOfBusyWindow() {
+  PaintSoon(window_);
 }
 
 bool KeysOfBusyWindow::eventFilter(QObject* watched, QEvent* event) {

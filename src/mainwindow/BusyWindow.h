@@ -26,17 +26,18 @@ class BusyWindow {
 };
 
 // What the user did while the window was busy comes in when it no longer is: the keys count, the clicks do
-// not.
+// not. The window is not painted before an object of this is gone, for the keys may change it.
 class KeysOfBusyWindow : public QObject {
  public:
   // Lets the waiting events in.
-  explicit KeysOfBusyWindow(const QWidget& window);
+  explicit KeysOfBusyWindow(QWidget& window);
+  ~KeysOfBusyWindow() override;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  const QWidget& window_;
+  QWidget& window_;
 };
 
 }  // namespace korvane

@@ -203,6 +203,9 @@ void ObjectDisplay::select(const QModelIndex& index) {
     takingKeys_ = true;
     const KeysOfBusyWindow keys(window_);
     takingKeys_ = false;
+    // In the loop's next turn, right before the painting.
+    QMetaObject::invokeMethod(
+        this, [this] { notices_.tellAnnounced(); }, Qt::QueuedConnection);
   }
 }
 
@@ -240,7 +243,7 @@ void ObjectDisplay::showNode(const ObjectNode& node) {
   tellWhoseValues(node, shown);
   if (fileIsThere) information_.UpdateLV();
   if (shown) {
-    notices_.tellAbout(node);
+    notices_.announce(node);
   } else {
     notices_.clear();
   }

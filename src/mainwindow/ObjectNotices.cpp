@@ -29,8 +29,18 @@ void ObjectNotices::useCatalogue(CatalogueService& names) {
 }
 
 void ObjectNotices::tellAbout(const ObjectNode& node) {
+  announce(node);
+  tellAnnounced();
+}
+
+void ObjectNotices::announce(const ObjectNode& node) {
   const ProgramPath path = IniPath(services_.folders.game.toStdString(), node.file);
-  const LookedFor object{QString::fromStdString(path.text()), "Object", FromBytes(node.text)};
+  announced_ = {QString::fromStdString(path.text()), "Object", FromBytes(node.text)};
+}
+
+void ObjectNotices::tellAnnounced() {
+  if (!announced_) return;
+  const LookedFor object = *std::exchange(announced_, std::nullopt);
   const std::optional<ShownBlock> block = ReadShownBlock(object);
   if (!block) return clear();
   shown_ = {object, *block};
@@ -49,6 +59,7 @@ void ObjectNotices::tell() {
 }
 
 void ObjectNotices::clear() {
+  announced_.reset();
   refresh_.stop();
   shown_.reset();
   bar_.clear(objectNotices);

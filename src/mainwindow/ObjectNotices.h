@@ -40,6 +40,9 @@ class ObjectNotices {
 
   // About an object that has just been shown, from its file as it is now.
   void tellAbout(const ObjectNode& node);
+  // The same in two steps, of which the second one reads the file.
+  void announce(const ObjectNode& node);
+  void tellAnnounced();
   void clear();
 
  private:
@@ -53,6 +56,7 @@ class ObjectNotices {
   EditorLauncher& launcher_;
   const Services& services_;
   CatalogueService* names_ = nullptr;
+  std::optional<LookedFor> announced_;  // and not yet told about
   std::optional<Shown> shown_;
   QTimer refresh_;
 };

@@ -93,7 +93,11 @@ class MainWindow : public testing::Test, protected TestDesk {
   }
   void press(const char* button) { get<QPushButton>(button).click(); }
 
-  QStringList notices() const { return get<NoticeBar>("NoticeBar").sentences(); }
+  // Those about an object come in the turn of the event loop behind its click.
+  QStringList notices() const {
+    QApplication::processEvents();
+    return get<NoticeBar>("NoticeBar").sentences();
+  }
   // The user clicks the link with this caption in the sentence of that number.
   void followNotice(int sentence, const QString& caption) const {
     auto* label = get<NoticeBar>("NoticeBar").findChildren<QLabel*>("Notice").at(sentence);
