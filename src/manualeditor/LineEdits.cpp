@@ -89,6 +89,29 @@ std::string CommentToggled(std::string_view lines) {
   });
 }
 
+std::string_view IndentOf(std::string_view text) {
+  int tabs = 0;
+  ForEachLine(text, [&tabs](std::string_view line) {
+    if (!line.empty() && StartOf(line)) tabs += line[0] == '\t' ? 1 : line[0] == ' ' ? -1 : 0;
+  });
+  return tabs > 0 ? "\t" : "  ";
+}
+
+std::string Indented(std::string_view lines, std::string_view indent) {
+  return EachLine(lines, [indent](std::string_view line) {
+    return StartOf(line) ? std::string(indent) + std::string(line) : std::string(line);
+  });
+}
+
+std::string Outdented(std::string_view lines, std::string_view indent, std::size_t tabWidth) {
+  const std::size_t most = indent == "\t" ? tabWidth : indent.size();
+  return EachLine(lines, [most](std::string_view line) {
+    if (line.starts_with('\t')) return std::string(line.substr(1));
+    const std::size_t blanks = std::min(line.find_first_not_of(' '), line.size());
+    return std::string(line.substr(std::min(blanks, most)));
+  });
+}
+
 std::string Trimmed(std::string_view lines) {
   return EachLine(lines, [](std::string_view line) {
     return std::string(line.substr(0, line.find_last_not_of(kBlanks) + 1));

@@ -5,6 +5,8 @@
 #include <QGuiApplication>
 #include <Qsci/qsciscintilla.h>
 
+#include <algorithm>
+
 #include "manualeditor/IniTextEdit.h"
 #include "manualeditor/LineEdits.h"
 #include "manualeditor/LineMarks.h"
@@ -14,6 +16,18 @@ namespace korvane {
 namespace {
 
 using Sci = QsciScintillaBase;
+
+constexpr qsizetype kLookAround = 4096;  // bytes in which it is seen how lines are indented
+
+// Where a place of the one text stands in the other: before what differs it stays, else it moves with the
+// end.
+qsizetype PlaceAfter(std::string_view before, std::string_view after, qsizetype place) {
+  const std::size_t shorter = std::min(before.size(), after.size());
+  const auto differs = std::ranges::mismatch(before.substr(0, shorter), after.substr(0, shorter)).in1;
+  if (place <= differs - before.begin()) return place;
+  return std::max<qsizetype>(
+      place + static_cast<qsizetype>(after.size()) - static_cast<qsizetype>(before.size()), 0);
+}
 
 }  // namespace
 
@@ -52,7 +66,12 @@ void TextCommands::editLines(const std::function<std::string(std::string_view)>&
   const std::string before(text_.utf8().substr(static_cast<std::size_t>(lines.from),
                                                static_cast<std::size_t>(lines.to - lines.from)));
   const std::string after = edit(before);
-  if (after != before) text_.replaceSpan(lines, after);
+  if (after == before) return;
+  const TextSpan selected = text_.selection();
+  text_.replaceSpan(lines, after);
+  if (selected.from != selected.to) return;
+  const qsizetype place = lines.from + PlaceAfter(before, after, selected.from - lines.from);
+  text_.select({place, place});
 }
 
 void TextCommands::toggleComment() {
@@ -71,15 +90,27 @@ void TextCommands::moveDown() {
   send(Sci::SCI_MOVESELECTEDLINESDOWN);
 }
 
-// A tab where nothing is selected would go into the middle of the line.
+// The control's own commands would put a tab in the place of what is selected in one line.
 void TextCommands::indent() {
-  const TextSpan lines = text_.selectedLines();
-  if (text_.selection().from == text_.selection().to) text_.select(lines);
-  send(Sci::SCI_TAB);
+  editLines([this](std::string_view lines) { return Indented(lines, indentHere()); });
 }
 
 void TextCommands::outdent() {
-  send(Sci::SCI_BACKTAB);
+  editLines([this](std::string_view lines) { return Outdented(lines, indentHere(), tabWidth()); });
+}
+
+// As the lines around are.
+std::string_view TextCommands::indentHere() const {
+  const TextSpan lines = text_.selectedLines();
+  const auto from = static_cast<std::size_t>(std::max<qsizetype>(lines.from - kLookAround, 0));
+  const auto size = static_cast<std::size_t>(lines.to + kLookAround) - from;
+  std::string_view around = text_.utf8().substr(from, size);
+  if (from > 0) around.remove_prefix(std::min(around.find('\n'), around.size()));  // a part of a line
+  return IndentOf(around);
+}
+
+std::size_t TextCommands::tabWidth() const {
+  return static_cast<std::size_t>(text_.view().send(Sci::SCI_GETTABWIDTH));
 }
 
 void TextCommands::trim() {
@@ -87,8 +118,7 @@ void TextCommands::trim() {
 }
 
 void TextCommands::align() {
-  const auto tabWidth = static_cast<std::size_t>(text_.view().send(Sci::SCI_GETTABWIDTH));
-  editLines([tabWidth](std::string_view lines) { return Aligned(lines, tabWidth); });
+  editLines([this](std::string_view lines) { return Aligned(lines, tabWidth()); });
 }
 
 void TextCommands::toggleMark() {

@@ -46,6 +46,8 @@ class TextCommands : public QObject {
  private:
   void send(unsigned message);
   void editLines(const std::function<std::string(std::string_view)>& edit);
+  std::string_view indentHere() const;
+  std::size_t tabWidth() const;
   void goToMark(int line);
 
   IniTextEdit& text_;
