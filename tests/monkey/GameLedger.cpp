@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "monkey/GameLedger.h"
 
+#ifdef __unix__
+#include <sys/stat.h>
+#endif
+
 #include <fstream>
 #include <iterator>
 #include <set>
@@ -16,19 +20,50 @@ std::string ReadAll(const fs::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
+// What is no file, where one was.
+void PutOddity(const fs::path& target, Chance& chance) {
+  switch (chance.below(4)) {
+    case 0:
+      fs::create_directories(target / "inside");
+      return;
+    case 1:  // it leads to itself
+      return fs::create_symlink(target.filename(), target);
+    case 2:
+      return fs::create_directory_symlink(".", target);
+    default:
+#ifdef __unix__
+      ::mkfifo(target.c_str(), S_IRUSR | S_IWUSR);
+#endif
+  }
+}
+
 }  // namespace
 
 GameLedger::GameLedger(fs::path folder, GameFiles files)
     : folder_(std::move(folder)), original_(std::move(files)) {
   for (const auto& [path, bytes] : original_) {
     if (path.ends_with(".ini")) paths_.push_back(path);
+    if (path.ends_with(".big") || path.ends_with(".BIG")) archives_.push_back(path);
   }
   restore();
 }
 
+// Whatever was done to it and to the folders above it.
+void GameLedger::makeWritable(const fs::path& target) const {
+  fs::path at = folder_;
+  for (const fs::path& name : target.lexically_relative(folder_)) {
+    if (fs::is_directory(at)) fs::permissions(at, fs::perms::owner_all, fs::perm_options::add);
+    at /= name;
+  }
+  std::error_code none;
+  if (fs::exists(fs::symlink_status(at, none)) && !fs::is_regular_file(fs::symlink_status(at, none)))
+    fs::remove_all(at);
+  fs::permissions(at, fs::perms::owner_all, fs::perm_options::add, none);
+}
+
 void GameLedger::put(const std::string& path, const std::string& bytes) {
   const fs::path target = folder_ / path;
-  if (fs::is_directory(target)) fs::remove_all(target);
+  makeWritable(target);
   fs::create_directories(target.parent_path());
   std::ofstream(target, std::ios::binary) << bytes;
 }
@@ -40,48 +75,86 @@ void GameLedger::restore() {
 
 void GameLedger::changeOutside(Chance& chance) {
   const std::string& path = chance.oneOf(paths_);
+  if (chance.oneIn(8) && !archives_.empty()) {
+    put(chance.oneOf(archives_), ChangedArchive(chance));
+  } else if (chance.oneIn(3)) {
+    changeMany(path, chance);
+  } else {
+    makeWritable(folder_ / path);
+    changeFile(path, chance);
+  }
+  known_ = list();
+}
+
+void GameLedger::changeFile(const std::string& path, Chance& chance) {
   const fs::path target = folder_ / path;
-  switch (chance.below(8)) {
+  const bool isThere = fs::exists(target);
+  switch (chance.below(9)) {
     case 0:
-      put(path, DamagedText(chance));
-      break;
+      return put(path, DamagedText(chance));
     case 1:
-      if (fs::is_regular_file(target)) {
-        fs::resize_file(target, static_cast<std::uintmax_t>(chance.below(2000)));
+      if (isThere) fs::resize_file(target, static_cast<std::uintmax_t>(chance.below(2000)));
+      return;
+    case 2:  // what cannot be read
+      if (isThere) fs::permissions(target, fs::perms::none);
+      return;
+    case 3:  // a file of its own in the place of this one
+      if (isThere) {
+        fs::copy_file(target, folder_ / "new", fs::copy_options::overwrite_existing);
+        fs::rename(folder_ / "new", target);
       }
-      break;
-    case 2:
-      for (const std::string& gone : paths_) {
-        if (gone == path || chance.oneIn(4)) fs::remove_all(folder_ / gone);
-      }
-      break;
-    case 3:
-      fs::remove_all(target);
-      fs::create_directories(target / "inside");
-      break;
+      return;
     case 4:
-      if (chance.oneIn(4)) fs::remove_all(target.parent_path());
-      break;
+      if (isThere) fs::last_write_time(target, fs::file_time_type::clock::now());
+      return;
     case 5:
-      restore();
-      break;
+      fs::remove(target);
+      return;
+    case 6:
+      fs::remove(target);
+      return PutOddity(target, chance);
     default:
       put(path, original_.at(path));
   }
-  known_ = list();
+}
+
+void GameLedger::changeMany(const std::string& path, Chance& chance) {
+  const fs::path folder = (folder_ / path).parent_path();
+  switch (chance.below(6)) {
+    case 0:
+      for (const std::string& gone : paths_) {
+        makeWritable(folder_ / gone);
+        if (gone == path || chance.oneIn(4)) fs::remove_all(folder_ / gone);
+      }
+      return;
+    case 1:
+      makeWritable(folder);
+      if (chance.oneIn(4)) fs::remove_all(folder);
+      return;
+    case 2:
+      if (fs::exists(folder)) fs::permissions(folder, fs::perms::none);
+      return;
+    case 3:
+      if (fs::exists(folder)) fs::permissions(folder, fs::perms::owner_write, fs::perm_options::remove);
+      return;
+    default:
+      restore();
+  }
 }
 
 GameLedger::Entries GameLedger::list() const {
   Entries found;
   std::error_code error;
-  for (const fs::directory_entry& file : fs::recursive_directory_iterator(folder_, error)) {
-    Entry entry{file.last_write_time(), 0, file.is_directory(), {}};
-    if (!entry.isFolder) entry.size = file.file_size();
+  constexpr auto kOptions = fs::directory_options::skip_permission_denied;
+  for (const fs::directory_entry& file : fs::recursive_directory_iterator(folder_, kOptions, error)) {
     const std::string path = file.path().lexically_relative(folder_).generic_string();
-    const auto known = known_.find(path);
-    const bool same = known != known_.end() && known->second.time == entry.time &&
-                      known->second.size == entry.size && known->second.isFolder == entry.isFolder;
-    if (!entry.isFolder) {
+    Entry entry;
+    if (file.is_regular_file(error)) {
+      entry.time = file.last_write_time();
+      entry.size = file.file_size();
+      const auto known = known_.find(path);
+      const bool same = known != known_.end() && known->second.bytes && known->second.time == entry.time &&
+                        known->second.size == entry.size;
       entry.bytes = same ? known->second.bytes : std::make_shared<const std::string>(ReadAll(file.path()));
     }
     found.emplace(path, std::move(entry));

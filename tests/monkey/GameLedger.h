@@ -21,7 +21,7 @@ class GameLedger {
   const std::filesystem::path& folder() const { return folder_; }
   const GameFiles& original() const { return original_; }
 
-  // Changes from outside the program, of a data file that chance chooses.
+  // Changes from outside the program: of a data file that chance chooses, of an archive or of a folder.
   void changeOutside(Chance& chance);
   // Everything as it was at the beginning.
   void restore();
@@ -39,22 +39,25 @@ class GameLedger {
   std::vector<Change> look();
 
  private:
-  using Bytes = std::shared_ptr<const std::string>;  // null for a folder, or where nothing is
+  using Bytes = std::shared_ptr<const std::string>;  // null for what is no ordinary file
   struct Entry {
-    std::filesystem::file_time_type time;
+    std::filesystem::file_time_type time{};
     std::uintmax_t size = 0;
-    bool isFolder = false;
-    Bytes bytes;
+    Bytes bytes{};
   };
   using Entries = std::map<std::string, Entry>;
 
   static Bytes BytesOf(const Entries& entries, const std::string& path);
   Entries list() const;
   void put(const std::string& path, const std::string& bytes);
+  void changeFile(const std::string& path, Chance& chance);
+  void changeMany(const std::string& path, Chance& chance);
+  void makeWritable(const std::filesystem::path& target) const;
 
   std::filesystem::path folder_;
   GameFiles original_;
-  std::vector<std::string> paths_;  // of the data files
+  std::vector<std::string> paths_;     // of the data files
+  std::vector<std::string> archives_;  // their paths
   Entries known_;
 };
 

@@ -47,6 +47,27 @@ constexpr std::array kSearchKeys = {QKeyCombination(Qt::CTRL, Qt::Key_P),
                                     QKeyCombination(Qt::SHIFT, Qt::Key_F8)};
 constexpr int kLargest = 1800;  // pixels of a window
 
+// Commands that open a window; chance alone would choose each among a hundred.
+struct Opener {
+  const char* window;
+  const char* command;
+};
+constexpr std::array kOpeners = {
+    Opener{"FrmEdit", "MnuOpt"},           Opener{"FrmEdit", "MnuWe"},
+    Opener{"FrmEdit", "MnuArmour"},        Opener{"FrmEdit", "MnuCmdSetEditor"},
+    Opener{"FrmEdit", "MnuCmdBtnEditor"},  Opener{"FrmEdit", "findAnything"},
+    Opener{"FrmEdit", "findUses"},         Opener{"FrmEdit", "namesUsed"},
+    Opener{"FrmEdit", "findInFiles"},      Opener{"FrmEdit", "checkData"},
+    Opener{"FrmEdit", "showHistory"},      Opener{"FrmEdit", "compareOriginal"},
+    Opener{"FrmEdit", "MnuHelp_HelpCont"}, Opener{"FrmEdit", "MnuHelp_About"},
+    Opener{"frmAbout", "MnuFun"},          Opener{"FrmArmour", "Test"},
+    Opener{"FrmCmdSet", "MnuCmdFormat"},   Opener{"FrmManEdit", "MnuReplace"},
+    Opener{"FrmManEdit", "MnuFont"},       Opener{"FrmManEdit", "goToLine"},
+    Opener{"FrmManEdit", "goToBlock"},     Opener{"FrmManEdit", "duplicateBlock"},
+    Opener{"FrmManEdit", "extractText"},   Opener{"FrmManEdit", "showHistory"},
+    Opener{"FrmManEdit", "findAnything"},  Opener{"FrmManEdit", "findUses"},
+};
+
 bool IsBlocked(const QWindow& window) {
   const QWindow* modal = QGuiApplication::modalWindow();
   return modal != nullptr && modal != &window && WidgetOf(window) != QApplication::activePopupWidget();
@@ -77,7 +98,8 @@ const Hands::Action Hands::kActions[] = {
     {"save", 3, &Hands::save},
     {"tabs", 5, &Hands::useTabs},
     {"drop", 1, &Hands::dropFiles},
-    {"differences", 1, &Hands::showDifferences},
+    {"open window", 4, &Hands::openWindow},
+    {"command key", 5, &Hands::pressCommandKey},
     {"next step", 10, &Hands::goOn},
     {"object", 8, &Hands::clickObject},
     {"entry", 8, &Hands::clickEntry},
@@ -245,6 +267,18 @@ void Hands::pressShortcut() {
   key(chance_.oneOf(kLetters), Qt::ControlModifier, {});
 }
 
+// The key of some command of the window, whichever it has.
+void Hands::pressCommandKey() {
+  const QWindow* window = QGuiApplication::focusWindow();
+  const QWidget* top = window == nullptr ? nullptr : WidgetOf(*window);
+  if (top == nullptr) return;
+  QList<QKeySequence> keys;
+  for (const QAction* action : top->findChildren<QAction*>()) keys += action->shortcuts();
+  if (keys.isEmpty()) return;
+  const QKeyCombination pressed = chance_.oneOf(keys)[0];
+  key(pressed.key(), pressed.keyboardModifiers(), {});
+}
+
 void Hands::runCommand() {
   const QWindow* window = someWindow();
   const QWidget* top = window == nullptr || IsBlocked(*window) ? nullptr : WidgetOf(*window);
@@ -257,13 +291,21 @@ void Hands::runCommand() {
   if (!commands.isEmpty()) event([command = chance_.oneOf(commands)] { command->trigger(); });
 }
 
+// A window of that name; where two programs run there may be two.
+QWidget* Hands::reachable(const char* windowName) {
+  QList<QWidget*> windows;
+  for (const QWindow* window : WindowsShown()) {
+    QWidget* top = WidgetOf(*window);
+    if (top->objectName() == windowName && top->isEnabled() && !IsBlocked(*window)) windows += top;
+  }
+  return windows.isEmpty() ? nullptr : chance_.oneOf(windows);
+}
+
 // Chosen from the menu of a window that the user can reach.
 void Hands::choose(const char* windowName, const QString& command) {
-  for (const QWindow* window : WindowsShown()) {
-    const QWidget* top = WidgetOf(*window);
-    if (top->objectName() != windowName || !top->isEnabled() || IsBlocked(*window)) continue;
-    if (auto* action = top->findChild<QAction*>(command)) return event([&] { action->trigger(); });
-  }
+  const QWidget* window = reachable(windowName);
+  auto* action = window == nullptr ? nullptr : window->findChild<QAction*>(command);
+  if (action != nullptr) event([&] { action->trigger(); });
 }
 
 void Hands::openFile() {
@@ -294,8 +336,14 @@ void Hands::dropFiles() {
   });
 }
 
-void Hands::showDifferences() {
-  choose("FrmEdit", chance_.oneIn(2) ? "showHistory" : "compareOriginal");
+void Hands::openWindow() {
+  QList<Opener> within;
+  for (const Opener& opener : kOpeners) {
+    if (reachable(opener.window) != nullptr) within += opener;
+  }
+  if (within.isEmpty()) return;
+  const Opener& opener = chance_.oneOf(within);
+  choose(opener.window, opener.command);
 }
 
 void Hands::save() {
@@ -370,18 +418,16 @@ void Hands::followLink() {
 
 // Over what a field of the shown object holds.
 void Hands::typeValue() {
-  for (const QWindow* window : WindowsShown()) {
-    QWidget* top = WidgetOf(*window);
-    if (top->objectName() != "FrmEdit" || !top->isEnabled() || IsBlocked(*window)) continue;
-    QList<QLineEdit*> fields;
-    for (auto* field : top->findChildren<QLineEdit*>()) {
-      if (field->isVisible() && field->isEnabled()) fields += field;
-    }
-    if (fields.isEmpty()) return;
-    QLineEdit* field = chance_.oneOf(fields);
-    event([&] { field->setFocus(), field->selectAll(); });
-    return type();
+  const QWidget* window = reachable("FrmEdit");
+  if (window == nullptr) return;
+  QList<QLineEdit*> fields;
+  for (auto* field : window->findChildren<QLineEdit*>()) {
+    if (field->isVisible() && field->isEnabled()) fields += field;
   }
+  if (fields.isEmpty()) return;
+  QLineEdit* field = chance_.oneOf(fields);
+  event([&] { field->setFocus(), field->selectAll(); });
+  type();
 }
 
 void Hands::closeWindow() {

@@ -46,6 +46,7 @@ class Hands {
   void type();
   void pressKey();
   void pressShortcut();
+  void pressCommandKey();
   void runCommand();
   void goOn();
   void clickButton();
@@ -53,7 +54,7 @@ class Hands {
   void useTabs();
   void dropFiles();
   void save();
-  void showDifferences();
+  void openWindow();
   void clickObject();
   void clickEntry();
   void followLink();
@@ -69,6 +70,7 @@ class Hands {
   void press(Qt::MouseButton button, QWindow& window, QPoint at);
   void key(int code, Qt::KeyboardModifiers modifiers, const QString& text);
   void choose(const char* windowName, const QString& command);
+  QWidget* reachable(const char* windowName);
   void clickOn(QWidget& widget, QPoint at);
   void event(const std::function<void()>& event) { around_(doing_, event); }
 

@@ -11,6 +11,7 @@
 #include <array>
 #include <fstream>
 #include <iterator>
+#include <optional>
 
 #include "controls/FolderModel.h"
 #include "files/NativePath.h"
@@ -31,6 +32,7 @@ constexpr int kLongestRound = 2000;  // events
 constexpr int kFewestRounds = 4;
 constexpr int kEventsPerChange = 60;  // of the monkey for one from outside
 constexpr int kMostTicksWithoutWindow = 2000;
+constexpr int kRoundsPerPair = 3;  // of programs on one folder
 
 constexpr std::array kSettings = {"InfoTab",     "Exit",        "MenuiFont",   "MenuiFontSize", "MenuiBold",
                                   "ManEditSize", "ManEditName", "ManEditBold", "FrmEdit_Width", "ItemNum"};
@@ -43,6 +45,17 @@ QString Text(const fs::path& path) {
 
 fs::path Game(const fs::path& root) {
   return root / "home" / "game";
+}
+
+// Two pages that lead to each other and to what is not there.
+std::string HelpText() {
+  return "Korvane help file, version 1\n\fcontents.md\n---\ntopic: 1\n---\n# Contents\n\n"
+         "[More](more.md), [nothing](none.md), [far](https://example.org/)\n\fmore.md\n# More\n\n## Part\n\n"
+         "- [Back](contents.md)\n";
+}
+
+QString NameOf(const QWidget& window) {
+  return window.objectName().isEmpty() ? window.metaObject()->className() : window.objectName();
 }
 
 // What the manual editors hold.
@@ -67,7 +80,7 @@ std::string Description(const GameLedger::Change& change) {
 
 class Monkey::Boxes : public MessageBoxes {
  public:
-  explicit Boxes(Monkey& monkey) : monkey_(monkey), real_(monkey.help_) {}
+  Boxes(Monkey& monkey, HelpViewer& help) : monkey_(monkey), real_(help) {}
 
   // Now and then a real one, which the monkey then has to close.
   bool show(const Message& message, QWidget* owner) override {
@@ -113,6 +126,26 @@ class Monkey::End : public ProcessEnd {
   Monkey& monkey_;
 };
 
+// One of the programs that use the folder at the same time.
+class Monkey::Copy {
+ public:
+  Copy(Monkey& monkey, SettingsStore& settings)
+      : folders_{{}, Text(monkey.root_ / "program")},
+        help_(folders_.helpFile()),
+        boxes_(monkey, help_),
+        services_{settings, boxes_, monkey.shell_, help_, *monkey.end_, *monkey.yield_, folders_},
+        program_(services_, folders_, monkey.chance_.oneIn(4) ? "-Reinstall" : "") {}
+
+  void start() { program_.StartProgram(); }
+
+ private:
+  Folders folders_;
+  HelpDesk help_;
+  Boxes boxes_;
+  Services services_;
+  Program program_;
+};
+
 // A timer of its own for every tick, so that the next one can come before this one is over.
 class Monkey::Ticker : public QObject {
  public:
@@ -135,14 +168,11 @@ Monkey::Monkey(unsigned seed, const fs::path& root, bool damaged)
                           : seed % 4 < 2 ? SmallGame()
                                          : SampleGame()),
       hands_(chance_, [this](const char* what, const std::function<void()>& event) { around(what, event); }),
-      settings_(QString::fromStdString((root / "settings").string())),
-      boxes_(std::make_unique<Boxes>(*this)),
+      settings_(settingsFolder()),
       end_(std::make_unique<End>(*this)),
-      yield_(std::make_unique<Yield>(*this)),
-      folders_{{}, Text(root / "program")},
-      services_(
-          std::make_unique<Services>(Services{settings_, *boxes_, shell_, help_, *end_, *yield_, folders_})) {
+      yield_(std::make_unique<Yield>(*this)) {
   for (const char* folder : {"program", "settings", "home/data"}) fs::create_directories(root / folder);
+  std::ofstream(root / "program" / "KORVANE.HLP", std::ios::binary) << HelpText();
   StockTable stock(root / "program" / "Data");
   for (const auto& [path, bytes] : ledger_.original()) {
     std::string name = path;
@@ -153,6 +183,10 @@ Monkey::Monkey(unsigned seed, const fs::path& root, bool damaged)
 }
 
 Monkey::~Monkey() = default;
+
+QString Monkey::settingsFolder() const {
+  return QString::fromStdString((root_ / "settings").string());
+}
 
 MonkeyReport Monkey::run(int events) {
   QPixmapCache::setCacheLimit(0);  // it keeps the name of every picture of every size that it ever held
@@ -166,6 +200,7 @@ MonkeyReport Monkey::run(int events) {
   report_.longestWork = pulse_.longestWork();
   report_.longestDuring = pulse_.longestDuring();
   report_.resident = ResidentBytes();
+  ledger_.restore();  // or the folder could not be removed
   return report_;
 }
 
@@ -173,8 +208,12 @@ void Monkey::round() {
   ++report_.rounds;
   begin();
   {
-    Program program(*services_, folders_, chance_.oneIn(4) ? "-Reinstall" : "");
-    program.StartProgram();
+    SettingsStore others(settingsFolder());
+    Copy program(*this, settings_);
+    std::optional<Copy> another;
+    if (chance_.oneIn(kRoundsPerPair)) another.emplace(*this, others);
+    program.start();
+    if (another && !over_) another->start();
     if (!over_) loop_.exec();
     ticker_.reset();
   }
@@ -217,7 +256,9 @@ void Monkey::tick() {
 
 void Monkey::step() {
   if (eventsLeft_ <= 0 || roundLeft_ <= 0) return endRound();
-  ticksWithoutWindow_ = WindowsShown().isEmpty() ? ticksWithoutWindow_ + 1 : 0;
+  const QList<QWindow*> shown = WindowsShown();
+  for (const QWindow* window : shown) report_.windows.insert(NameOf(*WidgetOf(*window)));
+  ticksWithoutWindow_ = shown.isEmpty() ? ticksWithoutWindow_ + 1 : 0;
   if (ticksWithoutWindow_ > kMostTicksWithoutWindow) return fail("The program runs on without a window");
   if (chance_.oneIn(kEventsPerChange)) {
     inspect("change from outside");
@@ -263,7 +304,7 @@ void Monkey::stayInGame() {
 
 void Monkey::inspect(const char* what) {
   for (const GameLedger::Change& change : ledger_.look()) {
-    const bool isExtracted = change.after == PackedText();
+    const bool isExtracted = change.after && IsPackedText(*change.after);
     if (!change.before && change.after && (isExtracted || ledger_.isOriginal(change.path, *change.after))) {
       ++report_.restored;
     } else if (!change.after || !(isSaved(change) || isConverted(change))) {

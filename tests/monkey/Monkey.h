@@ -5,8 +5,10 @@
 
 #include <filesystem>
 #include <memory>
+#include <set>
 #include <string>
 
+#include "about/HelpDesk.h"
 #include "app/Services.h"
 #include "monkey/Chance.h"
 #include "monkey/GameLedger.h"
@@ -30,7 +32,8 @@ struct MonkeyReport {
   std::size_t heapWarm = 0;  // bytes after a third of the events, between two rounds
   std::size_t heapEnd = 0;
   std::size_t resident = 0;
-  std::string fault;  // what the program must not have done; empty when all is well
+  std::set<QString> windows;  // names of those that were shown
+  std::string fault;          // what the program must not have done; empty when all is well
 };
 
 // Uses the whole program without sense, round after round, and watches what it does to the disk. Everything
@@ -44,6 +47,7 @@ class Monkey {
 
  private:
   class Boxes;
+  class Copy;
   class Yield;
   class End;
   class Ticker;
@@ -63,6 +67,7 @@ class Monkey {
   void fail(const std::string& fault);
   void garbleSetting();
   void measureHeap();
+  QString settingsFolder() const;
 
   Chance chance_;
   std::filesystem::path root_;
@@ -71,13 +76,9 @@ class Monkey {
   Hands hands_;
 
   SettingsStore settings_;
-  std::unique_ptr<Boxes> boxes_;
   FakeShell shell_;
-  FakeHelpViewer help_;
   std::unique_ptr<End> end_;
   std::unique_ptr<Yield> yield_;
-  Folders folders_;
-  std::unique_ptr<Services> services_;
 
   MonkeyReport report_;
   QEventLoop loop_;

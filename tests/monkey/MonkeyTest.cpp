@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QTemporaryDir>
 
+#include <array>
 #include <cstdio>
 #include <fstream>
 #include <iterator>
@@ -73,7 +74,24 @@ void Print(int seed, const MonkeyReport& report) {
   std::fflush(stdout);
 }
 
-void RunSeed(int seed) {
+// Those of the program: chance has to come to each in a long run.
+constexpr std::array kWindows = {
+    "CmdSetFormat", "CompareWindow", "FindAnything",  "ForgetDialog",   "FrmAmrPar",         "FrmArmour",
+    "FrmCmdBtn",    "FrmCmdSet",     "FrmEdit",       "FrmFun",         "FrmHelp",           "FrmManEdit",
+    "FrmOpt",       "FrmReplace",    "FrmWE",         "QFontDialog",    "FurtherDataDialog", "HistoryWindow",
+    "JumpPopup",    "MessageBox",    "NewNameDialog", "ProblemsWindow", "ProposalList",      "QFileDialog",
+    "UsesWindow",   "frmAbout",      "frmSplash",     "frmWizard",      "FrmColData"};
+constexpr int kLongRun = 100'000;  // events of all seeds
+
+std::string WindowsNotIn(const std::set<QString>& shown) {
+  std::string missed;
+  for (const char* window : kWindows) {
+    if (!shown.contains(window)) missed += std::string(missed.empty() ? "" : ", ") + window;
+  }
+  return missed;
+}
+
+MonkeyReport RunSeed(int seed) {
   SCOPED_TRACE("seed " + std::to_string(seed));
   const QTemporaryDir folder;
   const fs::path root = folder.path().toStdString();
@@ -91,14 +109,26 @@ void RunSeed(int seed) {
   EXPECT_LT(report.longestWork.count(), patience);
   EXPECT_LT(report.longest.count(), kBusyMachine * patience);
   EXPECT_LT(report.heapEnd, report.heapWarm + kMostGrowth);
+  return report;
 }
 
 // --events=N --seed=FIRST --seeds=N --patience=MILLISECONDS. Even seeds use a damaged game.
 TEST(MonkeyTest, NothingBreaksTheProgram) {
   qInstallMessageHandler(PrintOnce);
   const int first = Argument("seed", 1);
-  for (int seed = first; seed < first + Argument("seeds", 2); ++seed) RunSeed(seed);
+  std::set<QString> windows;
+  int events = 0;
+  for (int seed = first; seed < first + Argument("seeds", 2); ++seed) {
+    MonkeyReport report = RunSeed(seed);
+    events += report.events;
+    windows.merge(report.windows);
+  }
   qInstallMessageHandler(nullptr);
+  const std::string missed = WindowsNotIn(windows);
+  std::printf("windows not shown: %s\n", missed.empty() ? "none" : missed.c_str());
+  if (events >= kLongRun) {
+    EXPECT_EQ(missed, "");
+  }
 }
 
 }  // namespace

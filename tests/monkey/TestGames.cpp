@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "monkey/TestGames.h"
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <fstream>
@@ -66,6 +67,20 @@ std::string TextOf(const DataFile& file) {
   return text;
 }
 
+// One hides a file that the folder may have.
+StockRecords PackedTexts() {
+  return {{"Data\\INI\\Packed.ini",
+           GameFolder::CrLf("Science SCIENCE_Packed\n  PrerequisiteSciences = SCIENCE_Nowhere\nEnd\n")},
+          {"Data\\INI\\Object\\Packed.ini", GameFolder::CrLf(Object(kObjects) + Object(kObjects + 1))},
+          {"Data\\INI\\Weapon.ini", GameFolder::CrLf(Blocks("Weapon", "Packed", "  AttackRange = 5\n"))}};
+}
+
+void AddArchives(GameFiles& files) {
+  const StockRecords texts = PackedTexts();
+  files["INI.big"] = ArchiveBytes({texts.front()});
+  files["Patch.BIG"] = ArchiveBytes(texts);
+}
+
 std::string ReadAll(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
@@ -85,14 +100,32 @@ std::string Repeated(const char* text, int times) {
 
 }  // namespace
 
-std::string PackedText() {
-  return GameFolder::CrLf("Science SCIENCE_Packed\n  PrerequisiteSciences = SCIENCE_Nowhere\nEnd\n");
+bool IsPackedText(const std::string& bytes) {
+  const StockRecords texts = PackedTexts();
+  return std::ranges::find(texts, bytes, &StockRecords::value_type::second) != texts.end();
+}
+
+std::string ChangedArchive(Chance& chance) {
+  StockRecords texts = PackedTexts();
+  switch (chance.below(5)) {
+    case 0:
+      return DamagedText(chance);
+    case 1:
+      return ArchiveBytes(texts).substr(0, static_cast<std::size_t>(chance.below(200)));
+    case 2:
+      std::ranges::reverse(texts);
+      return ArchiveBytes(texts);
+    case 3:
+      return ArchiveBytes({texts.back()});
+    default:
+      return ArchiveBytes(texts);
+  }
 }
 
 GameFiles SmallGame() {
   GameFiles files{{"generals.exe", ""}};
   for (const DataFile& file : kDataFiles) files[RelativePath(file)] = GameFolder::CrLf(TextOf(file));
-  files["INI.big"] = ArchiveBytes({{"Data\\INI\\Packed.ini", PackedText()}});
+  AddArchives(files);
   return files;
 }
 
@@ -105,7 +138,9 @@ GameFiles SampleGame() {
       files[entry.path().lexically_relative(sample).generic_string()] = ReadAll(entry.path());
     }
   }
-  return files.empty() ? SmallGame() : files;
+  if (files.empty()) return SmallGame();
+  AddArchives(files);
+  return files;
 }
 
 std::string DamagedText(Chance& chance) {
