@@ -62,6 +62,36 @@ constexpr std::string_view kCheckSeeds[] = {
     "# file\tcode\ttext\nData/INI/Weapon.ini\tstray-end\tEnd closes nothing here: no block is open\n",
 };
 
+constexpr std::string_view kBaselineSeeds[] = {
+    "# Accepted findings\nData/INI/Weapon.ini\tduplicate\tWeapon Gun stands in line 3 too\n"
+    "Patch.big:Data/INI/Weapon.ini\tduplicate\tWeapon Gun stands in line 12\r\nline 5\tline \t\n",
+    "a\tb\nline 1line 22\t\t\n#\t\t\n",
+};
+
+constexpr std::string_view kIgnoreSeeds[] = {
+    "Weapon Gun ; korvane: ignore duplicate, key-twice\r\n  ClipSize = 1 // Korvane: ignore\r\n  ClipSize = "
+    "2 "
+    "// korvane: IGNORE Key-Twice ; no\r\nEnd\r\n",
+    "; korvane:ignore a korvane: ignore b\rkorvane: ignore duplicate\nObject A // korvane: ignore,x\n Body = "
+    "B T ; korvane: ignore duplicate\n End\nEnd\n",
+};
+
+// The first line is stored.
+constexpr std::string_view kSettingsSeeds[] = {
+    "DejaVu Sans\n[General]\nloose=1\n\n[Settings]\nMenuiFont=Arial\nExit=\"a;b, c\"\nInfoTab=\\x41\\n, d\n",
+    "@x;\n\xEF\xBB\xBF; a remark \\\n[%General]\na%20b=@ByteArray(x)\nA\\B=1 "
+    "\\\n2\n[Settings]\nExit=\\\"\r\n",
+    "\xC3\xA9\n[Settings]\nItemNum=2\nExit=",
+};
+
+// A draft, one of an earlier release, and names of versions.
+constexpr std::string_view kDraftSeeds[] = {
+    "\0C:\\Game\\Data\\INI\\Weapon.ini\0part\0/home/a/kept\0Weapon Gun\r\n \xC3\xA9 \xE2\x82\xAC\nEnd\n"sv,
+    "C:\\Game\\Data\\INI\\Armor.ini\npart\nArmor Plate\r\n\xE9\x81\rEnd\r\n"sv,
+    "00000012 2026-11-23 06.08.45Z unsaved-part-utf8 Weapon.ini"sv,
+    "2026-11-23 06.08.45.123 unsaved part of Weapon.ini"sv,
+};
+
 // The first byte chooses the kind, a line for each edit follows, and an empty one.
 constexpr std::string_view kEditSeeds[] = {
     "\x00"
@@ -148,6 +178,10 @@ int main(int argc, char** argv) {
   WriteEach(Folder(seeds / "tree"), kTreeSeeds);
   WriteEach(Folder(seeds / "catalogue"), kCatalogueSeeds);
   WriteEach(Folder(seeds / "check"), kCheckSeeds);
+  WriteEach(Folder(seeds / "baseline"), kBaselineSeeds);
+  WriteEach(Folder(seeds / "ignore"), kIgnoreSeeds);
+  WriteEach(Folder(seeds / "settings"), kSettingsSeeds);
+  WriteEach(Folder(seeds / "drafts"), kDraftSeeds);
   WriteEach(Folder(seeds / "writing"), kCatalogueSeeds);
   WriteEach(Folder(seeds / "edit"), kEditSeeds);
   WriteEach(Folder(seeds / "compare"), kCompareSeeds);

@@ -78,9 +78,10 @@ TEST_F(ComparisonOf, WhatHasNoName) {
 }
 
 TEST_F(ComparisonOf, ArchivesAndStockDatabases) {
-  const StockRecords files = {
-      {"Data\\INI\\Weapon.ini", "Weapon Gun\r\n Clip = 1\r\nEnd\r\n"},
-      {"Data\\INI\\Object\\FactionUnit.ini", "Object Tank\r\n Side = GLA\r\nEnd\r\n"}};
+  const StockRecords files = {{"Data\\INI\\Weapon.ini", "Weapon Gun\r\n Clip = 1\r\nEnd\r\n"},
+                              {"Data\\INI\\Object\\FactionUnit.ini", "Object Tank\r\n Side = GLA\r\nEnd\r\n"},
+                              {"Data\\Scripts\\Weapon.ini", "Weapon Other\r\nEnd\r\n"},
+                              {"Data\\INI\\Weapon.txt", "Weapon Text\r\nEnd\r\n"}};
   original.write("INI.big", ArchiveBytes(files));
   StockTable database(original.native("Stock"));
   for (const auto& [path, text] : files) database.add(path, text);

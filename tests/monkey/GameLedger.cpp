@@ -20,6 +20,11 @@ std::string ReadAll(const fs::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
+bool IsThere(const fs::path& path) {
+  std::error_code none;
+  return fs::exists(fs::symlink_status(path, none));
+}
+
 // What is no file, where one was.
 void PutOddity(const fs::path& target, Chance& chance) {
   switch (chance.below(4)) {
@@ -48,17 +53,21 @@ GameLedger::GameLedger(fs::path folder, GameFiles files)
   restore();
 }
 
-// Whatever was done to it and to the folders above it.
-void GameLedger::makeWritable(const fs::path& target) const {
+// Makes the folders above it usable again.
+void GameLedger::reach(const fs::path& target) const {
+  std::error_code none;
   fs::path at = folder_;
   for (const fs::path& name : target.lexically_relative(folder_)) {
-    if (fs::is_directory(at)) fs::permissions(at, fs::perms::owner_all, fs::perm_options::add);
+    if (fs::is_directory(at, none)) fs::permissions(at, fs::perms::owner_all, fs::perm_options::add);
     at /= name;
   }
-  std::error_code none;
-  if (fs::exists(fs::symlink_status(at, none)) && !fs::is_regular_file(fs::symlink_status(at, none)))
-    fs::remove_all(at);
-  fs::permissions(at, fs::perms::owner_all, fs::perm_options::add, none);
+}
+
+// Makes it an ordinary file again, or nothing.
+void GameLedger::makeWritable(const fs::path& target) const {
+  reach(target);
+  if (IsThere(target) && !fs::is_regular_file(fs::symlink_status(target))) fs::remove_all(target);
+  if (IsThere(target)) fs::permissions(target, fs::perms::owner_all, fs::perm_options::add);
 }
 
 void GameLedger::put(const std::string& path, const std::string& bytes) {
@@ -88,7 +97,7 @@ void GameLedger::changeOutside(Chance& chance) {
 
 void GameLedger::changeFile(const std::string& path, Chance& chance) {
   const fs::path target = folder_ / path;
-  const bool isThere = fs::exists(target);
+  const bool isThere = IsThere(target);
   switch (chance.below(9)) {
     case 0:
       return put(path, DamagedText(chance));
@@ -120,6 +129,7 @@ void GameLedger::changeFile(const std::string& path, Chance& chance) {
 
 void GameLedger::changeMany(const std::string& path, Chance& chance) {
   const fs::path folder = (folder_ / path).parent_path();
+  reach(folder_ / path);
   switch (chance.below(6)) {
     case 0:
       for (const std::string& gone : paths_) {
@@ -128,14 +138,13 @@ void GameLedger::changeMany(const std::string& path, Chance& chance) {
       }
       return;
     case 1:
-      makeWritable(folder);
       if (chance.oneIn(4)) fs::remove_all(folder);
       return;
     case 2:
-      if (fs::exists(folder)) fs::permissions(folder, fs::perms::none);
+      if (IsThere(folder)) fs::permissions(folder, fs::perms::none);
       return;
     case 3:
-      if (fs::exists(folder)) fs::permissions(folder, fs::perms::owner_write, fs::perm_options::remove);
+      if (IsThere(folder)) fs::permissions(folder, fs::perms::owner_write, fs::perm_options::remove);
       return;
     default:
       restore();

@@ -52,6 +52,7 @@ class GameLedger {
   void put(const std::string& path, const std::string& bytes);
   void changeFile(const std::string& path, Chance& chance);
   void changeMany(const std::string& path, Chance& chance);
+  void reach(const std::filesystem::path& target) const;
   void makeWritable(const std::filesystem::path& target) const;
 
   std::filesystem::path folder_;
