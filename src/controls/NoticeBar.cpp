@@ -2,10 +2,13 @@
 #include "controls/NoticeBar.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -20,6 +23,7 @@ namespace {
 constexpr int kMostLines = 7;     // of text; beyond them the bar scrolls
 constexpr int kLongestWord = 48;  // characters; longer ones are broken, or they would widen the window
 constexpr int kMargin = 4;        // pixels
+constexpr QKeyCombination kGoHere(Qt::CTRL, Qt::Key_F6);
 constexpr QChar kBreakHere(0x200b);
 
 QString WithBreaks(const QString& text) {
@@ -88,6 +92,7 @@ NoticeBar::NoticeBar(QWidget* parent) : QScrollArea(parent) {
   QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
+  new QShortcut(kGoHere, this, this, &NoticeBar::takeKeyboard);
   hide();
 }
 
@@ -124,6 +129,7 @@ QStringList NoticeBar::sentences() const {
 }
 
 void NoticeBar::rebuild() {
+  const bool hadKeyboard = isAncestorOf(QApplication::focusWidget());
   auto* rows = new QWidget;
   texts_.clear();
   auto* layout = new QVBoxLayout(rows);
@@ -136,6 +142,36 @@ void NoticeBar::rebuild() {
   applyColours();
   setVisible(!parts_.empty());
   updateGeometry();
+  if (hadKeyboard) giveKeyboardBack();
+}
+
+// A label shows which of its links has the keyboard only when a Tab has led there.
+void NoticeBar::takeKeyboard() {
+  QWidget* focus = QApplication::focusWidget();
+  if (!isAncestorOf(focus)) before_ = focus;
+  for (auto* row : widget()->findChildren<QWidget*>()) {
+    const auto* label = qobject_cast<QLabel*>(row);
+    const bool isLink = label != nullptr && label->text().contains("<a ");
+    if (!isLink && qobject_cast<QPushButton*>(row) == nullptr) continue;
+    row->setFocus(Qt::ShortcutFocusReason);
+    if (isLink) {
+      QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+      QCoreApplication::sendEvent(row, &tab);
+    }
+    return;
+  }
+}
+
+void NoticeBar::giveKeyboardBack() {
+  if (before_ != nullptr) before_->setFocus();
+}
+
+bool NoticeBar::eventFilter(QObject* watched, QEvent* event) {
+  const bool escape =
+      event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+  if (!escape) return QScrollArea::eventFilter(watched, event);
+  giveKeyboardBack();
+  return true;
 }
 
 QWidget* NoticeBar::makeRow(const Notice& notice) {
@@ -149,6 +185,7 @@ QWidget* NoticeBar::makeRow(const Notice& notice) {
   label->setTextInteractionFlags(Qt::TextBrowserInteraction);
   label->setAccessibleName(notice.plainText());
   label->setFocusPolicy(Qt::TabFocus);
+  label->installEventFilter(this);
   connect(label, &QLabel::linkActivated, this, [this, pieces = notice.pieces_](const QString& number) {
     follow(pieces.at(number.toULong()).follow);
   });
@@ -158,6 +195,7 @@ QWidget* NoticeBar::makeRow(const Notice& notice) {
     auto* push = new QPushButton(button.text);
     push->setObjectName("NoticeButton");
     push->setFocusPolicy(Qt::TabFocus);
+    push->installEventFilter(this);
     connect(push, &QPushButton::clicked, this, [this, run = button.follow] { follow(run); });
     layout->addWidget(push, 0, Qt::AlignTop);
   }

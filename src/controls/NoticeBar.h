@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QPointer>
 #include <QScrollArea>
 #include <QStringList>
 
@@ -53,6 +54,9 @@ class NoticeBar : public QScrollArea {
   void tell(int part, std::vector<Notice> notices);
   void clear(int part) { tell(part, {}); }
 
+  // Goes to the first link or button, as its key does; Escape goes back to where the keyboard was.
+  void takeKeyboard();
+
   // The sentences that are seen, without their buttons.
   QStringList sentences() const;
 
@@ -66,6 +70,7 @@ class NoticeBar : public QScrollArea {
 
  protected:
   void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
@@ -73,9 +78,11 @@ class NoticeBar : public QScrollArea {
   QWidget* makeRow(const Notice& notice);
   void follow(const Notice::Follow& follow);
   void applyColours();
+  void giveKeyboardBack();
 
   std::map<int, std::vector<Notice>> parts_;
   std::vector<std::pair<QLabel*, Notice>> texts_;  // as they are seen
+  QPointer<QWidget> before_;                       // what had the keyboard before the bar
 };
 
 }  // namespace korvane

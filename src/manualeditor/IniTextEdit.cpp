@@ -28,6 +28,7 @@ constexpr int kNumberMargin = 0;
 constexpr int kFoldMargin = 3;
 constexpr int kTextMargin = 4;  // pixels between the line numbers and the text
 constexpr int kLinesAround = 4;
+constexpr int kFoldShare = 70;  // of the text colour in the lines of the folds, in percent
 constexpr std::size_t kMostPieces =
     5000;  // that a replacement is made of; each is told to all who follow edits
 constexpr int kStrikeIndicator = 20;
@@ -445,12 +446,23 @@ void IniTextEdit::applyFont() {
 void IniTextEdit::applyColours() {
   look_->apply(font_, palette());
   text_->setIndicatorForegroundColor(palette().color(QPalette::Active, QPalette::Text), kStrikeIndicator);
+  applyFoldColours();
   lineMarks_->applyColours(palette());
   findingMarks_->applyColours(palette());
   const bool dark = TextLook::isDark(palette());
   for (const MarkStyle& style : kMarkStyles) {
     text_->setIndicatorForegroundColor(QColor(dark ? style.onDark : style.onLight), style.indicator);
     send(Sci::SCI_INDICSETALPHA, style.indicator, style.alpha);
+  }
+}
+
+// Of the lines and boxes that lead along the blocks.
+void IniTextEdit::applyFoldColours() {
+  const QColor paper = palette().color(QPalette::Active, QPalette::Base);
+  const QColor line = TextLook::mixed(palette().color(QPalette::Active, QPalette::Text), paper, kFoldShare);
+  for (unsigned long marker = Sci::SC_MARKNUM_FOLDEREND; marker <= Sci::SC_MARKNUM_FOLDEROPEN; ++marker) {
+    text_->SendScintilla(Sci::SCI_MARKERSETFORE, marker, paper);
+    text_->SendScintilla(Sci::SCI_MARKERSETBACK, marker, line);
   }
 }
 

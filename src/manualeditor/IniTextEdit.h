@@ -150,6 +150,7 @@ class IniTextEdit : public QWidget {
   TextSpan spanOf(int line, int column, int length) const;
   void applyFont();
   void applyColours();
+  void applyFoldColours();
   void strikeOut();
   void showAtScrollBar(TextMark mark, const std::vector<TextSpan>& spans);
   qsizetype send(unsigned message, qsizetype first = 0, qsizetype second = 0) const;

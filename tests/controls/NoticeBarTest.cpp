@@ -89,6 +89,39 @@ TEST_F(NoticeBars, LinksAndButtonsDoTheirOwnThingAndCanReplaceTheirSentence) {
   EXPECT_EQ(bar->sentences(), QStringList("Gone"));
 }
 
+TEST_F(NoticeBars, AKeyLeadsToTheFirstLinkAndEscapeBack) {
+  QStringList done;
+  Notice second("Only said.");
+  Notice third;
+  third.say("See ").link("here", [&] {
+    done += "here";
+    bar->clear(1);
+  });
+  bar->tell(1, {second, third});
+  window->activateWindow();
+  content->setFocus();
+  const auto press = [](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    QApplication::processEvents();
+  };
+  ASSERT_TRUE(QTest::qWaitFor([this] { return content->hasFocus(); }));
+  press(Qt::Key_F6, Qt::ControlModifier);
+  EXPECT_TRUE(row(1).hasFocus());
+  press(Qt::Key_Escape);
+  EXPECT_TRUE(content->hasFocus());
+  press(Qt::Key_F6, Qt::ControlModifier);
+  press(Qt::Key_Return);
+  EXPECT_EQ(done, QStringList("here"));
+  EXPECT_TRUE(bar->isHidden());
+  EXPECT_TRUE(content->hasFocus()) << "the sentence is gone";
+  Notice button("Do it?");
+  button.button("Do", [&] { done += "do"; });
+  bar->tell(1, {button});
+  press(Qt::Key_F6, Qt::ControlModifier);
+  press(Qt::Key_Space);
+  EXPECT_EQ(done, QStringList({"here", "do"}));
+}
+
 TEST_F(NoticeBars, TextOfAFileIsNeverMarkup) {
   bar->tell(1, {Notice("<b>Tank</b> & ").link("<i>x</i>", [] {})});
   EXPECT_TRUE(row(0).text().contains("&lt;b&gt;Tank&lt;/b&gt; &amp; "));

@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QAction>
 #include <QApplication>
+#include <QFile>
 #include <QTabBar>
 #include <QTest>
 
@@ -33,23 +35,48 @@ QStringList Nameless() {
   return found;
 }
 
-class AccessibleNamesTest : public testing::Test, protected TestDesk {};
+// With every window open.
+class AccessibleNamesTest : public testing::Test, protected TestDesk {
+ protected:
+  void SetUp() override {
+    game.ini("Weapon.ini", "Weapon Gun\nEnd\n");
+    program.mainWindow().show();
+    program.showWeaponEditor();
+    program.showArmourEditor();
+    program.showCommandSetEditor();
+    program.showCommandButtonEditor();
+    program.showManualEditor({.text = "Object Jeep\r\nEnd\r\n"});
+    program.search(SearchCommand::problems, program.mainWindow());
+    program.showOptions();
+    program.showAbout();
+    program.search(SearchCommand::files, program.mainWindow());
+    QTest::qWait(10);
+  }
+
+  Program program{services, folders, {}};
+};
 
 TEST_F(AccessibleNamesTest, EveryControlOfTheKeyboardHasOne) {
-  game.ini("Weapon.ini", "Weapon Gun\nEnd\n");
-  Program program(services, folders, {});
-  program.mainWindow().show();
-  program.showWeaponEditor();
-  program.showArmourEditor();
-  program.showCommandSetEditor();
-  program.showCommandButtonEditor();
-  program.showManualEditor({.text = "Object Jeep\r\nEnd\r\n"});
-  program.search(SearchCommand::problems, program.mainWindow());
-  program.showOptions();
-  program.showAbout();
-  program.search(SearchCommand::files, program.mainWindow());
-  QTest::qWait(10);
   EXPECT_EQ(Nameless().join('\n').toStdString(), "");
+}
+
+TEST_F(AccessibleNamesTest, EveryShortcutStandsOnTheHelpPageOfTheKeys) {
+  QFile file(KORVANE_KEYBOARD_PAGE);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QString page = QString::fromUtf8(file.readAll());
+  QStringList missing;
+  int shortcuts = 0;
+  for (const QWidget* window : QApplication::topLevelWidgets()) {
+    for (const QAction* action : window->findChildren<QAction*>()) {
+      for (const QKeySequence& keys : action->shortcuts()) {
+        ++shortcuts;
+        if (!page.contains('`' + keys.toString() + '`'))
+          missing += window->objectName() + ": " + action->text() + ' ' + keys.toString();
+      }
+    }
+  }
+  EXPECT_GT(shortcuts, 50);
+  EXPECT_EQ(missing.join('\n').toStdString(), "");
 }
 
 }  // namespace
