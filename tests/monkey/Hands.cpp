@@ -100,6 +100,7 @@ const Hands::Action Hands::kActions[] = {
     {"drop", 1, &Hands::dropFiles},
     {"open window", 4, &Hands::openWindow},
     {"command key", 5, &Hands::pressCommandKey},
+    {"write", 4, &Hands::write},
     {"next step", 10, &Hands::goOn},
     {"object", 8, &Hands::clickObject},
     {"entry", 8, &Hands::clickEntry},
@@ -117,7 +118,10 @@ const Hands::Action Hands::kActions[] = {
 QList<QWindow*> WindowsShown() {
   QList<QWindow*> shown;
   for (QWindow* window : QGuiApplication::topLevelWindows()) {
-    if (window->isVisible() && window->type() != Qt::ToolTip && WidgetOf(*window) != nullptr) shown += window;
+    const QWidget* widget = window->isVisible() ? WidgetOf(*window) : nullptr;
+    if (widget == nullptr) continue;
+    const bool isTip = window->type() == Qt::ToolTip && widget->objectName() != "ProposalList";
+    if (!isTip) shown += window;
   }
   return shown;
 }
@@ -248,6 +252,29 @@ void Hands::key(int code, Qt::KeyboardModifiers modifiers, const QString& text) 
 void Hands::type() {
   for (const QChar letter : QString::fromUtf8(chance_.oneOf(kTexts))) {
     key(letter.toUpper().unicode(), Qt::NoModifier, QString(letter));
+  }
+}
+
+// What brings proposals in the manual editor, and what may follow while they are seen.
+void Hands::write() {
+  constexpr std::array kBeginnings = {"  Dam", "  Weapon = PRIMARY ", "  KindOf = ", "End",
+                                      "Obj",   "  Armor = t"};
+  constexpr std::array kGoingOn = {
+      QKeyCombination(Qt::Key_Tab),           QKeyCombination(Qt::Key_Return),
+      QKeyCombination(Qt::Key_Down),          QKeyCombination(Qt::Key_Escape),
+      QKeyCombination(Qt::Key_PageDown),      QKeyCombination(Qt::Key_Backspace),
+      QKeyCombination(Qt::CTRL, Qt::Key_Z),   QKeyCombination(Qt::CTRL, Qt::Key_Space),
+      QKeyCombination(Qt::CTRL, Qt::Key_Tab), QKeyCombination(Qt::CTRL, Qt::Key_W)};
+  if (QGuiApplication::focusObject() == nullptr || !QGuiApplication::focusObject()->inherits("QsciScintilla"))
+    return openFile();
+  key(Qt::Key_End, Qt::NoModifier, {});
+  key(Qt::Key_Return, Qt::NoModifier, "\r");
+  for (const QChar letter : QString(chance_.oneOf(kBeginnings)))
+    key(letter.toUpper().unicode(), Qt::NoModifier, QString(letter));
+  if (chance_.oneIn(2)) key(Qt::Key_Space, Qt::ControlModifier, {});
+  for (int i = chance_.below(4); i > 0; --i) {
+    const QKeyCombination keys = chance_.oneOf(kGoingOn);
+    key(keys.key(), keys.keyboardModifiers(), {});
   }
 }
 

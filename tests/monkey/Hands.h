@@ -44,6 +44,7 @@ class Hands {
   void drag();
   void turnWheel();
   void type();
+  void write();
   void pressKey();
   void pressShortcut();
   void pressCommandKey();

@@ -115,15 +115,16 @@ TEST_F(RealFolder, ValuesOfALongerNameAreToldAndTheSentenceLeadsToTheObjectItsel
   click("Tank");
   EXPECT_EQ(get<QLineEdit>("MHealth").text(), "1");
   const auto& bar = get<NoticeBar>("NoticeBar");
-  EXPECT_TRUE(
-      bar.sentences().contains("These are the values of TankBarrel in line 1; Tank stands in line 4."));
+  ASSERT_TRUE(QTest::qWaitFor([&bar] {
+    return bar.sentences().contains("These are the values of TankBarrel in line 1; Tank stands in line 4.");
+  }));
   auto* sentence = bar.findChildren<QLabel*>("Notice").last();
   Q_EMIT sentence->linkActivated(sentence->text().section("href=\"", 2).section('"', 0, 0));
   ASSERT_TRUE(QTest::qWaitFor([] { return VisibleWindow("FrmManEdit") != nullptr; }));
   auto* line = VisibleWindow("FrmManEdit")->findChild<QLabel*>("Panel1");
   EXPECT_TRUE(QTest::qWaitFor([&] { return line->text() == "Line 4 of 7"; })) << qPrintable(line->text());
   click("TankBarrel");
-  EXPECT_TRUE(bar.sentences().filter("values of").isEmpty());
+  EXPECT_TRUE(QTest::qWaitFor([&bar] { return bar.sentences().filter("values of").isEmpty(); }));
 }
 
 TEST_F(RealFolder, UnixLineEndsAreToldConvertedAndGoneAfterANewStart) {
