@@ -27,6 +27,7 @@ bool IsThere(const fs::path& path) {
 
 // What is no file, where one was.
 void PutOddity(const fs::path& target, Chance& chance) {
+  fs::create_directories(target.parent_path());
   switch (chance.below(4)) {
     case 0:
       fs::create_directories(target / "inside");
