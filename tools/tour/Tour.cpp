@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QPainter>
 #include <QPixmap>
 #include <QScreen>
 #include <QTabWidget>
@@ -39,6 +40,7 @@ constexpr std::string_view kNewLine = "  PrimaryDamage            = 107.5";
 constexpr const char* kVersionsPlace = "~/.local/share/Ferncastle Software/Korvane/versions";
 
 constexpr int kUntilMarked = 2000;  // milliseconds behind the last key
+constexpr int kMostUndone = 100;    // steps
 constexpr int kSettle = 250;        // milliseconds for a window to be laid out and painted
 
 // The tabs of the main window, by the names of their pictures.
@@ -146,8 +148,12 @@ QWidget* Tour::window(const QString& name) {
 void Tour::picture(QWidget* shown, const QString& name) {
   if (shown == nullptr) return;
   QTest::qWait(kSettle);
+  save(shown->grab(), name);
+}
+
+void Tour::save(const QPixmap& picture, const QString& name) {
   const QString file = folder_ + '/' + name + ".png";
-  if (!shown->grab().save(file)) fail("Cannot write " + file);
+  if (!picture.save(file)) fail("Cannot write " + file);
   std::printf("%s\n", qPrintable(file));
 }
 
@@ -228,6 +234,7 @@ void Tour::search() {
 void Tour::manualEditor() {
   trigger("FrmEdit", "MnuFileEdit0");
   picture(window("FrmManEdit"), "manual-editor");
+  if (QWidget* editor = window("FrmManEdit")) proposals(*editor);
   for (const char* file : {"MnuFileEdit1", "MnuFileEdit4"}) {
     trigger("FrmEdit", file);
     window("FrmManEdit");
@@ -238,6 +245,31 @@ void Tour::manualEditor() {
   picture(window("FrmReplace"), "replace");
   if (QWidget* replace = window("FrmReplace")) replace->close();
   if (QWidget* editor = window("FrmManEdit")) editor->close();
+}
+
+// A weapon set is written at the end of the text, as far as the names that it may have. The list of them is a
+// window of its own.
+void Tour::proposals(QWidget& editor) {
+  QWidget* text = QApplication::focusWidget();
+  QTest::keyClick(text, Qt::Key_End, Qt::ControlModifier);
+  for (const char* line : {"Object MyTank", "  WeaponSet", "    Weapon = PRIMARY "}) {
+    QTest::keyClick(text, Qt::Key_Return);
+    QTest::keyClicks(text, line);
+  }
+  auto* list = editor.findChild<QListView*>("ProposalList");
+  const auto hasNames = [&] {
+    QTest::keyClick(text, Qt::Key_Space, Qt::ControlModifier);
+    return list->model()->rowCount() > 5;
+  };
+  if (!QTest::qWaitFor(hasNames)) fail("Nothing is proposed");
+  QTest::qWait(kSettle);
+  QPixmap both = editor.grab();
+  QPainter(&both).drawPixmap(editor.mapFromGlobal(list->mapToGlobal(QPoint())), list->grab());
+  save(both, "completion");
+  QTest::keyClick(text, Qt::Key_Escape);
+  for (int keys = 0; keys < kMostUndone && editor.windowTitle().endsWith('*'); ++keys) {
+    QTest::keyClick(text, Qt::Key_Z, Qt::ControlModifier);
+  }
 }
 
 // The window with the notes about the game's data, for these have no error; then one is typed.

@@ -6,6 +6,7 @@
 
 #include <functional>
 
+class QPixmap;
 class QTreeView;
 class QWidget;
 
@@ -30,6 +31,7 @@ class Tour {
   void tabs();
   void search();
   void manualEditor();
+  void proposals(QWidget& editor);
   void problems();
   QString original() const;
   void history();
@@ -49,6 +51,7 @@ class Tour {
   QWidget* window(const QString& name);
   void trigger(const QString& windowName, const QString& action);
   void picture(QWidget* shown, const QString& name);
+  void save(const QPixmap& picture, const QString& name);
   // Waits for the message box that `action` brings up, takes its picture and answers it.
   void message(const std::function<void()>& action, const QString& name);
   void fail(const QString& reason);
