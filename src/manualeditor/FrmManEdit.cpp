@@ -456,14 +456,17 @@ void FrmManEdit::reload() {
 void FrmManEdit::closeTab() {
   const WindowCalls::Running call(calls_);
   tabs_->closeCurrent();
+  TxtManEdit_->setFocus();
 }
 
 void FrmManEdit::showNextTab() {
   tabs_->showNext();
+  TxtManEdit_->setFocus();
 }
 
 void FrmManEdit::showPreviousTab() {
   tabs_->showPrevious();
+  TxtManEdit_->setFocus();
 }
 
 void FrmManEdit::tellAboutUndo() {

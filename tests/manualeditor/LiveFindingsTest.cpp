@@ -170,6 +170,35 @@ TEST_F(LiveFindingsTest, AnotherFilesNamesCountWhenItHasChanged) {
   EXPECT_EQ(found().first(), "3: 10,5 number-form");
 }
 
+TEST_F(LiveFindingsTest, EachTabHasItsOwnAndTheUnsavedTextsOfOthersCount) {
+  openChecked(kFaulty);
+  const QStringList faults = found();
+  ASSERT_TRUE(window_->open({game_.qpath() + "\\Data\\INI\\FXList.ini"}));
+  show();
+  EXPECT_EQ(found(), QStringList());
+  EXPECT_FALSE(hasSign(2, kSignOfErrors));
+  EXPECT_TRUE(waitForMarks());
+  trigger("previousTab");
+  EXPECT_EQ(found(), faults) << "at once";
+  EXPECT_TRUE(hasSign(2, kSignOfErrors));
+  trigger("nextTab");
+  text().goTo(0, 7, 7);
+  type("FX_Bnag");
+  trigger("previousTab");
+  EXPECT_TRUE(WaitFor([this] {
+    return found() == QStringList({"3: 10,5 number-form", "6: PrimryDamage key-typo"});
+  })) << found().join('\n').toStdString();
+  press(Qt::Key_F8);
+  press(Qt::Key_F8);
+  press(Qt::Key_Period, Qt::ControlModifier);
+  EXPECT_EQ(text().selectedText(), "PrimaryDamage");
+  trigger("nextTab");
+  EXPECT_EQ(text().fileBytes().bytes, "FXList FX_Bnag\r\nEnd\r\n") << "the other text is left alone";
+  trigger("closeTab");
+  EXPECT_TRUE(WaitFor([this] { return found().contains("2: FX_Bnag missing-name"); }))
+      << "as the file has it";
+}
+
 TEST_F(LiveFindingsTest, NothingIsCalledMissingBeforeTheFurtherDataAreRead) {
   game_.write("Original/Data/INI/Effects.ini", "FXList FX_Bnag\r\nEnd\r\n");
   openChecked(kFaulty);

@@ -123,6 +123,18 @@ TEST_F(TabsTest, KeysGoRoundTheTabsAndCloseThem) {
   }
 }
 
+TEST_F(TabsTest, TheKeyboardIsInTheTextOfTheTabThatAKeyLeadsTo) {
+  openThree();
+  window_->activateWindow();
+  for (const char* command : {"nextTab", "previousTab", "closeTab"}) {
+    part<QComboBox>("CboFind")->setFocus();
+    ASSERT_TRUE(WaitFor([this] { return part<QComboBox>("CboFind")->hasFocus(); }));
+    const QKeyCombination keys = part<QAction>(command)->shortcut()[0];
+    QTest::keyClick(QApplication::focusWidget(), keys.key(), keys.keyboardModifiers());
+    EXPECT_EQ(QApplication::focusWidget(), text().focusProxy()) << command;
+  }
+}
+
 // The state of a tab, as its user sees it.
 struct Seen {
   std::string text;

@@ -280,6 +280,14 @@ TEST_F(TankJourney, ADuplicatedUnitIsFoundAtOnce) {
   EXPECT_EQ(
       game.read("Data/INI/Object/FactionUnit.ini").find("Object AmericaScout\r\n  MaxHealth = 90\r\nEnd"),
       45U);
+  const auto isInTree = [](Program& asked) {
+    const QAbstractItemModel& tree = asked.mainWindow().objects();
+    return !tree.match(tree.index(0, 0), Qt::DisplayRole, "AmericaScout", 1, Qt::MatchRecursive).isEmpty();
+  };
+  EXPECT_FALSE(isInTree(program));
+  Program next(services, folders, {});
+  next.StartProgram();
+  EXPECT_TRUE(isInTree(next));
 }
 
 TEST_F(TankJourney, EveryWindowFindsAnythingAndTexts) {

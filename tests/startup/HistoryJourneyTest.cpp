@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QStandardPaths>
+#include <QTabBar>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -81,6 +82,29 @@ TEST_F(HistoryJourney, SaveSaveAndRestoreTheFirst) {
   restore();
   trigger("MnuSave");
   EXPECT_EQ(saved(), kFirst);
+}
+
+TEST_F(HistoryJourney, AVersionComesBackInTheTabOfItsOwnFile) {
+  open();
+  typeAndSave("; one ");
+  program->showManualEditor({game.qpath() + "\\Data\\INI\\Weapon.ini", 1, kFirst});
+  game.write("Data/INI/Armor.ini", kFirst);
+  program->showManualEditor({game.qpath() + "\\Data\\INI\\Armor.ini"});
+  const auto& tabs = *editor().findChild<QTabBar*>("textTabs");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return tabs.count() == 3; }));
+  editor().findChild<QTabBar*>("textTabs")->setCurrentIndex(0);
+  trigger("showHistory");
+  waitForHistory();
+  list("versions").setCurrentItem(list("versions").topLevelItem(1));
+  waitForHistory();
+  trigger("previousTab");
+  EXPECT_EQ(tabs.currentIndex(), 2);
+  restore();
+  EXPECT_EQ(tabs.currentIndex(), 0);
+  EXPECT_EQ(text().fileBytes().bytes, kFirst);
+  trigger("previousTab");
+  EXPECT_EQ(text().fileBytes().bytes, kFirst);
+  EXPECT_FALSE(text().isModified()) << "another file";
 }
 
 TEST_F(HistoryJourney, TakeOneChangeBack) {
