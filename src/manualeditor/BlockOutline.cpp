@@ -144,8 +144,15 @@ void BlockOutline::foldAll() {
   if (!path.empty()) goTo(*path.front());
 }
 
+// The line at the cursor, or the first one where the cursor is not seen, stays where it is on the screen.
 void BlockOutline::unfoldAll() {
-  text_.view().send(Sci::SCI_FOLDALL, Sci::SC_FOLDACTION_EXPAND);
+  const ScintillaView view = text_.view();
+  const auto top = view.send(Sci::SCI_GETFIRSTVISIBLELINE);
+  const auto row = view.send(Sci::SCI_VISIBLEFROMDOCLINE, text_.cursorLine()) - top;
+  const bool seen = row >= 0 && row < view.send(Sci::SCI_LINESONSCREEN);
+  const auto line = seen ? text_.cursorLine() : view.send(Sci::SCI_DOCLINEFROMVISIBLE, top);
+  view.send(Sci::SCI_FOLDALL, Sci::SC_FOLDACTION_EXPAND);
+  view.send(Sci::SCI_SETFIRSTVISIBLELINE, view.send(Sci::SCI_VISIBLEFROMDOCLINE, line) - (seen ? row : 0));
 }
 
 void BlockOutline::toggleFold() {

@@ -107,6 +107,19 @@ TEST_F(BlockOutlineTest, FoldingTakesTheCursorToTheHeaderThatStaysInSight) {
   EXPECT_TRUE(visible(5));
 }
 
+TEST_F(BlockOutlineTest, UnfoldingAllLeavesTheCursorInSight) {
+  std::string many;
+  for (int i = 0; i < 100; ++i) many += kTwoObjects;
+  openFile(many);
+  goToLine(900);
+  trigger("foldAll");
+  trigger("unfoldAll");
+  const auto send = [this](unsigned message) { return text().view().send(message); };
+  const auto top = send(2152);  // the first line on the screen, and how many there are
+  EXPECT_LE(top, text().cursorLine());
+  EXPECT_GT(top + send(2370), text().cursorLine());
+}
+
 TEST_F(BlockOutlineTest, ThePanelFollowsEditsAndTheCursorAndIsRemembered) {
   openFile(kTwoObjects);
   auto* tree = part<QTreeView>("blockTree");

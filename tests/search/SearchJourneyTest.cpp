@@ -257,6 +257,27 @@ TEST_F(TankJourney, AWindowsCommandsAreFoundOnceAndNoneThatItDoesNotOffer) {
   EXPECT_EQ(offered("FrmManEdit", "TxtManEdit", "extract"), QStringList()) << "the text is in no archive";
 }
 
+TEST_F(TankJourney, ADefinitionInAnUnsavedTextIsGoneToWhereItStandsNow) {
+  const auto open = [this](const char* file) {
+    program.showManualEditor({.ManualEditFile = game.qpath() + "\\Data\\INI\\" + file});
+    ASSERT_TRUE(waitForTitle("FrmManEdit", "Manual Editor"));
+  };
+  open("Weapon.ini");
+  open("SoundEffects.ini");
+  QWidget& text = *part<QWidget>("FrmManEdit", "TxtManEdit").focusProxy();
+  for (int i = 0; i < 2; ++i) press(text, Qt::Key_Return);
+  press(text, Qt::Key_Tab, Qt::ControlModifier);
+  static_cast<FrmManEdit*>(text.window())->goToLine(4);
+  press(text, Qt::Key_End);
+  EXPECT_TRUE(QTest::qWaitFor([&] {
+    if (part<QTabBar>("FrmManEdit", "textTabs").currentIndex() == 0) press(text, Qt::Key_F4);
+    return part<QLabel>("FrmManEdit", "Panel1").text().startsWith("Line 5 ");
+  }));
+  EXPECT_EQ(part<QTabBar>("FrmManEdit", "textTabs").currentIndex(), 1);
+  press(text, Qt::Key_Left, Qt::AltModifier);
+  EXPECT_EQ(part<QLabel>("FrmManEdit", "Panel1").text(), "Line 4 of 6");
+}
+
 // A unit is added by duplicating one, found while it is not saved yet, and saved, all with the keyboard.
 TEST_F(TankJourney, ADuplicatedUnitIsFoundAtOnce) {
   program.showManualEditor({.ManualEditFile = game.qpath() + "\\Data\\INI\\Object\\FactionUnit.ini"});
