@@ -12,6 +12,7 @@
 
 #include "GapMeter.h"
 #include "Measure.h"
+#include "PeerParts.h"
 #include "ProgramJobs.h"
 #include "Table.h"
 #include "startup/Program.h"
@@ -29,6 +30,8 @@ struct Options {
   std::string part;
   std::string home;
   int factor = 1;
+  std::string sought;
+  std::string file;
 };
 
 constexpr int kQuickRuns = 3;
@@ -80,12 +83,16 @@ void StartOnly(const Options& options) {
 }
 
 void UseFoldersOf(const Options& options) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  if (options.part != "edit") qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("QT_LOGGING_RULES", "*.warning=false");  // what that platform cannot do
   qputenv("XDG_DATA_HOME", QByteArray::fromStdString(options.home + "/data"));
 }
 
 int RunPart(const Options& options, int argc, char** argv) {
+  if (options.part == "folders") {
+    MakeBenchFolders({options.home}, options.factor);
+    return 0;
+  }
   if (options.part == "processes") {
     MeasureAll(ProcessJobs({options.home}), options);
     return 0;
@@ -93,7 +100,15 @@ int RunPart(const Options& options, int argc, char** argv) {
   UseFoldersOf(options);
   QApplication app(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
-  options.part == "start" ? StartOnly(options) : MeasureProgram(options);
+  if (options.part == "find") {
+    FindAsPeer(BenchFolders{options.home}.game(), options.sought, options.runs);
+  } else if (options.part == "edit") {
+    EditAsPeer({options.home}, options.file);
+  } else if (options.part == "start") {
+    StartOnly(options);
+  } else {
+    MeasureProgram(options);
+  }
   return 0;
 }
 
@@ -142,6 +157,8 @@ int Run(int argc, char** argv) {
   app.add_option("--part", options.part)->group("");
   app.add_option("--home", options.home)->group("");
   app.add_option("--scale", options.factor)->group("");
+  app.add_option("--text", options.sought)->group("");
+  app.add_option("--file", options.file)->group("");
   CLI11_PARSE(app, argc, argv);
   if (options.quick) options.factors = {1};
   return options.part.empty() ? MeasureEverything(options) : RunPart(options, argc, argv);

@@ -14,6 +14,7 @@ run     libqt6svg6 fonts-dejavu-core xvfb openbox
 test    python3 fonts-dejavu-core libdbd-xbase-perl python3-dbf python3-dbfread desktop-file-utils appstream
 package dpkg-dev file fakeroot xdotool
 memcheck valgrind
+peers   ripgrep scite geany kate xdotool python3
 fuzz    clang libclang-rt-14-dev
 format  clang-format git
 lint    clang clang-format clang-tidy shellcheck desktop-file-utils appstream git
