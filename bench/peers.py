@@ -19,13 +19,15 @@ from pathlib import Path
 from statistics import median
 from typing import NamedTuple
 
+JOBS = ["find", "diff", "open"]
 SEARCHES = ("gun001", "gun00")  # hundreds of lines, thousands; more than 5000 Korvane does not list
 CHANGED_LINES = 200  # every so manieth line of the changed files, which are every second one
-EDITED, EMPTY = "Object/FactionUnit.ini", "Locomotor.ini"  # below Data/INI: the largest data file, and one that is emptied
+EDITED, EMPTIED = "Object/FactionUnit.ini", "Locomotor.ini"  # below Data/INI: the largest data file, and another one
 REST = 1.0  # seconds in which a program at rest takes less than ...
 RESTING = 20  # ... so many milliseconds of the processor's time: a cursor blinks
 HANGS = 60  # seconds
 TICK = 1000 / os.sysconf("SC_CLK_TCK")  # milliseconds
+USER_FOLDERS = ("HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR")
 CPU_CLOCK = 2  # the kind of clock that the system has for each process, with its number
 
 
@@ -69,8 +71,12 @@ def print_table(title, columns, rows):
         print(f"| {' | '.join(f'{cell:.1f}' if isinstance(cell, float) else str(cell) for cell in row)} |")
 
 
+def output_of(command, check=True):
+    return subprocess.run(command, capture_output=True, text=True, check=check).stdout
+
+
 def version(package):
-    return subprocess.run(["dpkg-query", "--show", "--showformat=${Version}", package], capture_output=True, text=True, check=True).stdout
+    return output_of(["dpkg-query", "--show", "--showformat=${Version}", package])
 
 
 def agree(counts):
@@ -90,8 +96,8 @@ class Bench:
     # Find in files
 
     def korvane_finds(self, text):
-        command = [self.programs / "korvane-bench", "--part", "find", "--home", self.home / "modification", "--text", text]
-        told = subprocess.run([*command, "--runs", str(self.runs + 1)], capture_output=True, text=True, check=True).stdout
+        where = ["--home", self.modification.parent, "--text", text, "--runs", str(self.runs + 1)]
+        told = output_of([self.programs / "korvane-bench", "--part", "find", *where])
         rows = [line.split() for line in told.splitlines()][1:]
         return int(rows[0][0]), medians([Cost(float(row[1]), float(row[2])) for row in rows])
 
@@ -107,7 +113,9 @@ class Bench:
         rows = []
         for text in SEARCHES:
             lines, korvane = self.korvane_finds(text)
-            one, two, start = in_turns(self.runs, [lambda: self.ripgrep_finds(text, 1, self.modification), lambda: self.ripgrep_finds(text, 2, self.modification), lambda: self.ripgrep_finds(text, 1, nothing)])
+            searches = [(text, 1, self.modification), (text, 2, self.modification), (text, 1, nothing)]
+            jobs = [lambda search=search: self.ripgrep_finds(*search) for search in searches]
+            one, two, start = in_turns(self.runs, jobs)
             self.ripgrep_finds(text, 1, self.modification)
             agree({"Korvane": lines, "ripgrep": len(self.output.read_bytes().splitlines())})
             rows += [("Korvane, one thread, in the running program", text, lines, *korvane)]
@@ -143,8 +151,12 @@ class Bench:
         changed = self.change(original)
         files = self.compared_files(original, changed)
         agree(files)
-        commands = {"`korvane-diff --text`": [self.programs / "korvane-diff", "--text", original, changed], "`diff -r`": ["diff", "-r", original, changed]}
-        costs = in_turns(self.runs, [lambda command=command: run(command, self.output, (1,)) for command in commands.values()])
+        commands = {
+            "`korvane-diff --text`": [self.programs / "korvane-diff", "--text", original, changed],
+            "`diff -r`": ["diff", "-r", original, changed],
+        }
+        jobs = [lambda command=command: run(command, self.output, (1,)) for command in commands.values()]
+        costs = in_turns(self.runs, jobs)
         rows = [(name, files["diff"], *cost) for name, cost in zip(commands, costs)]
         title = f"Two folders of 110 files, 22 MB each; GNU diff {version('diffutils')}"
         print_table(title, ("program", "files that differ", "ms", "processor ms"), rows)
@@ -164,7 +176,7 @@ class Bench:
     def opened(self, command, title):
         """Starts the program in a home of its own, waits until it rests, and ends it."""
         shutil.rmtree(self.home / "user", ignore_errors=True)
-        folders = {name: str(self.home / "user" / name) for name in ("HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR")}
+        folders = {name: str(self.home / "user" / name) for name in USER_FOLDERS}
         for folder in folders.values():
             Path(folder).mkdir(parents=True, mode=0o700)
         log = (self.home / "editor.log").open("wb")
@@ -181,7 +193,7 @@ class Bench:
             log.close()
 
     def open(self):
-        empty, edited = (self.home / "game/Data/INI" / file for file in (EMPTY, EDITED))
+        empty, edited = (self.home / "game/Data/INI" / file for file in (EMPTIED, EDITED))
         empty.write_bytes(b"")
         editors = self.editors()
         starts = [(command(file), title or file.name) for _, title, command in editors for file in (empty, edited)]
@@ -191,8 +203,9 @@ class Bench:
             shown = name if name == "Korvane" else f"{name} {version(name)}"
             more = [one.processor - other.processor for one, other in zip(after, before)]
             spread = f"{min(more):.0f} to {max(more):.0f}"
-            rows.append((shown, medians(before).processor, medians(after).processor, median(more), spread, medians(after).time))
-        columns = ("program", "empty file, processor ms", "2.2 MB, processor ms", "the file alone", "from ... to", "2.2 MB, ms to rest")
+            processor = (medians(before).processor, medians(after).processor, median(more))
+            rows.append((shown, *processor, spread, medians(after).time))
+        columns = ("program", "empty file, processor ms", "2.2 MB", "the file alone", "from ... to", "2.2 MB, ms to rest")
         print_table("Opening 2.2 MB, 60,000 lines, in an editor", columns, rows)
 
 
@@ -225,17 +238,18 @@ def wait_for_rest(process):
 
 
 def window_titles():
-    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "."], capture_output=True, text=True, check=False)
-    titles = [subprocess.run(["xdotool", "getwindowname", window], capture_output=True, text=True, check=False).stdout for window in found.stdout.split()]
-    return "".join(titles)
+    windows = output_of(["xdotool", "search", "--onlyvisible", "--name", "."], check=False).split()
+    return "".join(output_of(["xdotool", "getwindowname", window], check=False) for window in windows)
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.partition("\n")[0])
-    parser.add_argument("jobs", nargs="*", default=["find", "diff", "open"], help="find, diff or open; all without it")
+    parser.add_argument("jobs", nargs="*", default=JOBS, help="find, diff or open; all without it")
     parser.add_argument("--runs", type=int, default=7)
     parser.add_argument("--programs", type=Path, required=True, help="the folder with Korvane's programs")
     arguments = parser.parse_args()
+    if unknown := set(arguments.jobs) - set(JOBS):
+        parser.error(f"there is no {', '.join(unknown)}")
     with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as home:
         bench = Bench(arguments.programs.resolve(), Path(home), arguments.runs)
         bench.generate()
