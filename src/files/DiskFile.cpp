@@ -152,6 +152,10 @@ std::string ReasonOf(const std::error_code& error, const fs::path&) {
   return error.message();
 }
 
+bool NeedsAdministrator(const fs::path&) {
+  return false;
+}
+
 fs::path RealPath(const fs::path& path, std::error_code& error) {
   return fs::canonical(path, error);
 }

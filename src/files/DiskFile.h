@@ -86,6 +86,10 @@ bool IsHeldElsewhere(const std::error_code& error);
 // The error in words; of a file that another program holds, which one, as far as the system tells.
 std::string ReasonOf(const std::error_code& error, const std::filesystem::path& file);
 
+// Whether the system refuses the file (which need not be there), or one beside it, to this user, and would
+// let the program write it if it was started as administrator. Always false where no program can be.
+bool NeedsAdministrator(const std::filesystem::path& file);
+
 // Where a path really leads: absolute, without links. An error when nothing is there.
 std::filesystem::path RealPath(const std::filesystem::path& path, std::error_code& error);
 

@@ -61,12 +61,27 @@ OpenHandle OpenToAsk(const fs::path& path, DWORD flags = 0) {
   return {handle == INVALID_HANDLE_VALUE ? nullptr : handle, &::CloseHandle};
 }
 
-std::error_code WhyNotOpen(const fs::path& path, DWORD access) {
-  const HANDLE handle = ::CreateFileW(path.c_str(), access, kShareAll, nullptr, OPEN_EXISTING,
-                                      FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
+std::error_code WhyNotOpen(const fs::path& path, DWORD access, DWORD flags = FILE_FLAG_OPEN_REPARSE_POINT) {
+  const HANDLE handle =
+      ::CreateFileW(path.c_str(), access, kShareAll, nullptr, OPEN_EXISTING, flags, nullptr);
   if (handle == INVALID_HANDLE_VALUE) return ErrorOf(::GetLastError());
   ::CloseHandle(handle);
   return {};
+}
+
+bool IsReadOnly(const fs::path& file) {
+  const DWORD attributes = ::GetFileAttributesW(file.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+}
+
+bool IsAdministrator() {
+  HANDLE opened = nullptr;
+  if (::OpenProcessToken(::GetCurrentProcess(), TOKEN_QUERY, &opened) == 0) return false;
+  const OpenHandle token(opened, &::CloseHandle);
+  TOKEN_ELEVATION elevation{};
+  DWORD size = 0;
+  return ::GetTokenInformation(opened, TokenElevation, &elevation, sizeof elevation, &size) != 0 &&
+         elevation.TokenIsElevated != 0;
 }
 
 // Tries for a moment when somebody else holds the file.
@@ -253,14 +268,21 @@ bool IsHeldElsewhere(const std::error_code& error) {
 
 std::string ReasonOf(const std::error_code& error, const fs::path& file) {
   if (error == ErrorOf(ERROR_ACCESS_DENIED)) {
-    const DWORD attributes = ::GetFileAttributesW(file.c_str());
-    const bool readOnly =
-        attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
-    return readOnly ? "the file is read-only" : kNoRights;
+    return IsReadOnly(file) ? "the file is read-only" : kNoRights;
   }
   if (!IsHeldElsewhere(error)) return error.message();
   const Holders holders(file);
   return "another program holds it open" + (holders.names().empty() ? "" : ": " + holders.names());
+}
+
+bool NeedsAdministrator(const fs::path& file) {
+  if (IsAdministrator()) return false;
+  std::error_code error;
+  fs::path folder = file.parent_path();
+  while (folder.has_relative_path() && !fs::exists(folder, error)) folder = folder.parent_path();
+  const std::error_code denied = ErrorOf(ERROR_ACCESS_DENIED);
+  return WhyNotOpen(folder, FILE_ADD_FILE, FILE_FLAG_BACKUP_SEMANTICS) == denied ||
+         (WhyNotOpen(file, GENERIC_WRITE) == denied && !IsReadOnly(file));
 }
 
 // The standard library makes "\\server\share" a folder of the drive, and follows no junctions.

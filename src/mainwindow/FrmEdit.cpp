@@ -57,7 +57,7 @@ FrmEdit::FrmEdit(const Services& services, EditorLauncher& launcher)
       panels_(*statusBar()),
       notices_(new NoticeBar),
       objectNotices_(*notices_, launcher, services),
-      lineEnds_(*this, *notices_, launcher, services, [this] { startAgain(); }),
+      lineEnds_(*this, *notices_, launcher, services, [this] { startAgain(ProcessEnd::Rights::same); }),
       typed_(fields_, *notices_),
       lastView_(services.settings, *TVMenu_, objects_, fields_),
       launch_(*this, SParse1_, services, launcher, [this] { return display_->selectedObject(); }) {
@@ -313,10 +313,10 @@ void FrmEdit::exitCommand() {
   leave();
 }
 
-void FrmEdit::startAgain() {
+void FrmEdit::startAgain(ProcessEnd::Rights rights) {
   if (!launcher_.keepUnsavedTexts()) return;
   remember();
-  if (services_.process.startAnew()) leave();
+  if (services_.process.startAnew(rights)) leave();
 }
 
 void FrmEdit::leave() {

@@ -30,6 +30,7 @@
 #include "mainwindow/StatusPanels.h"
 #include "mainwindow/TypedMarks.h"
 #include "mainwindow/UnitFields.h"
+#include "platform/Programs.h"
 
 class QToolBar;
 
@@ -92,6 +93,9 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   bool armourChosen() const override;
   QString armourText() const;
 
+  // Ends the program and starts it anew, without losing what was typed; no end without a new start.
+  void startAgain(ProcessEnd::Rights rights);
+
  protected:
   bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
@@ -110,7 +114,6 @@ class FrmEdit : public QMainWindow, public UnitChoices, public NameSource {
   bool exitConfirmed();
   void exitCommand();
   void leave();
-  void startAgain();
   void remember();
   bool readAgain();
 

@@ -109,7 +109,11 @@ FrmManEdit::FrmManEdit(const Services& services, const FileWriter& files, const 
       find_(new FindBar(*TxtManEdit_, *TB1_)),
       tabs_(new TextTabs(*TxtManEdit_,
                          [this, &files, &versions](QObject* owner) {
-                           return new OpenText(owner, *TxtManEdit_, services_, files, versions);
+                           auto* text = new OpenText(owner, *TxtManEdit_, services_, files, versions);
+                           // The save that was refused ends first.
+                           connect(text, &OpenText::administratorAsked, this, &FrmManEdit::administratorAsked,
+                                   Qt::QueuedConnection);
+                           return text;
                          })),
       findings_(new LiveFindings(*TxtManEdit_, names)),
       completion_(new Completion(*TxtManEdit_, *outline_, names)),

@@ -104,6 +104,8 @@ class FrmManEdit : public QMainWindow, public NameSource {
   void fileSaved(const QString& file);
   // The text of an archive is to become a file of the game folder.
   void extractAsked(const FilePlace& place);
+  // The program is to be started anew as administrator.
+  void administratorAsked();
   // The window can go, see WindowCalls.
   void closedForGood();
 

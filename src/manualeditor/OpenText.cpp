@@ -15,6 +15,7 @@
 #include "platform/FileWriter.h"
 #include "platform/KeptVersions.h"
 #include "platform/MessageBoxes.h"
+#include "platform/Programs.h"
 
 namespace korvane {
 
@@ -172,9 +173,16 @@ bool OpenText::goesOn(FileToSave& file, const FileSaved& saved) {
       return ask(fileName() + " cannot be read, so its former version cannot be kept.",
                  {"Save anyway", "Cancel"}) == 0;
     case FileSaved::Stop::failed:
-      tell(QStringLiteral("The file was not saved: ") + kLineEnd + file_ + kLineEnd + saved.reason);
+      tellFailed(saved.reason);
   }
   return false;
+}
+
+void OpenText::tellFailed(const QString& reason) {
+  const QString failed = QStringLiteral("The file was not saved: ") + kLineEnd + file_ + kLineEnd + reason;
+  if (!services_.process.needsAdministrator(file_)) return tell(failed);
+  const QString kept = kLineEnd + "A restart keeps the text, unsaved, among the file's former versions.";
+  if (ask(failed + kept, {"Restart as administrator", "Cancel"}) == 0) Q_EMIT administratorAsked();
 }
 
 // What is saved anyway is the text over these other bytes; over others again it is another question.

@@ -103,6 +103,8 @@ class OpenText : public QObject {
   // See said().
   void toldOf(Notice notice);
   void loadedAnew();
+  // The program is to be started anew as administrator.
+  void administratorAsked();
 
  private:
   void loadNewText();
@@ -110,6 +112,7 @@ class OpenText : public QObject {
   void say(Notice notice, const QString& sentence);
   UnsavedText unsaved() const;
   bool mayLose(const QString& reason);
+  void tellFailed(const QString& reason);
   bool goesOn(FileToSave& file, const FileSaved& saved);
   bool saveInstead(const FileSaved& saved, FileToSave& file);
   void saved(std::string_view bytes);

@@ -31,14 +31,20 @@ class ProcessEnd {
  public:
   virtual ~ProcessEnd() = default;
   virtual void end() = 0;
-  // Starts the program anew, without arguments, beside this process. False when it cannot be started.
-  virtual bool startAnew() = 0;
+
+  enum class Rights { same, administrator };
+  // Starts the program anew, without arguments, beside this process. False when it cannot be started, or when
+  // the user does not allow it.
+  virtual bool startAnew(Rights rights) = 0;
+  // See NeedsAdministrator; the program's path.
+  virtual bool needsAdministrator(const QString& file) const = 0;
 };
 
 class RealProcessEnd : public ProcessEnd {
  public:
   [[noreturn]] void end() override;
-  bool startAnew() override;
+  bool startAnew(Rights rights) override;
+  bool needsAdministrator(const QString& file) const override;
 };
 
 }  // namespace korvane

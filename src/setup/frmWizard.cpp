@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <exception>
 
 #include "app/Services.h"
@@ -291,7 +292,22 @@ void frmWizard::restoreStockFiles() {
   nav(next).setEnabled(true);
   nav(next).setFocus();
   steps_->Label1->setText("The Files Have Been Extracted, Click Next To Continue.");
-  if (finishWanted_) finishUp();
+  if (finishWanted_) return finishUp();
+  offerAdministrator(files);
+}
+
+void frmWizard::offerAdministrator(const std::vector<RestoredFile>& files) {
+  const QString folder = services_.settings.gameFolder() + '\\';
+  const auto refused = std::ranges::find_if(files, [&](const RestoredFile& file) {
+    return !file.reason.empty() &&
+           services_.process.needsAdministrator(folder + QString::fromStdString(file.path));
+  });
+  if (refused == files.end()) return;
+  const QString question =
+      "Files of the game could not be written: \r\n" + QString::fromLocal8Bit(refused->reason.c_str());
+  const int answer =
+      services_.messages.ask({.text = question, .answers = {"Restart as administrator", "Continue"}}, this);
+  if (answer == 0 && services_.process.startAnew(ProcessEnd::Rights::administrator)) services_.process.end();
 }
 
 std::vector<RestoredFile> frmWizard::restoreMissing(StockRestoration& restoration,

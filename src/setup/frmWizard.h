@@ -84,6 +84,8 @@ class frmWizard : public QWidget {
   std::vector<RestoredFile> restoreMissing(StockRestoration& restoration,
                                            const std::function<bool()>& goesOn);
   void showProgress(int done, int all);
+  // What the reason of a refused file says can be done.
+  void offerAdministrator(const std::vector<RestoredFile>& files);
 
   // Tells the user, then closes the wizard and ends the program.
   void endWith(const Message& failure);

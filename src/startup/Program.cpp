@@ -277,6 +277,8 @@ FrmManEdit* Program::makeManualEditor() {
   QObject::connect(window, &FrmManEdit::extractAsked, window, [this, window](const FilePlace& place) {
     if (places_.extract(place, *window)) names_.filesChanged();
   });
+  QObject::connect(window, &FrmManEdit::administratorAsked, window,
+                   [this] { mainWindow().startAgain(ProcessEnd::Rights::administrator); });
   QObject::connect(window, &FrmManEdit::fileSaved, window, [this](const QString& file) { fileSaved(file); });
   searchDesk_.addPopup(*window, window->commands(), [window](int line) { window->goToLine(line); });
   return window;

@@ -88,6 +88,27 @@ TEST_F(SavingTest, ASaveThatFailsSaysWhyAndKeepsTheText) {
   EXPECT_EQ(text().fileBytes().bytes, "x" + kFile);
 }
 
+TEST_F(SavingTest, ASaveThatOnlyAnAdministratorMayDoOffersToRestart) {
+  openFile(kFile);
+  type("x");
+  fs::remove(native());
+  fs::create_directory(native());  // any reason to fail
+  process_.refused = true;
+  QSignalSpy asked(window_.get(), &FrmManEdit::administratorAsked);
+  for (const auto& [answer, restarts] : {std::pair("Cancel", 0), {"Restart as administrator", 1}}) {
+    messages_.answers = QStringList(answer);
+    trigger("MnuSave");
+    EXPECT_EQ(asked.size(), 0) << "in the middle of the save";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(asked.size(), restarts) << answer;
+  }
+  ASSERT_EQ(messages_.asked.size(), 2U);
+  EXPECT_TRUE(messages_.asked[0].text.startsWith("The file was not saved: \r\n" + path_ + "\r\n"));
+  EXPECT_TRUE(messages_.shown.empty());
+  EXPECT_TRUE(text().isModified());
+  fs::remove(native());
+}
+
 TEST_F(SavingTest, ASaveTellsThatItsFormerVersionCouldNotBeKept) {
   openFile(kFile);
   type("x");

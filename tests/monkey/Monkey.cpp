@@ -119,7 +119,8 @@ class Monkey::Yield : public EventYield {
 class Monkey::End : public ProcessEnd {
  public:
   explicit End(Monkey& monkey) : monkey_(monkey) {}
-  bool startAnew() override { return false; }
+  bool startAnew(Rights) override { return false; }
+  bool needsAdministrator(const QString&) const override { return false; }
   void end() override { monkey_.endRound(); }
 
  private:

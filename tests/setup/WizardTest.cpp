@@ -341,6 +341,23 @@ TEST_F(WizardTest, AFullDiskIsToldFileByFileAndCanBeTriedAgain) {
 
 #endif
 
+TEST_F(WizardTest, FilesThatOnlyAnAdministratorMayWriteOfferToRestart) {
+  fs::remove_all(game.native("Data"));
+  game.write("Data", "in the way of the folder");
+  processEnd.refused = true;
+  restore();
+  ASSERT_EQ(messages.asked.size(), 1U);
+  EXPECT_EQ(messages.asked[0].answers, (QStringList{"Restart as administrator", "Continue"}));
+  EXPECT_EQ(processEnd.startsAsAdministrator, 0);
+  messages.answers = QStringList("Restart as administrator");
+  click(back);
+  waitForNext(true);
+  click(next);
+  EXPECT_EQ(processEnd.startsAsAdministrator, 1);
+  EXPECT_EQ(processEnd.ends, 1);
+  EXPECT_EQ(storedFolder(), game.qpath());
+}
+
 TEST_F(WizardTest, TheProgressIsExact) {
   Records records;
   for (int i = 0; i < 50; ++i) records.emplace_back("f" + std::to_string(i), "x");

@@ -40,12 +40,15 @@ class FakeShell : public DesktopShell {
 class FakeProcessEnd : public ProcessEnd {
  public:
   void end() override { ++ends; }
-  bool startAnew() override {
-    ++starts;
+  bool startAnew(Rights rights) override {
+    ++(rights == Rights::same ? starts : startsAsAdministrator);
     return canStart;
   }
+  bool needsAdministrator(const QString&) const override { return refused; }
   int ends = 0;
   int starts = 0;
+  int startsAsAdministrator = 0;
+  bool refused = false;  // every file, to a user who is no administrator
   bool canStart = true;
 };
 
