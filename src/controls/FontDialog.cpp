@@ -47,6 +47,12 @@ QFont InFamily(const QString& family, const QFont& font) {
   return *nearest;
 }
 
+// Windows lists families that hold no style, and Qt reads a family only when it is used: its dialog would
+// show them and end the program at a click on one. Those that were read and found empty are left out.
+void ReadAllFamilies() {
+  static_cast<void>(QFontDatabase::families(QFontDatabase::Latin));
+}
+
 // Qt's dialog has no limits of its own: a size beyond them is put right, and the dialog stays open to show
 // what it has become. Nor does it keep upright letters upright: where the next family's styles have other
 // names, it takes the first of them.
@@ -134,6 +140,7 @@ QFont FontOf(const FontRecord& record, QFont font) {
 }
 
 FontRecord FontDialog::ShowFontDialog() {
+  ReadAllFamilies();
   // Its owner can go while it waits, and takes it along.
   const QPointer<LimitedFontDialog> dialog = new LimitedFontDialog(owner_());
   const bool chosen = dialog->exec() == QDialog::Accepted;
