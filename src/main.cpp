@@ -4,11 +4,13 @@
 #include "controls/FullTextTips.h"
 #include "controls/Icons.h"
 #include "controls/ReadableColours.h"
+#include "startup/DarkDesktop.h"
 #include "startup/Desktop.h"
 #include "startup/EndSignals.h"
 #include "startup/Program.h"
 
 int main(int argc, char** argv) {
+  korvane::FollowDarkDesktop();
   QApplication app(argc, argv);
   QApplication::setApplicationName("Korvane");
   QApplication::setDesktopFileName("korvane");
@@ -22,6 +24,10 @@ int main(int argc, char** argv) {
     program.keepAtEnd();
     korvane::EndSignals::endBy(signal);
   });
+  // The end of the user's session is asked for first, and may still not come; then no window may ask
+  // anything.
+  QObject::connect(&app, &QGuiApplication::commitDataRequest, [&program] { program.keepAtEnd(); });
+  QObject::connect(&app, &QGuiApplication::aboutToQuit, [&desktop] { desktop.services().process.end(); });
   program.StartProgram();
   return QApplication::exec();
 }

@@ -6,11 +6,13 @@
 #include <cstdio>
 
 #include "controls/Icons.h"
+#include "startup/DarkDesktop.h"
 #include "startup/Desktop.h"
 #include "startup/Program.h"
 #include "tour/Tour.h"
 
 int main(int argc, char** argv) {
+  korvane::FollowDarkDesktop();
   QApplication app(argc, argv);
   QApplication::setWindowIcon(korvane::ApplicationIcon());
   const QStringList arguments = QApplication::arguments();
