@@ -8,6 +8,7 @@
 #include <QPixmapCache>
 
 #include "controls/Drawing.h"
+#include "controls/ReadableColours.h"
 
 // The resources of a static library are only there when they are asked for, outside any namespace.
 static void InitIconResources() {
@@ -21,8 +22,7 @@ namespace {
 constexpr qreal kDisabledOpacity = 0.4;
 
 QColor LineColour(QIcon::Mode mode) {
-  const QPalette palette = QGuiApplication::palette();
-  return palette.color(mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::WindowText);
+  return mode == QIcon::Selected ? SelectedRowText() : QGuiApplication::palette().color(QPalette::WindowText);
 }
 
 class ThemeIconEngine : public QIconEngine {

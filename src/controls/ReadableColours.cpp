@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QStyle>
 
 #include <algorithm>
 #include <cmath>
@@ -14,6 +15,9 @@ namespace {
 // Contrast ratios that the accessibility guidelines ask for.
 constexpr double kReadable = 4.5;
 constexpr double kHintReadable = 3;  // what a hint says is said elsewhere too
+
+constexpr const char* kItemViews = "QAbstractItemView";
+constexpr int kPaleSelection = 108;  // percent darker than the background, as Qt's style has it
 
 constexpr int kPaler = 128;  // alpha, as Qt has it
 constexpr QRgb kLightBlue = qRgb(0x8a, 0xb8, 0xff);
@@ -47,7 +51,22 @@ void GiveHints() {
   QApplication::setPalette(palette);
 }
 
+// The style of Windows selects rows in a pale colour of its own, whatever the palette says, and writes them
+// as usual. What is drawn besides it has to know.
+void GiveSelections() {
+  if (!QApplication::style()->inherits("QWindowsVistaStyle")) return;
+  QPalette palette = QApplication::palette(kItemViews);
+  if (palette.color(QPalette::HighlightedText) == palette.color(QPalette::Text)) return;
+  palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
+  palette.setColor(QPalette::Highlight, palette.color(QPalette::Base).darker(kPaleSelection));
+  QApplication::setPalette(palette, kItemViews);
+}
+
 }  // namespace
+
+QColor SelectedRowText() {
+  return QApplication::palette(kItemViews).color(QPalette::HighlightedText);
+}
 
 QColor ReadableLink(const QPalette& palette, const QColor& background) {
   const QColor own = palette.color(QPalette::Link);
@@ -69,11 +88,14 @@ void ReadableHints::install() {
   QCoreApplication* application = QCoreApplication::instance();
   application->installEventFilter(new ReadableHints(application));
   GiveHints();
+  GiveSelections();
 }
 
 bool ReadableHints::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == QCoreApplication::instance() && event->type() == QEvent::ApplicationPaletteChange)
+  if (watched == QCoreApplication::instance() && event->type() == QEvent::ApplicationPaletteChange) {
     GiveHints();
+    GiveSelections();
+  }
   return false;
 }
 

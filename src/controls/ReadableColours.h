@@ -13,7 +13,10 @@ QColor ReadableLink(const QPalette& palette, const QColor& background);
 // The colour of the hints in empty fields: the palette's own where it can be read, else the text's, paler.
 QColor ReadableHint(const QPalette& palette);
 
-// Gives the application's palette hints that can be read, whatever colours the desktop has.
+// Of what is drawn on a selected row of a list, tree or table.
+QColor SelectedRowText();
+
+// Gives the application's palette hints and selected rows that can be read, whatever colours the desktop has.
 class ReadableHints : public QObject {
  public:
   // From now on, for as long as the application lives.

@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "controls/Icons.h"
+#include "controls/ReadableColours.h"
 #include "startup/DarkDesktop.h"
 #include "startup/Desktop.h"
 #include "startup/Program.h"
@@ -20,6 +21,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "korvane-tour: name a folder for the pictures\n");
     return 2;
   }
+  korvane::ReadableHints::install();
   korvane::Desktop desktop;
   korvane::Program program(desktop.services(), desktop.folders(), {});
   return korvane::Tour(program, desktop.services().settings.gameFolder(), arguments[1]).run() ? 0 : 1;
