@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -437,7 +438,8 @@ void HistoryWindow::showRoom() {
   const KeptVersions::Extent extent = kept_.extent();
   spaceTaken_->setText(QStringLiteral("%1 of %2 take%3 %4 in %5")
                            .arg(Counted(extent.versions, "version"), Counted(extent.files, "file"),
-                                extent.versions == 1 ? "s" : "", SizeText(extent.bytes), kept_.folder()));
+                                extent.versions == 1 ? "s" : "", SizeText(extent.bytes),
+                                QDir::toNativeSeparators(kept_.folder())));
 }
 
 void HistoryWindow::showRunning() {
