@@ -1,17 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <array>
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
+#include <string>
 
 #include "BarePass.h"
+#include "GeneratedText.h"
 #include "ProgramJobs.h"
 #include "catalogue/NameSearch.h"
 #include "files/NativePath.h"
+#include "writing/Proposals.h"
 
 namespace korvane {
 
 namespace {
 
+constexpr int kManyNames = 20'000;
+constexpr std::array<std::string_view, 4> kStems = {"AmericaGun", "ChinaMine", "GLARocket", "TechLaser"};
+constexpr std::string_view kManyFile = "Data\\INI\\Weapon.ini";
+constexpr std::string_view kBeforeName = "Object Tank\r\n  WeaponSet\r\n    Weapon = PRIMARY a";
 constexpr std::string_view kTyped = "amvehi0";  // finds names by their words' beginnings at last
 
 CatalogueSources SourcesOf(const std::filesystem::path& game) {
@@ -96,12 +104,38 @@ Job UsesJob(const BenchFolders& folders, const SharedCatalogue& catalogue) {
               }};
 }
 
+// A file that defines the most names that a modification has.
+std::string ManyWeapons() {
+  std::string text;
+  for (int i = 0; i < kManyNames; ++i)
+    text.append("Weapon ").append(Numbered(std::string(Pick(kStems, i)), i)).append("\r\nEnd\r\n");
+  return text;
+}
+
+// What is shown when the first letter of a weapon is typed: the best names of all.
+Job ProposalsJob(const BenchFolders& folders) {
+  const auto names = std::make_shared<CataloguePtr>();
+  return {.name = "completion list, 20,000 names",
+          .promise = {.time = 16},
+          .run =
+              [names] {
+                const Proposals found = Propose(kBeforeName, {names->get(), {}, {}});
+                if (found.list.size() != kMostProposals) throw std::runtime_error("names are missing");
+              },
+          .bare = {},
+          .prepare =
+              [names, sources = SourcesOf(folders.game())] {
+                if (*names == nullptr) *names = WithText(*ReadCatalogue(sources), kManyFile, ManyWeapons());
+              }};
+}
+
 }  // namespace
 
 Jobs CatalogueJobs(const RunningProgram& running) {
   const auto catalogue = std::make_shared<CataloguePtr>();
   return {WholeJob(running.folders), ChangedJob(running.folders, catalogue),
-          SearchJob(running.folders, catalogue), UsesJob(running.folders, catalogue)};
+          SearchJob(running.folders, catalogue), UsesJob(running.folders, catalogue),
+          ProposalsJob(running.folders)};
 }
 
 }  // namespace korvane

@@ -7,11 +7,13 @@
 #include <QTest>
 
 #include <fstream>
+#include <memory>
 #include <utility>
 
 #include "BarePass.h"
 #include "ProgramJobs.h"
 #include "Windows.h"
+#include "app/ManualEditRequest.h"
 #include "startup/Program.h"
 
 namespace korvane {
@@ -21,7 +23,11 @@ namespace {
 const QString kEditor = QStringLiteral("FrmManEdit");
 const QString kOpenLargest = QStringLiteral("MnuFileEdit0");
 const QString kMiddleText = QStringLiteral("Object AmericaVehicle00110");
+const QString kProposals = QStringLiteral("ProposalList");
 constexpr int kHits = 10'000;
+constexpr int kMarks = 50;
+constexpr int kMiddleLine = 30'000;   // of the largest file
+constexpr int kUntilChecked = 2'000;  // milliseconds in which the names are read and the text is checked
 constexpr std::size_t kHugeSize = 50'000'000;
 
 bool IsIdle() {
@@ -155,6 +161,58 @@ Job OpenJob(const RunningProgram& running) {
           .prepare = [] { CloseWindow(kEditor); }};
 }
 
+Job OpenAtLineJob(const RunningProgram& running) {
+  return {.name = "manual editor, open at a line",
+          .promise = {.time = 100, .memory = 150},
+          .run =
+              [&running] {
+                ManualEditRequest request;
+                request.ManualEditFile = ProgramQText(running.folders.objects(kLargestFile));
+                request.place.line = kMiddleLine;
+                running.program.showManualEditor(request);
+                WaitForIdle();
+              },
+          .bare = BareRead({running.folders.objects(kLargestFile)}),
+          .prepare = [] { CloseWindow(kEditor); }};
+}
+
+bool ProposalsAreShown() {
+  const auto* list = Window(kEditor).findChild<QWidget*>(kProposals);
+  return list != nullptr && list->isVisible();
+}
+
+// Marks in many lines, all other blocks folded, and a list of proposals for what is typed.
+void PrepareProposals() {
+  CloseWindow(kEditor);
+  Open();
+  QTest::qWait(kUntilChecked);
+  for (int i = 0; i < kMarks; ++i) {
+    Trigger(kEditor, "toggleMark");
+    Type(Qt::Key_Down);
+  }
+  Trigger(kEditor, "foldAll");
+  Find(kMiddleText);
+  Type(Qt::Key_End);
+  QTest::keyClicks(Child<QWidget>(kEditor, "TxtManEdit").focusProxy(), "\r  CommandSet = ");
+  Trigger(kEditor, "completeWord");
+  QTest::qWait(kUntilChecked);
+  if (!ProposalsAreShown()) throw std::runtime_error("nothing is proposed");
+}
+
+Job ProposalsJob() {
+  const auto prepared = std::make_shared<bool>(false);
+  return {.name = "key with marks, folds and proposals",
+          .promise = {.time = 16, .gap = 16},
+          .run =
+              [] {
+                Type(Qt::Key_A);
+                if (!ProposalsAreShown()) throw std::runtime_error("nothing is proposed");
+              },
+          .bare = {},
+          .prepare =
+              [prepared] { std::exchange(*prepared, true) ? Type(Qt::Key_Backspace) : PrepareProposals(); }};
+}
+
 Job KeystrokeJob(const RunningProgram& running) {
   return {.name = "keystroke in the middle",
           .promise = {.time = 16},
@@ -183,8 +241,8 @@ Job FindJob(const RunningProgram& running) {
 }  // namespace
 
 Jobs ManualEditorJobs(const RunningProgram& running) {
-  return {OpenJob(running), KeystrokeJob(running),  FindJob(running),
-          SaveJob(running), ReplaceAllJob(running), HugeJob(running)};
+  return {OpenJob(running), OpenAtLineJob(running), KeystrokeJob(running),  ProposalsJob(),
+          FindJob(running), SaveJob(running),       ReplaceAllJob(running), HugeJob(running)};
 }
 
 }  // namespace korvane

@@ -58,10 +58,8 @@ Told ToldBy(const BenchFolders& folders) {
   return told;
 }
 
-Job StartJob(const BenchFolders& folders) {
-  Paths files = folders.objectFiles();
-  files.push_back(folders.ini("Weapon.ini"));
-  return {.name = "start to usable window",
+Job StartJob(std::string name, const BenchFolders& folders, const Paths& files) {
+  return {.name = std::move(name),
           .promise = {.time = 500, .memory = 150, .growth = true},
           .run =
               [folders] {
@@ -69,6 +67,20 @@ Job StartJob(const BenchFolders& folders) {
               },
           .bare = BareRead(files),
           .told = [folders] { return ToldBy(folders); }};
+}
+
+// The main window reads the names of all objects and weapons. A modification has objects in many files more.
+Job GameStartJob(const BenchFolders& folders) {
+  Paths files = folders.objectFiles();
+  files.push_back(folders.ini("Weapon.ini"));
+  return StartJob("start to usable window", folders, files);
+}
+
+Job ModificationStartJob(const BenchFolders& folders) {
+  Paths files{folders.ini("Weapon.ini")};
+  for (const fs::path& file : folders.iniFiles())
+    if (file.parent_path() == folders.objects("").parent_path()) files.push_back(file);
+  return StartJob("start with objects in many files", folders, files);
 }
 
 // A job of korvane-stock, beside a copy of the same files by the system.
@@ -107,7 +119,8 @@ Job NamesJob(const BenchFolders& modification) {
 Jobs ProcessJobs(const BenchFolders& folders) {
   const fs::path packed = folders.home / "packed";
   const fs::path extracted = folders.home / "extracted";
-  return {StartJob(folders), StockJob("pack", {"pack", "--output", packed, folders.game()}, folders, packed),
+  return {GameStartJob(folders), ModificationStartJob(folders.modification()),
+          StockJob("pack", {"pack", "--output", packed, folders.game()}, folders, packed),
           StockJob("extract", {"extract", folders.program() / "Data.DBF", extracted}, folders, extracted),
           NamesJob(folders.modification())};
 }
