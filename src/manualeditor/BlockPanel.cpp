@@ -3,17 +3,22 @@
 
 #include <QTreeView>
 
+#include <functional>
+
 #include "controls/Named.h"
 #include "manualeditor/BlockOutline.h"
-#include "manualeditor/IniTextEdit.h"
 
 namespace korvane {
 
-BlockModel::BlockModel(BlockOutline& outline) : QAbstractItemModel(&outline), outline_(outline) {}
+BlockModel::BlockModel(BlockOutline& outline)
+    : QAbstractItemModel(&outline),
+      outline_(outline),
+      blocks_(std::make_shared<const std::vector<TextBlock>>()) {}
 
 void BlockModel::refresh() {
   beginResetModel();
-  const auto& blocks = outline_.blocks();
+  blocks_ = outline_.keptBlocks();
+  const auto& blocks = *blocks_;
   top_.clear();
   children_.assign(blocks.size(), {});
   rows_.assign(blocks.size(), 0);
@@ -25,8 +30,18 @@ void BlockModel::refresh() {
   endResetModel();
 }
 
-QModelIndex BlockModel::indexOf(std::uint32_t block) const {
+QModelIndex BlockModel::indexAt(std::uint32_t block) const {
   return block < rows_.size() ? createIndex(rows_[block], 0, block) : QModelIndex();
+}
+
+QModelIndex BlockModel::indexOf(const TextBlock* block) const {
+  const std::less_equal<const TextBlock*> upTo;
+  const bool known = !blocks_->empty() && upTo(&blocks_->front(), block) && upTo(block, &blocks_->back());
+  return known ? indexAt(static_cast<std::uint32_t>(block - blocks_->data())) : QModelIndex();
+}
+
+const TextBlock* BlockModel::blockOf(const QModelIndex& index) const {
+  return index.isValid() ? &(*blocks_)[index.internalId()] : nullptr;
 }
 
 const std::vector<std::uint32_t>& BlockModel::childrenOf(const QModelIndex& parent) const {
@@ -39,7 +54,8 @@ QModelIndex BlockModel::index(int row, int column, const QModelIndex& parent) co
 }
 
 QModelIndex BlockModel::parent(const QModelIndex& index) const {
-  return index.isValid() ? indexOf(outline_.blocks()[index.internalId()].parent) : QModelIndex();
+  const TextBlock* block = blockOf(index);
+  return block == nullptr ? QModelIndex() : indexAt(block->parent);
 }
 
 int BlockModel::rowCount(const QModelIndex& parent) const {
@@ -48,13 +64,12 @@ int BlockModel::rowCount(const QModelIndex& parent) const {
 
 QVariant BlockModel::data(const QModelIndex& index, int role) const {
   const bool shown = role == Qt::DisplayRole || role == Qt::ToolTipRole;
-  if (!index.isValid() || !shown) return {};
-  return BlockOutline::captionOf(outline_.blocks()[index.internalId()]);
+  const TextBlock* block = blockOf(index);
+  return block == nullptr || !shown ? QVariant() : BlockOutline::captionOf(*block);
 }
 
-BlockPanel::BlockPanel(IniTextEdit& text, BlockOutline& outline, QWidget* parent)
+BlockPanel::BlockPanel(BlockOutline& outline, QWidget* parent)
     : QDockWidget("Blocks", parent),
-      text_(text),
       outline_(outline),
       model_(new BlockModel(outline)),
       tree_(Named("blockTree", new QTreeView)) {
@@ -83,10 +98,7 @@ void BlockPanel::showEvent(QShowEvent* event) {
 // Only the blocks around the cursor are open.
 void BlockPanel::followCursor() {
   if (!isVisible()) return;
-  const TextBlock* block = outline_.blockAt(text_.cursorLine());
-  const QModelIndex index =
-      block == nullptr ? QModelIndex()
-                       : model_->indexOf(static_cast<std::uint32_t>(block - outline_.blocks().data()));
+  const QModelIndex index = model_->indexOf(outline_.current());
   tree_->collapseAll();
   tree_->setCurrentIndex(index);
   tree_->setExpanded(index, true);
@@ -94,7 +106,7 @@ void BlockPanel::followCursor() {
 }
 
 void BlockPanel::goTo(const QModelIndex& index) {
-  if (index.isValid()) outline_.goTo(outline_.blocks()[index.internalId()]);
+  if (const TextBlock* block = model_->blockOf(index)) outline_.goTo(*block);
 }
 
 }  // namespace korvane

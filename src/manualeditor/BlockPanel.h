@@ -5,6 +5,7 @@
 #include <QDockWidget>
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 class QTreeView;
@@ -12,7 +13,7 @@ class QTreeView;
 namespace korvane {
 
 class BlockOutline;
-class IniTextEdit;
+struct TextBlock;
 
 // The blocks of the outline as a tree. An item's number is its block's.
 class BlockModel : public QAbstractItemModel {
@@ -21,7 +22,9 @@ class BlockModel : public QAbstractItemModel {
  public:
   explicit BlockModel(BlockOutline& outline);
 
-  QModelIndex indexOf(std::uint32_t block) const;
+  // None for a block that is none of these: the outline has been read again since.
+  QModelIndex indexOf(const TextBlock* block) const;
+  const TextBlock* blockOf(const QModelIndex& index) const;
   void refresh();
 
   QModelIndex index(int row, int column, const QModelIndex& parent) const override;
@@ -31,9 +34,11 @@ class BlockModel : public QAbstractItemModel {
   QVariant data(const QModelIndex& index, int role) const override;
 
  private:
+  QModelIndex indexAt(std::uint32_t block) const;
   const std::vector<std::uint32_t>& childrenOf(const QModelIndex& parent) const;
 
   BlockOutline& outline_;
+  std::shared_ptr<const std::vector<TextBlock>> blocks_;
   std::vector<std::uint32_t> top_;
   std::vector<std::vector<std::uint32_t>> children_;  // of each block
   std::vector<int> rows_;                             // of each block among its siblings
@@ -45,7 +50,7 @@ class BlockPanel : public QDockWidget {
   Q_OBJECT
 
  public:
-  BlockPanel(IniTextEdit& text, BlockOutline& outline, QWidget* parent);
+  BlockPanel(BlockOutline& outline, QWidget* parent);
 
  protected:
   void showEvent(QShowEvent* event) override;
@@ -55,7 +60,6 @@ class BlockPanel : public QDockWidget {
   void followCursor();
   void goTo(const QModelIndex& index);
 
-  IniTextEdit& text_;
   BlockOutline& outline_;
   BlockModel* model_;
   QTreeView* tree_;

@@ -7,7 +7,6 @@
 
 #include "controls/ReadableColours.h"
 #include "manualeditor/BlockOutline.h"
-#include "manualeditor/IniTextEdit.h"
 
 namespace korvane {
 
@@ -18,8 +17,7 @@ constexpr int kMargin = 8;  // pixels
 
 }  // namespace
 
-BlockPath::BlockPath(IniTextEdit& text, BlockOutline& outline, QWidget* parent)
-    : QLabel(parent), text_(text), outline_(outline) {
+BlockPath::BlockPath(BlockOutline& outline, QWidget* parent) : QLabel(parent), outline_(outline) {
   setTextFormat(Qt::RichText);
   setAccessibleName("Block at the cursor");
   setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -39,7 +37,7 @@ QString BlockPath::linkTo(const TextBlock& block, int width) const {
 
 // Every step may take its share of the width and what the steps behind it have left.
 void BlockPath::show() {
-  const std::vector<const TextBlock*> path = outline_.pathAt(text_.cursorLine());
+  const std::vector<const TextBlock*> path = outline_.currentPath();
   QStringList captions;
   QStringList links;
   const int between =
@@ -57,7 +55,7 @@ void BlockPath::show() {
 }
 
 void BlockPath::follow(const QString& link) {
-  for (const TextBlock* block : outline_.pathAt(text_.cursorLine())) {
+  for (const TextBlock* block : outline_.currentPath()) {
     if (block->firstLine == link.toUInt()) {
       outline_.goTo(*block);
       return;

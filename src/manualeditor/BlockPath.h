@@ -6,7 +6,6 @@
 namespace korvane {
 
 class BlockOutline;
-class IniTextEdit;
 struct TextBlock;
 
 // Says in which blocks the cursor stands, from the outermost; a click on a step goes to its header.
@@ -14,7 +13,7 @@ class BlockPath : public QLabel {
   Q_OBJECT
 
  public:
-  BlockPath(IniTextEdit& text, BlockOutline& outline, QWidget* parent = nullptr);
+  explicit BlockPath(BlockOutline& outline, QWidget* parent = nullptr);
 
   // The steps as plain text, all of them.
   QString steps() const { return steps_; }
@@ -32,7 +31,6 @@ class BlockPath : public QLabel {
   QString linkTo(const TextBlock& block, int width) const;  // in pixels
   void follow(const QString& link);
 
-  IniTextEdit& text_;
   BlockOutline& outline_;
   QString steps_;
 };

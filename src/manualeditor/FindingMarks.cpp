@@ -117,6 +117,11 @@ void FindingMarks::show(std::vector<TextFinding> findings) {
 
 void FindingMarks::clear() {
   markSoon_.stop();
+  if (shown_.marked > 0) clearMarks();
+  shown_ = {};
+}
+
+void FindingMarks::clearMarks() {
   const auto current = view_.send(Sci::SCI_GETINDICATORCURRENT);
   for (const MarkStyle& style : kStyles) {
     view_.send(Sci::SCI_SETINDICATORCURRENT, style.indicator);
@@ -124,8 +129,6 @@ void FindingMarks::clear() {
     view_.send(Sci::SCI_MARKERDELETEALL, style.marker);
   }
   view_.send(Sci::SCI_SETINDICATORCURRENT, current);
-  shown_.findings.clear();
-  shown_.marked = 0;
 }
 
 // A text that is no INI file has more findings than can be marked between two keys.

@@ -54,6 +54,7 @@ class FindingMarks : public QObject {
   void markSome();
   void mark(const TextFinding& finding);
   void clear();
+  void clearMarks();
   void modified(int position, int kind, int length);
   void showAtScrollBar();
   qsizetype lineAt(qsizetype position) const;

@@ -189,7 +189,7 @@ void FrmManEdit::openFiles(const QStringList& files) {
 
 // The action that shows and hides the panel.
 QAction& FrmManEdit::buildBlockPanel() {
-  auto* panel = new BlockPanel(*TxtManEdit_, *outline_, this);
+  auto* panel = new BlockPanel(*outline_, this);
   addDockWidget(Qt::LeftDockWidgetArea, panel);
   panel->setVisible(services_.settings.GetSet("ManEditBlocks", "False") == "True");
   QAction* toggle = Named("showBlocks", panel->toggleViewAction());
@@ -206,7 +206,7 @@ void FrmManEdit::buildToolBar() {
   TB1_->setContextMenuPolicy(Qt::PreventContextMenu);
   TB1_->setIconSize(kIconSize);
   AddManualEditButtons(*TB1_, commands_);
-  TB1_->addWidget(Named("blockPath", new BlockPath(*TxtManEdit_, *outline_)));
+  TB1_->addWidget(Named("blockPath", new BlockPath(*outline_)));
   TB1_->setFixedHeight(std::max(kBarsHeight - statusBar()->height(), TB1_->sizeHint().height()));
 }
 
@@ -386,7 +386,7 @@ bool FrmManEdit::showStep(const QString& caption) {
 
 void FrmManEdit::finishSetUp() {
   TxtManEdit_->moveToStart();
-  outline_->refresh();
+  outline_->expectNewText();
   showLine();
   setEnabled(true);
   ManEditInitDone_ = true;

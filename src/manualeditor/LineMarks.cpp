@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "textview/ScrollMarks.h"
 
@@ -36,7 +37,8 @@ constexpr std::array kMarkerStyles = {
     MarkerStyle{savedMarker, Sci::SC_MARK_LEFTRECT, 0xFF3E8E41, 0xFF7FBF7F, false},
 };
 constexpr int kChangeMarkers = 1 << changedMarker | 1 << savedMarker;
-constexpr int kScrollKinds = 100;  // apart from those of text marks
+constexpr int kScrollKinds = 100;    // apart from those of text marks
+constexpr int kMarkedAtOnce = 2000;  // lines, so that no key has to wait
 
 QColor ColourOf(const MarkerStyle& style, const QPalette& palette) {
   const bool dark = palette.color(QPalette::Active, QPalette::Base).lightness() <
@@ -57,7 +59,7 @@ LineMarks::LineMarks(const ScintillaView& view, ScrollMarks& scrollMarks)
   connect(&view_.control(), &Sci::SCN_MODIFIED, this,
           [this](int position, int kind, const char*, int length) { modified(position, kind, length); });
   markSoon_.setSingleShot(true);
-  connect(&markSoon_, &QTimer::timeout, this, &LineMarks::markEdits);
+  connect(&markSoon_, &QTimer::timeout, this, &LineMarks::markSome);
   connect(&view_.control(), &Sci::SCN_SAVEPOINTREACHED, this, &LineMarks::undone);
 }
 
@@ -143,11 +145,15 @@ void LineMarks::endInsertion() {
   edit.added = added;
 }
 
-// Earlier edits move with the lines that came or went behind `line`.
+// Earlier edits move, and grow or shrink, with the lines that came or went behind `line`.
 void LineMarks::shift(int line, int lines) {
   if (lines == 0) return;
   for (Edit& edit : edits_) {
-    if (edit.line > line) edit.line = std::max(line, edit.line + lines);
+    if (edit.line > line) {
+      edit.line = std::max(line, edit.line + lines);
+    } else if (edit.line + edit.added > line) {
+      edit.added = std::max(line - edit.line, edit.added + lines);
+    }
   }
 }
 
@@ -156,17 +162,31 @@ int LineMarks::lineAt(qsizetype position) const {
 }
 
 void LineMarks::markEdits() {
+  while (!edits_.empty()) markSome();
+}
+
+void LineMarks::markSome() {
+  markSoon_.stop();
   endInsertion();
-  bool added = false;
-  for (const Edit& edit : edits_) {
-    for (int line = edit.line; line <= edit.line + edit.added; ++line) {
-      if ((view_.send(Sci::SCI_MARKERGET, line) & (1 << changedMarker)) != 0) continue;
-      view_.send(Sci::SCI_MARKERADD, line, changedMarker);
-      added = true;
-    }
+  for (int left = kMarkedAtOnce; left > 0 && !edits_.empty();) {
+    Edit& edit = edits_.back();
+    const int end = edit.line + std::min(edit.added + 1, left);
+    left -= end - edit.line;
+    markLines(edit.line, end);
+    edit.added -= end - edit.line;
+    edit.line = end;
+    if (edit.added < 0) edits_.pop_back();
   }
-  edits_.clear();
-  if (added) showAtScrollBar();
+  if (!edits_.empty()) return markSoon_.start();
+  if (std::exchange(added_, false)) showAtScrollBar();
+}
+
+void LineMarks::markLines(int from, int to) {
+  for (int line = from; line < to; ++line) {
+    if ((view_.send(Sci::SCI_MARKERGET, line) & (1 << changedMarker)) != 0) continue;
+    view_.send(Sci::SCI_MARKERADD, line, changedMarker);
+    added_ = true;
+  }
 }
 
 // Undone back to what is in the file.
@@ -178,8 +198,10 @@ void LineMarks::undone() {
 }
 
 void LineMarks::forgetEdits() {
+  markSoon_.stop();
   insertion_.reset();
   edits_.clear();
+  added_ = false;
 }
 
 void LineMarks::clear(int marker) {

@@ -50,6 +50,8 @@ class LineMarks : public QObject {
   int lineAt(qsizetype position) const;
   void forgetEdits();
   void markEdits();
+  void markSome();
+  void markLines(int from, int to);
   void undone();
   void showAtScrollBar();
   void clear(int marker);
@@ -61,6 +63,7 @@ class LineMarks : public QObject {
   bool saving_ = false;
   std::vector<Edit> edits_;            // whose lines are not marked yet
   std::optional<TextSpan> insertion_;  // the last of them, when its lines are not counted yet
+  bool added_ = false;                 // marks that the scroll bar does not show yet
   QTimer markSoon_;
 };
 

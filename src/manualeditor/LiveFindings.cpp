@@ -18,7 +18,8 @@ namespace {
 
 using Sci = QsciScintillaBase;
 
-constexpr std::chrono::milliseconds kPause(300);  // without an edit
+constexpr std::chrono::milliseconds kPause(300);        // without an edit
+constexpr std::chrono::milliseconds kAfterLoading(50);  // in which a new text is painted first
 
 bool IsDataFile(const QString& path) {
   return path.startsWith("Data\\INI\\", Qt::CaseInsensitive) && path.endsWith(".ini", Qt::CaseInsensitive);
@@ -34,7 +35,6 @@ bool SameNames(const CataloguePtr& a, const CataloguePtr& b) {
 LiveFindings::LiveFindings(IniTextEdit& text, CatalogueService& names)
     : QObject(&text), text_(text), names_(names) {
   soon_.setSingleShot(true);
-  soon_.setInterval(kPause);
   connect(&soon_, &QTimer::timeout, this, &LiveFindings::check);
   connect(&text_, &IniTextEdit::edited, this, &LiveFindings::checkSoon);
   connect(&names_, &CatalogueService::changed, this, &LiveFindings::namesChanged);
@@ -43,14 +43,19 @@ LiveFindings::LiveFindings(IniTextEdit& text, CatalogueService& names)
 
 void LiveFindings::setFile(const QString& path) {
   text_.findingMarks().show({});
-  goOnWith(path);
+  take(path);
+  if (!path_.isEmpty()) soon_.start(kAfterLoading);
 }
 
 void LiveFindings::goOnWith(const QString& path) {
+  take(path);
+  if (!path_.isEmpty()) check();
+}
+
+void LiveFindings::take(const QString& path) {
   check_.cancel();
   soon_.stop();
   path_ = IsDataFile(path) ? path : QString();
-  if (!path_.isEmpty()) check();
 }
 
 void LiveFindings::lookAgain() {
@@ -60,7 +65,7 @@ void LiveFindings::lookAgain() {
 // What is under way is about the text before the edit.
 void LiveFindings::checkSoon() {
   check_.cancel();
-  if (!path_.isEmpty()) soon_.start();
+  if (!path_.isEmpty()) soon_.start(kPause);
 }
 
 // Before the names of all files and of the further data are known, nothing can be called missing.

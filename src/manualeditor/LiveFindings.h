@@ -37,6 +37,7 @@ class LiveFindings : public QObject {
   void marked();
 
  private:
+  void take(const QString& path);
   void checkSoon();
   void check();
   void namesChanged();

@@ -27,12 +27,16 @@ const QString kChanging = QStringLiteral("The file is being changed by another p
 bool HasEndlessLine(std::string_view bytes) {
   std::array<std::size_t, kSeenLines> lengths{};
   std::size_t seen = 0;
-  for (std::size_t line = 0; !bytes.empty(); ++line) {
-    const std::size_t length = std::min(bytes.find_first_of("\r\n"), bytes.size());
+  std::size_t lf = 0;  // the next one, from where the line begins
+  std::size_t begin = 0;
+  for (std::size_t line = 0; begin < bytes.size(); ++line) {
+    if (lf <= begin) lf = std::min(bytes.find('\n', begin), bytes.size());
+    const std::string_view toLf = bytes.substr(begin, lf - begin);
+    const std::size_t length = std::min(toLf.find('\r'), toLf.size());
     std::size_t& last = lengths[line % kSeenLines];
     seen += length - std::exchange(last, length);
     if (length > kLongestLine || seen > kMostSeen) return true;
-    bytes.remove_prefix(std::min(length + 1, bytes.size()));
+    begin += length + 1;
   }
   return false;
 }

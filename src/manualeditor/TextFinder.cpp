@@ -11,6 +11,8 @@ namespace {
 
 constexpr int kAfterEdit = 300;             // milliseconds without an edit before the hits are counted anew
 constexpr std::size_t kMostMarks = 20'000;  // hits that are marked; all are counted
+constexpr std::size_t kCountedAtOnce =
+    4'000'000;  // bytes of a text whose hits are counted before it is painted
 constexpr std::size_t kMostCounted = 16'000'000;  // bytes of a text whose hits are counted
 
 }  // namespace
@@ -20,6 +22,7 @@ TextFinder::TextFinder(IniTextEdit& text) : text_(text) {
   connect(&recount_, &QTimer::timeout, this, &TextFinder::count);
   connect(&text_, &IniTextEdit::edited, this, [this] {
     asked_ = false;
+    marked_.reset();
     if (shown_) recount_.start(kAfterEdit);
   });
 }
@@ -69,18 +72,24 @@ bool TextFinder::take(const TextSearch& search, const std::optional<TextSpan>& h
   asked_ = true;
   atEnd_ = hit ? QString() : whenNone;
   if (hit) text_.select(*hit);
-  recount_.start(0);
+  if (search.isQuick() && text_.utf8().size() <= kCountedAtOnce) {
+    count();  // all is painted in one go then
+  } else {
+    recount_.start(0);
+  }
   return hit.has_value();
 }
 
 void TextFinder::forget() {
   shown_.reset();
+  marked_.reset();
   recount_.stop();
   text_.setMarks(TextMark::hit, {});
   Q_EMIT told({}, Outcome::neither);
 }
 
 void TextFinder::lookAtOther() {
+  marked_.reset();
   if (!shown_) return text_.setMarks(TextMark::hit, {});
   asked_ = false;
   atEnd_.clear();
@@ -88,6 +97,7 @@ void TextFinder::lookAtOther() {
 }
 
 void TextFinder::count() {
+  recount_.stop();
   if (!shown_) return;
   if (text_.utf8().size() > kMostCounted) return tellOfLargeText();
   std::vector<TextSpan> hits = shown_->hits(text_.utf8(), range());
@@ -97,7 +107,8 @@ void TextFinder::count() {
     Q_EMIT told(place(hits), hits.empty() && asked_ ? Outcome::notFound : Outcome::found);
   }
   if (hits.size() > kMostMarks) hits.resize(kMostMarks);
-  text_.setMarks(TextMark::hit, hits);
+  if (marked_ != hits) text_.setMarks(TextMark::hit, hits);
+  marked_ = std::move(hits);
 }
 
 // Its hits are not counted.

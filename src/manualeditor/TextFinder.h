@@ -50,10 +50,11 @@ class TextFinder : public QObject {
   QString place(const std::vector<TextSpan>& hits) const;
 
   IniTextEdit& text_;
-  std::optional<TextSearch> shown_;  // whose hits are marked
-  bool found_ = false;               // the last search was
-  bool asked_ = false;               // no edit since, nor another text
-  QString atEnd_;                    // "last" or "first" when there was nothing to go on to
+  std::optional<TextSearch> shown_;              // whose hits are marked
+  bool found_ = false;                           // the last search was
+  bool asked_ = false;                           // no edit since, nor another text
+  QString atEnd_;                                // "last" or "first" when there was nothing to go on to
+  std::optional<std::vector<TextSpan>> marked_;  // nothing where an edit may have moved them
   QTimer recount_;
 };
 

@@ -2,8 +2,11 @@
 #include "manualeditor/TextSearch.h"
 
 #include <algorithm>
+#include <array>
 #include <numeric>
+#include <utility>
 
+#include "catalogue/FoldedText.h"
 #include "platform/FileText.h"
 
 namespace korvane {
@@ -67,10 +70,57 @@ QString Expanded(const QString& replacement, const QRegularExpressionMatch& matc
   return text;
 }
 
+// Letters that are no other ones than these to a search that ignores letter case.
+constexpr std::array<std::pair<char, std::string_view>, 2> kOtherForms = {{{'k', "\u212A"}, {'s', "\u017F"}}};
+
+// Finds a text without regard to the case of the letters A to Z.
+class FoldedSearch {
+ public:
+  explicit FoldedSearch(std::string_view sought) : sought_(sought), again_(sought.size()) {
+    steps_.fill(sought.size());
+    for (std::size_t i = 0; i + 1 < sought.size(); ++i) setStep(sought[i], sought.size() - 1 - i);
+    again_ = stepOf(sought.back());
+    setStep(sought.back(), 0);
+  }
+
+  // From `at` on; npos when there is none. By the last byte of each place it sees how far the next can be.
+  std::size_t find(std::string_view text, std::size_t at) const {
+    const std::size_t size = sought_.size();
+    while (at + size <= text.size()) {
+      if (const std::size_t step = stepOf(text[at + size - 1]); step > 0) {
+        at += step;
+      } else if (EqualFolded(text.substr(at, size), sought_)) {
+        return at;
+      } else {
+        at += again_;
+      }
+    }
+    return std::string_view::npos;
+  }
+
+ private:
+  std::size_t stepOf(char byte) const { return steps_[static_cast<unsigned char>(byte)]; }
+  void setStep(char letter, std::size_t step) {
+    const char folded = FoldedByte(letter);
+    const bool hasCase = folded >= 'a' && folded <= 'z';
+    steps_[static_cast<unsigned char>(folded)] = step;
+    if (hasCase) steps_[static_cast<unsigned char>(folded - 'a' + 'A')] = step;
+  }
+
+  std::string_view sought_;
+  std::size_t again_;  // the step where the last byte fits, but not the others
+  std::array<std::size_t, 256> steps_{};
+};
+
+bool IsAscii(const QString& text) {
+  return std::ranges::all_of(text, [](QChar c) { return c.unicode() < 0x80; });
+}
+
 }  // namespace
 
 TextSearch::TextSearch(const QString& sought, const SearchOptions& options)
     : sought_(sought), options_(options) {
+  if (!options.regularExpression && !options.wholeWord && IsAscii(sought)) plain_ = sought.toLatin1();
   if (!options.regularExpression) return;
   expression_ = QRegularExpression(WithAnyLineEnd(sought), PatternOptions(options.matchCase));
 }
@@ -108,6 +158,7 @@ std::optional<TextSearch::Hit> TextSearch::hitFrom(const QString& text, qsizetyp
 void TextSearch::walk(std::string_view utf8, TextSpan range, qsizetype from, const Visit& visit) const {
   const qsizetype start = std::max(from, range.from);
   if (start > range.to) return;
+  if (isOfBytes(Part(utf8, {start, range.to}))) return walkBytes(utf8, {start, range.to}, visit);
   const QString before = CharactersOfUtf8(Part(utf8, {range.from, start}));
   const QString text = before + CharactersOfUtf8(Part(utf8, {start, range.to}));
   const QStringView view(text);
@@ -118,6 +169,27 @@ void TextSearch::walk(std::string_view utf8, TextSpan range, qsizetype from, con
     bytes = first + Utf8Size(view.mid(hit->start, hit->length));
     counted = hit->start + hit->length;
     if (!visit({first, bytes}, *hit)) return;
+  }
+}
+
+bool TextSearch::isOfBytes(std::string_view utf8) const {
+  if (plain_.isEmpty()) return false;
+  if (options_.matchCase) return true;
+  return std::ranges::none_of(kOtherForms, [&](const auto& form) {
+    return plain_.toLower().contains(form.first) && utf8.find(form.second) != std::string_view::npos;
+  });
+}
+
+// The text need not be converted, which takes longer than to look through it.
+void TextSearch::walkBytes(std::string_view utf8, TextSpan within, const Visit& visit) const {
+  const std::string_view text = utf8.substr(0, Size(within.to));
+  const std::string_view sought(plain_.constData(), Size(plain_.size()));
+  const FoldedSearch folded(sought);
+  std::size_t at = Size(within.from);
+  const auto next = [&] { return options_.matchCase ? text.find(sought, at) : folded.find(text, at); };
+  for (std::size_t found = next(); found != std::string_view::npos; found = next()) {
+    at = found + sought.size();
+    if (!visit({static_cast<qsizetype>(found), static_cast<qsizetype>(at)}, {})) return;
   }
 }
 

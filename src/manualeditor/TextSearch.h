@@ -33,6 +33,8 @@ class TextSearch {
 
   // Why the regular expression cannot be used; empty when it can.
   QString fault() const;
+  // Looking through a text of some megabytes takes no longer than painting one screen of it.
+  bool isQuick() const { return !plain_.isEmpty(); }
 
   // The hits that lie in the range, in their order; they do not overlap. An empty hit is none.
   std::vector<TextSpan> hits(std::string_view utf8, TextSpan range) const;
@@ -61,12 +63,15 @@ class TextSearch {
   using Visit = std::function<bool(const TextSpan&, const Hit&)>;
 
   void walk(std::string_view utf8, TextSpan range, qsizetype from, const Visit& visit) const;
+  void walkBytes(std::string_view utf8, TextSpan within, const Visit& visit) const;
+  bool isOfBytes(std::string_view utf8) const;
   std::optional<Hit> hitFrom(const QString& text, qsizetype start) const;
   std::optional<Hit> literalFrom(const QString& text, qsizetype start) const;
   std::optional<Hit> expressionFrom(const QString& text, qsizetype start) const;
   QByteArray replacementOf(const Hit& hit, const QString& replacement) const;
 
   QString sought_;
+  QByteArray plain_;  // the same where it can be found byte by byte
   SearchOptions options_;
   QRegularExpression expression_;
 };

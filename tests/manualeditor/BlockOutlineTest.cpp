@@ -137,5 +137,31 @@ TEST_F(BlockOutlineTest, ThePanelFollowsEditsAndTheCursorAndIsRemembered) {
   EXPECT_TRUE(part<QTreeView>("blockTree")->isVisible());
 }
 
+TEST_F(BlockOutlineTest, ALargeTextIsReadWhenItIsPaintedOrSomebodyAsks) {
+  constexpr int kObjects = 5'000;
+  constexpr int kLines = 5;  // of each
+  std::string text;
+  for (int i = 0; i < kObjects; ++i)
+    text += "Object Tank" + std::to_string(i) + "\r\n  Draw = W3DTankDraw Tag\r\n    End\r\nEnd\r\n\r\n";
+  const auto visible = [this](int line) { return this->text().view().send(2228, line - 1) != 0; };
+  const auto isFolded = [&](int addedLines) {
+    const int last = (kObjects - 1) * kLines + 1 + addedLines;
+    return visible(last) && !visible(last + 1) && !visible(last + 3) && visible(last + 4);
+  };
+  openFile(text);
+  EXPECT_EQ(path(), "");
+  EXPECT_TRUE(WaitFor([&] { return path() == "Object Tank0"; }));
+  // All of its lines have no levels yet; an edit comes between.
+  this->text().replaceSelection("\n");
+  trigger("foldAll");
+  EXPECT_TRUE(isFolded(1));
+  this->text().setUnmodified();
+  openFile(text);
+  trigger("foldAll");
+  EXPECT_TRUE(isFolded(0));
+  answer("goToBlock", "tank4999");
+  EXPECT_EQ(panel(1), "Line 24996 of 25001");
+}
+
 }  // namespace
 }  // namespace korvane

@@ -233,6 +233,29 @@ TEST_F(FindTest, SearchesStayInTheSelectionAndWrapAround) {
   EXPECT_EQ(panel(1), "Line 2 of 4");
 }
 
+TEST(TextSearch, FindsLettersInAnyForm) {
+  const struct {
+    const char* sought;
+    const char* text;
+    std::vector<qsizetype> hits;
+    bool matchCase = false;
+  } kCases[] = {
+      {"ananas", "anananas ANANAS", {2, 9}}, {"aa", "aaaaa", {0, 2}},
+      {"Gun", "gun Gun GUN gu", {0, 4, 8}},  {"Gun", "gun Gun GUN gu", {4}, true},
+      {"[@`{", "[@`{ {@`[ [`@{", {0}},       {"rk", "Dark dar\u212A DARK", {2, 7, 14}},
+      {"\u00E4", "\u00C4 \u00E4", {0, 3}},   {"mist", "Mi\u017Ft mist", {0, 6}},
+      {"mist", "Mi\u017Ft mist", {6}, true}, {"x", "", {}},
+  };
+  for (const auto& c : kCases) {
+    const TextSearch search(QString::fromUtf8(c.sought), {.matchCase = c.matchCase});
+    std::vector<qsizetype> starts;
+    const auto size = static_cast<qsizetype>(std::string_view(c.text).size());
+    for (const TextSpan& hit : search.hits(c.text, {0, size})) starts.push_back(hit.from);
+    EXPECT_EQ(starts, c.hits) << c.sought << " in " << c.text;
+    if (size > 3) EXPECT_EQ(search.hits(c.text, {1, 2}).size(), 0U) << "nothing reaches out of a range";
+  }
+}
+
 TEST(TextSearch, ReplacesGroupsAndKeepsWhatLiesAround) {
   const struct {
     const char* text;
