@@ -113,7 +113,9 @@ std::optional<FileLook> LookAt(const fs::path& path) {
 std::error_code SyncToDisk(const fs::path& path) {
   const int handle = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (handle < 0) return ErrorUnless(false);
-  const std::error_code error = ErrorUnless(Synced(::fsync(handle)));
+  struct stat found {};
+  const bool folder = ::fstat(handle, &found) == 0 && S_ISDIR(found.st_mode);
+  const std::error_code error = ErrorUnless(Synced(folder ? ::fsync(handle) : ::fdatasync(handle)));
   ::close(handle);
   return error;
 }
