@@ -10,6 +10,7 @@
 #include "app/CatalogueService.h"
 #include "manualeditor/FindingMarks.h"
 #include "manualeditor/IniTextEdit.h"
+#include "manualeditor/UserFile.h"
 #include "platform/TextEncoding.h"
 
 namespace korvane {
@@ -20,10 +21,6 @@ using Sci = QsciScintillaBase;
 
 constexpr std::chrono::milliseconds kPause(300);        // without an edit
 constexpr std::chrono::milliseconds kAfterLoading(50);  // in which a new text is painted first
-
-bool IsDataFile(const QString& path) {
-  return path.startsWith("Data\\INI\\", Qt::CaseInsensitive) && path.endsWith(".ini", Qt::CaseInsensitive);
-}
 
 // Files that have not changed are taken over from one catalogue to the next.
 bool SameNames(const CataloguePtr& a, const CataloguePtr& b) {

@@ -12,6 +12,7 @@
 #include "manualeditor/BlockOutline.h"
 #include "manualeditor/IniTextEdit.h"
 #include "manualeditor/ShowableFile.h"
+#include "manualeditor/UserFile.h"
 #include "platform/FileWriter.h"
 #include "platform/KeptVersions.h"
 #include "platform/MessageBoxes.h"
@@ -282,7 +283,7 @@ QString OpenText::pathInGame() const {
 
 std::shared_ptr<const CatalogueFile> OpenText::unsavedNames() const {
   const QString path = pathInGame();
-  if (path.isEmpty() || !isUnsaved()) return nullptr;
+  if (!isUnsaved() || !IsDataFile(path)) return nullptr;
   if (names_ == nullptr) {
     names_ = CatalogueFile::read(
         {.path = path.toStdString(), .container = services_.folders.game.toStdString()}, bytes());

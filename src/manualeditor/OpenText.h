@@ -70,8 +70,8 @@ class OpenText : public QObject {
   std::optional<FilePlace> cursorPlace() const;
   // Of a file of the game folder, its path below it; empty for others and for what cannot be changed.
   QString pathInGame() const;
-  // What the text defines, where it is unsaved and has such a path; else nullptr. Read at the first question
-  // behind an edit.
+  // What the text defines, where it is unsaved and one of the files that the catalogue has; else nullptr.
+  // Read at the first question behind an edit.
   std::shared_ptr<const CatalogueFile> unsavedNames() const;
   // Closing it would lose something.
   bool isUnsaved() const;

@@ -34,4 +34,8 @@ ManualEditRequest RequestForUserFile(const QString& file, const Folders& folders
   return request;
 }
 
+bool IsDataFile(const QString& path) {
+  return path.startsWith("Data\\INI\\", Qt::CaseInsensitive) && path.endsWith(".ini", Qt::CaseInsensitive);
+}
+
 }  // namespace korvane

@@ -9,4 +9,7 @@ namespace korvane {
 // the game folder, by whatever way the path leads there, can be changed.
 ManualEditRequest RequestForUserFile(const QString& file, const Folders& folders);
 
+// Whether a file with this path below the game folder is one of those that the catalogue reads.
+bool IsDataFile(const QString& path);
+
 }  // namespace korvane
