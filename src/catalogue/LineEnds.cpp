@@ -5,17 +5,21 @@
 
 #include "files/FilePieces.h"
 #include "ini/DataFiles.h"
+#include "ini/IniText.h"
 
 namespace korvane {
 
 namespace {
 
+constexpr auto kIsLoneLf = [](char before, char byte) {
+  return (static_cast<int>(byte == '\n') & static_cast<int>(before != '\r')) != 0;
+};
+
+// The piece is not empty.
 LineEnds LineEndsOf(std::string_view piece, char before) {
   LineEnds ends;
   ends.hasOther = piece.find('\r') != std::string_view::npos;
-  for (std::size_t at = piece.find('\n'); at != std::string_view::npos; at = piece.find('\n', at + 1)) {
-    if ((at == 0 ? before : piece[at - 1]) != '\r') ++ends.lf;
-  }
+  ends.lf = CountBehindFirst(piece, kIsLoneLf) + static_cast<std::size_t>(kIsLoneLf(before, piece.front()));
   return ends;
 }
 

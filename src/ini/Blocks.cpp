@@ -2,39 +2,17 @@
 #include "ini/Blocks.h"
 
 #include <algorithm>
-#include <cstdint>
 
 namespace korvane {
 
 namespace {
 
 constexpr std::string_view kBlockEnd = "end";
-constexpr std::size_t kPiece = 255;  // whose count fits into a byte, so that many bytes are looked at at once
-
-// How many line ends there are behind the first byte; CR LF is one, which the CR counts for.
-std::size_t LineEndsBehindFirst(std::string_view bytes) {
-  std::size_t ends = 0;
-  for (std::size_t from = 1; from < bytes.size(); from += kPiece) {
-    const std::size_t to = std::min(from + kPiece, bytes.size());
-    std::uint8_t here = 0;
-    for (std::size_t at = from; at < to; ++at) {
-      const int loneLf = static_cast<int>(bytes[at] == '\n') & static_cast<int>(bytes[at - 1] != '\r');
-      here = static_cast<std::uint8_t>(here + (static_cast<int>(bytes[at] == '\r') | loneLf));
-    }
-    ends += here;
-  }
-  return ends;
-}
-
-HeaderLine Header(std::string_view line) {
-  return {line, line.substr(0, line.find(' ')), HeaderName(line)};
-}
 
 }  // namespace
 
-std::optional<HeaderLine> HeaderIn(std::string_view line, std::string_view begin) {
-  if (!TVItem::CheckText(line, begin)) return std::nullopt;
-  return Header(line);
+HeaderLine HeaderOf(std::string_view line) {
+  return {line, line.substr(0, line.find(' ')), HeaderName(line)};
 }
 
 std::size_t LinesInEditor(std::string_view line) {
@@ -57,7 +35,12 @@ void ReadHeaders(TVItem& reader, const ProgramPath& path, std::string_view begin
 std::size_t LineInEditor(std::string_view bytes, std::size_t offset) {
   if (offset == 0) return 1;
   const bool first = bytes[0] == '\r' || bytes[0] == '\n';
-  return 1 + static_cast<std::size_t>(first) + LineEndsBehindFirst(bytes.substr(0, offset));
+  // CR LF is one line end, which the CR counts for.
+  const std::size_t others = CountBehindFirst(bytes.substr(0, offset), [](char before, char byte) {
+    return (static_cast<int>(byte == '\r') |
+            (static_cast<int>(byte == '\n') & static_cast<int>(before != '\r'))) != 0;
+  });
+  return 1 + static_cast<std::size_t>(first) + others;
 }
 
 std::optional<BlockSpan> FindBlock(std::string_view bytes, std::string_view lowerBegin) {
@@ -66,7 +49,8 @@ std::optional<BlockSpan> FindBlock(std::string_view bytes, std::string_view lowe
   std::string_view last;
   ForEachLine(bytes, [&](std::string_view line) {
     const auto offset = static_cast<std::size_t>(line.data() - bytes.data());
-    if (!block && BeginsWithIgnoringCase(line, lowerBegin)) block = BlockSpan{Header(line), 0, 0, offset, 0};
+    if (!block && BeginsWithIgnoringCase(line, lowerBegin))
+      block = BlockSpan{HeaderOf(line), 0, 0, offset, 0};
     if (!block) return true;
     last = line;
     lastOffset = offset;

@@ -20,9 +20,13 @@ struct HeaderLine {
   std::optional<std::string_view> name;  // its second word; nothing without a space behind the kind
 };
 
+HeaderLine HeaderOf(std::string_view line);
+
 // The header in a line that begins, letter case significant, with `begin` (a kind, with or without the space
 // behind it). Nothing for any other line.
-std::optional<HeaderLine> HeaderIn(std::string_view line, std::string_view begin);
+inline std::optional<HeaderLine> HeaderIn(std::string_view line, std::string_view begin) {
+  return TVItem::CheckText(line, begin) ? std::optional(HeaderOf(line)) : std::nullopt;
+}
 
 bool EndsBlock(std::string_view line);
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <optional>
 #include <string>
@@ -47,6 +50,22 @@ std::size_t ForEachWholeLine(std::string_view piece, Take&& take) {
   const std::size_t end = lastCr + (piece[lastCr + 1] == '\n' ? 2 : 1);
   ForEachLine(piece.substr(0, end), take);
   return piece.size() - end;
+}
+
+// How many bytes from the second one on are such that is(byte before, byte); `is` has no branches, so that
+// the compiler looks at many bytes at once.
+template <typename Is>
+std::size_t CountBehindFirst(std::string_view bytes, Is is) {
+  constexpr std::size_t kPiece = 255;  // whose count fits into a byte
+  std::size_t count = 0;
+  for (std::size_t from = 1; from < bytes.size(); from += kPiece) {
+    const std::size_t to = std::min(from + kPiece, bytes.size());
+    std::uint8_t here = 0;
+    for (std::size_t at = from; at < to; ++at)
+      here = static_cast<std::uint8_t>(here + static_cast<std::uint8_t>(is(bytes[at - 1], bytes[at])));
+    count += here;
+  }
+  return count;
 }
 
 // Calls `take(piece)` for the pieces of a text between the separators: always one more than there are

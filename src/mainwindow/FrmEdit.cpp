@@ -207,6 +207,7 @@ void FrmEdit::prepareInformationList() {
 void FrmEdit::readWeapons() {
   const ParserTurn turn(SParse1_);
   if (!turn) return;  // the next object to be shown brings them too
+  const TypedMarks::Reading reading = typed_.readsWeapons();
   display_->choices().readWeapons();
 }
 

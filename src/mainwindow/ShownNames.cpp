@@ -84,7 +84,7 @@ void ShownNames::linkFields() {
     });
     // The list is silent while its entries are read, its line never.
     connect(list.lineEdit(), &QLineEdit::textChanged, &link,
-            [&link, name] { link.setEnabled(name().has_value()); });
+            [&link, &list] { link.setEnabled(!list.currentText().trimmed().isEmpty()); });
     for (QWidget* widget : {static_cast<QWidget*>(&list), static_cast<QWidget*>(list.lineEdit())}) {
       widget->installEventFilter(this);
       TellOfName(*widget, launcher_, name);

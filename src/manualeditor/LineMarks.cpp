@@ -88,8 +88,11 @@ void LineMarks::saved() {
   saving_ = true;
   view_.send(Sci::SCI_SETSAVEPOINT);
   saving_ = false;
-  for (const int line : linesOf(changedMarker)) view_.send(Sci::SCI_MARKERADD, line, savedMarker);
-  clear(changedMarker);
+  for (const int line : linesOf(changedMarker)) {
+    view_.send(Sci::SCI_MARKERADD, line, savedMarker);
+    while (isChanged(line))
+      view_.send(Sci::SCI_MARKERDELETE, line, changedMarker);  // lines may have been joined
+  }
   showAtScrollBar();
 }
 
@@ -181,9 +184,13 @@ void LineMarks::markSome() {
   if (std::exchange(added_, false)) showAtScrollBar();
 }
 
+bool LineMarks::isChanged(int line) const {
+  return (view_.send(Sci::SCI_MARKERGET, line) & (1 << changedMarker)) != 0;
+}
+
 void LineMarks::markLines(int from, int to) {
   for (int line = from; line < to; ++line) {
-    if ((view_.send(Sci::SCI_MARKERGET, line) & (1 << changedMarker)) != 0) continue;
+    if (isChanged(line)) continue;
     view_.send(Sci::SCI_MARKERADD, line, changedMarker);
     added_ = true;
   }

@@ -52,6 +52,7 @@ class LineMarks : public QObject {
   void markEdits();
   void markSome();
   void markLines(int from, int to);
+  bool isChanged(int line) const;
   void undone();
   void showAtScrollBar();
   void clear(int marker);

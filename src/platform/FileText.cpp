@@ -25,9 +25,12 @@ bool IsAllAscii(std::string_view text) {
 
 bool IsAllCrLf(std::string_view text) {
   if (text.empty() || text.front() == '\n' || text.back() == '\r') return text.empty();
-  bool lone = false;
-  for (std::size_t i = 1; i < text.size(); ++i) lone |= (text[i - 1] == '\r') != (text[i] == '\n');
-  return !lone;
+  unsigned char lone = 0;
+  for (std::size_t i = 1; i < text.size(); ++i) {
+    const bool differs = (text[i - 1] == '\r') != (text[i] == '\n');
+    lone = static_cast<unsigned char>(lone | static_cast<unsigned char>(differs));
+  }
+  return lone == 0;
 }
 
 // The number of bytes of the UTF-8 character that begins with `lead`. The text control holds no others.
