@@ -21,9 +21,10 @@ QLineEdit* FieldWithKeyboard(const QWidget& around) {
 
 }  // namespace
 
+// The whole window is not painted: a hole would be seen where the fields are when notices go meanwhile.
 KeptFields::KeptFields(UnitFields& fields)
     : fields_(fields), list_(*fields.LstInfo), field_(FieldWithKeyboard(*fields.F_Tab)) {
-  fields_.F_Tab->setUpdatesEnabled(false);
+  fields_.F_Tab->window()->setUpdatesEnabled(false);
   if (!field_) return;
   text_ = field_->displayText();
   cursor_ = field_->cursorPosition();
@@ -32,7 +33,7 @@ KeptFields::KeptFields(UnitFields& fields)
 }
 
 KeptFields::~KeptFields() {
-  fields_.F_Tab->setUpdatesEnabled(true);
+  fields_.F_Tab->window()->setUpdatesEnabled(true);
   if (!field_ || field_->displayText() != text_) return;
   field_->setCursorPosition(cursor_);
   if (selected_ < 0) return;
