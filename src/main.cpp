@@ -3,7 +3,9 @@
 
 #include "controls/FullTextTips.h"
 #include "controls/Icons.h"
+#include "controls/KeyboardOutline.h"
 #include "controls/ReadableColours.h"
+#include "controls/WindowRoles.h"
 #include "startup/DarkDesktop.h"
 #include "startup/Desktop.h"
 #include "startup/EndSignals.h"
@@ -16,7 +18,9 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName("korvane");
   QApplication::setWindowIcon(korvane::ApplicationIcon());
   korvane::FullTextTips::install();
+  korvane::KeyboardOutline::install();
   korvane::ReadableHints::install();
+  korvane::InstallWindowRoles();
   korvane::Desktop desktop;
   korvane::Program program(desktop.services(), desktop.folders(), QApplication::arguments().mid(1).join(' '));
   korvane::EndSignals endSignals;

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 
+#include "controls/LinkLabel.h"
 #include "controls/ReadableColours.h"
 #include "controls/ShownText.h"
 
@@ -178,7 +179,7 @@ QWidget* NoticeBar::makeRow(const Notice& notice) {
   auto* row = new QWidget;
   auto* layout = new QHBoxLayout(row);
   layout->setContentsMargins(0, 0, 0, 0);
-  auto* label = new QLabel;
+  auto* label = new LinkLabel;
   label->setObjectName("Notice");
   label->setTextFormat(Qt::RichText);
   label->setWordWrap(true);

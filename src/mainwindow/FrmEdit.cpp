@@ -135,7 +135,7 @@ void FrmEdit::buildCommands() {
   Toolbar1_->setMovable(false);
   Toolbar1_->setContextMenuPolicy(Qt::PreventContextMenu);
   AddMainCommands(commands_, launch_, [this] { exitCommand(); });
-  commands_.add("showInFile", "Show in &File", "F6", [this] { fileEdits_->showInFile(); });
+  commands_.add("showInFile", "&Show in File", "F6", [this] { fileEdits_->showInFile(); });
   commands_.add("editInFile", "&Edit in File", "Shift+F6", [this] { fileEdits_->editInFile(); });
   commands_.add("readAgain", "&Read Again", "F5", [this] { display_->readAgain(); });
   commands_.add("nextTab", "Next &Tab", "Ctrl+Tab", [this] { stepTab(1); });

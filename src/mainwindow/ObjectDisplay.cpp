@@ -372,6 +372,7 @@ void ObjectDisplay::showLocomotorNames(const QStringList& names, int current) {
     SetTabCaption(*fields_.LocoTab, position, name);
     fields_.LocoTab->setTabData(position, "PvKey" + QString::number(position + 1));
   }
+  fields_.LocoTab->setFocusPolicy(names.isEmpty() ? Qt::NoFocus : Qt::TabFocus);
   fields_.LocoTab->setCurrentIndex(current);
   fields_.LocoTab->updateGeometry();  // on a page that is not shown it does not tell its layout by itself
 }

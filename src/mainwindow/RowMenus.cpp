@@ -25,7 +25,7 @@ constexpr std::array kTreeCommands = {
 };
 constexpr std::array kListCommands = {
     Row{"copyRow", "&Copy", &RowMenus::copyRow, "Ctrl+C"},
-    Row{"copyRowName", "Copy &Name", &RowMenus::copyRowName},
+    Row{"copyRowName", "Copy N&ame", &RowMenus::copyRowName},
     Row{"copyRowValue", "Copy &Value", &RowMenus::copyRowValue},
 };
 

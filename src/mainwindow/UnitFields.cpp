@@ -178,6 +178,7 @@ QWidget* UnitFields::handlingTab() {
   locomotorLink = Link("locomotorLink", *CboLocomotor, *CboLocomotor);
   LocoTab = Named("LocoTab", new QTabBar);
   LocoTab->setAccessibleName("Locomotors");
+  LocoTab->setFocusPolicy(Qt::NoFocus);  // until it has tabs
   LocoTab->setDrawBase(true);
   LocoTab->setExpanding(false);
   LocoTab->setElideMode(Qt::ElideRight);

@@ -17,7 +17,7 @@ constexpr int kMargin = 8;  // pixels
 
 }  // namespace
 
-BlockPath::BlockPath(BlockOutline& outline, QWidget* parent) : QLabel(parent), outline_(outline) {
+BlockPath::BlockPath(BlockOutline& outline, QWidget* parent) : LinkLabel(parent), outline_(outline) {
   setTextFormat(Qt::RichText);
   setAccessibleName("Block at the cursor");
   setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -64,12 +64,12 @@ void BlockPath::follow(const QString& link) {
 }
 
 void BlockPath::resizeEvent(QResizeEvent* event) {
-  QLabel::resizeEvent(event);
+  LinkLabel::resizeEvent(event);
   show();
 }
 
 void BlockPath::changeEvent(QEvent* event) {
-  QLabel::changeEvent(event);
+  LinkLabel::changeEvent(event);
   if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) show();
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QLabel>
+#include "controls/LinkLabel.h"
 
 namespace korvane {
 
@@ -9,7 +9,7 @@ class BlockOutline;
 struct TextBlock;
 
 // Says in which blocks the cursor stands, from the outermost; a click on a step goes to its header.
-class BlockPath : public QLabel {
+class BlockPath : public LinkLabel {
   Q_OBJECT
 
  public:

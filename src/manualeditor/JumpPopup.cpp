@@ -50,7 +50,8 @@ JumpPopup::JumpPopup(QWidget* owner)
 void JumpPopup::ask(const QString& what, std::vector<Item> items, int current) {
   items_ = std::move(items);
   field_->setPlaceholderText(what);
-  field_->setAccessibleName(what);
+  for (QWidget* read : {static_cast<QWidget*>(this), static_cast<QWidget*>(field_)})
+    read->setAccessibleName(what);
   field_->clear();
   narrow();
   list_->setVisible(!items_.empty());

@@ -50,7 +50,7 @@ constexpr std::array kTextCommands = {
     Text{"toggleComment", "Toggle &Comment", &TextCommands::toggleComment, "Ctrl+/"},
     Text{"duplicateLines", "&Duplicate", &TextCommands::duplicate, "Ctrl+D"},
     Text{"moveLinesUp", "Move Lines &Up", &TextCommands::moveUp, "Alt+Up"},
-    Text{"moveLinesDown", "Move Lines Do&wn", &TextCommands::moveDown, "Alt+Down"},
+    Text{"moveLinesDown", "Move &Lines Down", &TextCommands::moveDown, "Alt+Down"},
     Text{"indentLines", "&Indent", &TextCommands::indent, "Ctrl+]"},
     Text{"outdentLines", "&Outdent", &TextCommands::outdent, "Ctrl+["},
     Text{"trimLines", "&Trim Trailing Blanks", &TextCommands::trim},
@@ -82,8 +82,8 @@ constexpr std::array kFindCommands = {
 
 constexpr std::array kProblemCommands = {
     ProblemCommand{"nextProblem", "Next P&roblem", &LiveFindings::goToNext, "F8"},
-    ProblemCommand{"previousProblem", "Previous Pro&blem", &LiveFindings::goToPrevious, "Shift+F8"},
-    ProblemCommand{"applySuggestion", "Apply S&uggestion", &LiveFindings::applySuggestion, "Ctrl+."},
+    ProblemCommand{"previousProblem", "Previous Proble&m", &LiveFindings::goToPrevious, "Shift+F8"},
+    ProblemCommand{"applySuggestion", "Appl&y Suggestion", &LiveFindings::applySuggestion, "Ctrl+."},
 };
 
 constexpr std::array kCompletionCommands = {

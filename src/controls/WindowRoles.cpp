@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/WindowRoles.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QWidget>
+
+namespace korvane {
+
+namespace {
+
+// Asked for each class of an object, from the last one derived to the first.
+QAccessibleInterface* WindowInterface(const QString& className, QObject* object) {
+  auto* widget = qobject_cast<QWidget*>(object);
+  if (className != "QWidget" || widget == nullptr || widget->windowType() != Qt::Window) return nullptr;
+  return new QAccessibleWidget(widget, QAccessible::Window);
+}
+
+}  // namespace
+
+void InstallWindowRoles() {
+  QAccessible::installFactory(WindowInterface);
+}
+
+}  // namespace korvane
