@@ -19,7 +19,7 @@ int main(int argc, char** argv) {
   QApplication::setWindowIcon(korvane::ApplicationIcon());
   korvane::FullTextTips::install();
   korvane::KeyboardOutline::install();
-  korvane::ReadableHints::install();
+  korvane::ReadablePalette::install();
   korvane::InstallWindowRoles();
   korvane::Desktop desktop;
   korvane::Program program(desktop.services(), desktop.folders(), QApplication::arguments().mid(1).join(' '));

@@ -146,7 +146,6 @@ void NoticeBar::rebuild() {
   if (hadKeyboard) giveKeyboardBack();
 }
 
-// A label shows which of its links has the keyboard only when a Tab has led there.
 void NoticeBar::takeKeyboard() {
   QWidget* focus = QApplication::focusWidget();
   if (!isAncestorOf(focus)) before_ = focus;
@@ -154,12 +153,7 @@ void NoticeBar::takeKeyboard() {
     const auto* label = qobject_cast<QLabel*>(row);
     const bool isLink = label != nullptr && label->text().contains("<a ");
     if (!isLink && qobject_cast<QPushButton*>(row) == nullptr) continue;
-    row->setFocus(Qt::ShortcutFocusReason);
-    if (isLink) {
-      QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
-      QCoreApplication::sendEvent(row, &tab);
-    }
-    return;
+    return row->setFocus(Qt::TabFocusReason);
   }
 }
 

@@ -12,14 +12,16 @@ namespace korvane {
 
 namespace {
 
-// Contrast ratios that the accessibility guidelines ask for.
 constexpr double kReadable = 4.5;
-constexpr double kHintReadable = 3;  // what a hint says is said elsewhere too
+constexpr double kSelectedReadable = 5.2;  // marks may lie on what is selected
+constexpr double kPalest = 0.6;            // of the ink
+constexpr double kPaleStep = 0.05;
+constexpr int kShadeStep = 103;  // percent
+constexpr int kMostShades = 60;
 
 constexpr const char* kItemViews = "QAbstractItemView";
 constexpr int kPaleSelection = 108;  // percent darker than the background, as Qt's style has it
 
-constexpr int kPaler = 128;  // alpha, as Qt has it
 constexpr QRgb kLightBlue = qRgb(0x8a, 0xb8, 0xff);
 constexpr QRgb kDarkBlue = qRgb(0x00, 0x3d, 0xa6);
 
@@ -31,10 +33,6 @@ double Luminance(const QColor& colour) {
   return 0.2126 * Linear(colour.redF()) + 0.7152 * Linear(colour.greenF()) + 0.0722 * Linear(colour.blueF());
 }
 
-double Contrast(double a, double b) {
-  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
-}
-
 QColor Over(const QColor& ground, const QColor& colour) {
   const float alpha = colour.alphaF();
   const auto mix = [alpha](float below, float above) { return below * (1 - alpha) + above * alpha; };
@@ -42,13 +40,24 @@ QColor Over(const QColor& ground, const QColor& colour) {
                           mix(ground.blueF(), colour.blueF()));
 }
 
+QColor Mixed(const QColor& ground, QColor ink, double share) {
+  ink.setAlphaF(static_cast<float>(share));
+  return Over(ground, ink);
+}
+
+// The ground moves away from the text until that can be read.
+QColor ReadableGround(QColor ground, const QColor& text) {
+  const bool darker = Luminance(text) > Luminance(ground);
+  for (int shade = 0; shade < kMostShades && ContrastOf(ground, text) < kSelectedReadable; ++shade)
+    ground = darker ? ground.darker(kShadeStep) : ground.lighter(kShadeStep);
+  return ground;
+}
+
 // Colours that are not set here stay the desktop's: the palette knows which are.
-void GiveHints() {
-  QPalette palette = QApplication::palette();
-  const QColor hint = ReadableHint(palette);
-  if (hint == palette.color(QPalette::PlaceholderText)) return;
-  palette.setColor(QPalette::PlaceholderText, hint);
-  QApplication::setPalette(palette);
+void MakeReadable() {
+  const QPalette palette = QApplication::palette();
+  const QPalette readable = WithReadableText(palette);
+  if (readable != palette) QApplication::setPalette(readable);
 }
 
 // The style of Windows selects rows in a pale colour of its own, whatever the palette says, and writes them
@@ -70,30 +79,48 @@ QColor SelectedRowText() {
 
 QColor ReadableLink(const QPalette& palette, const QColor& background) {
   const QColor own = palette.color(QPalette::Link);
-  const double ground = Luminance(background);
-  if (Contrast(Luminance(own), ground) >= kReadable) return own;
-  return ground < 0.2 ? kLightBlue : kDarkBlue;
+  if (ContrastOf(own, background) >= kReadable) return own;
+  return Luminance(background) < 0.2 ? kLightBlue : kDarkBlue;
 }
 
-QColor ReadableHint(const QPalette& palette) {
-  const QColor own = palette.color(QPalette::PlaceholderText);
-  const QColor ground = palette.color(QPalette::Base);
-  if (Contrast(Luminance(Over(ground, own)), Luminance(ground)) >= kHintReadable) return own;
-  QColor pale = palette.color(QPalette::Text);
-  pale.setAlpha(kPaler);
-  return pale;
+QColor PaleText(const QColor& ink, const QColor& ground) {
+  for (double share = kPalest; share < 1; share += kPaleStep) {
+    const QColor pale = Mixed(ground, ink, share);
+    if (ContrastOf(pale, ground) >= kReadable) return pale;
+  }
+  return ink;
 }
 
-void ReadableHints::install() {
+double ContrastOf(const QColor& a, const QColor& b) {
+  const double ofA = Luminance(a);
+  const double ofB = Luminance(b);
+  return (std::max(ofA, ofB) + 0.05) / (std::min(ofA, ofB) + 0.05);
+}
+
+// Where nothing has to change, nothing is set.
+QPalette WithReadableText(QPalette palette) {
+  const QColor base = palette.color(QPalette::Base);
+  const QColor hint = Over(base, palette.color(QPalette::PlaceholderText));
+  if (ContrastOf(hint, base) < kReadable)
+    palette.setColor(QPalette::PlaceholderText, PaleText(palette.color(QPalette::Text), base));
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+    const QColor ground = palette.color(group, QPalette::Highlight);
+    const QColor readable = ReadableGround(ground, palette.color(group, QPalette::HighlightedText));
+    if (readable != ground) palette.setColor(group, QPalette::Highlight, readable);
+  }
+  return palette;
+}
+
+void ReadablePalette::install() {
   QCoreApplication* application = QCoreApplication::instance();
-  application->installEventFilter(new ReadableHints(application));
-  GiveHints();
+  application->installEventFilter(new ReadablePalette(application));
+  MakeReadable();
   GiveSelections();
 }
 
-bool ReadableHints::eventFilter(QObject* watched, QEvent* event) {
+bool ReadablePalette::eventFilter(QObject* watched, QEvent* event) {
   if (watched == QCoreApplication::instance() && event->type() == QEvent::ApplicationPaletteChange) {
-    GiveHints();
+    MakeReadable();
     GiveSelections();
   }
   return false;

@@ -44,13 +44,14 @@ struct MarkStyle {
   int style;
   QRgb onLight;
   QRgb onDark;
-  int alpha;  // of the filling, of 255
+  int alphaOnLight;  // of the filling, of 255
+  int alphaOnDark;
   bool atScrollBar;
 };
 constexpr std::array kMarkStyles = {
-    MarkStyle{TextMark::hit, 21, Sci::INDIC_ROUNDBOX, 0xFFE08A00, 0xFFFFB84D, 70, true},
-    MarkStyle{TextMark::match, 23, Sci::INDIC_FULLBOX, 0xFF7D4A94, 0xFFC9A0DC, 45, false},
-    MarkStyle{TextMark::scope, 22, Sci::INDIC_FULLBOX, 0xFF2B6CB0, 0xFF8AB4F0, 20, false},
+    MarkStyle{TextMark::hit, 21, Sci::INDIC_ROUNDBOX, 0xFFE08A00, 0xFFFFB84D, 60, 35, true},
+    MarkStyle{TextMark::match, 23, Sci::INDIC_FULLBOX, 0xFF7D4A94, 0xFFC9A0DC, 40, 32, false},
+    MarkStyle{TextMark::scope, 22, Sci::INDIC_FULLBOX, 0xFF2B6CB0, 0xFF8AB4F0, 20, 20, false},
 };
 
 struct ChangedPiece {
@@ -137,7 +138,6 @@ void IniTextEdit::prepare() {
   send(Sci::SCI_SETAUTOMATICFOLD, Sci::SC_AUTOMATICFOLD_SHOW | Sci::SC_AUTOMATICFOLD_CHANGE);
   for (const MarkStyle& style : kMarkStyles) {
     send(Sci::SCI_INDICSETSTYLE, style.indicator, style.style);
-    send(Sci::SCI_INDICSETALPHA, style.indicator, style.alpha);
     send(Sci::SCI_INDICSETUNDER, style.indicator, 1);
   }
 }
@@ -452,7 +452,7 @@ void IniTextEdit::applyColours() {
   const bool dark = TextLook::isDark(palette());
   for (const MarkStyle& style : kMarkStyles) {
     text_->setIndicatorForegroundColor(QColor(dark ? style.onDark : style.onLight), style.indicator);
-    send(Sci::SCI_INDICSETALPHA, style.indicator, style.alpha);
+    send(Sci::SCI_INDICSETALPHA, style.indicator, dark ? style.alphaOnDark : style.alphaOnLight);
   }
 }
 

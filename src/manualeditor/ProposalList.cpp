@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "app/Places.h"
+#include "controls/ReadableColours.h"
 #include "platform/TextEncoding.h"
 
 namespace korvane {
@@ -43,8 +44,10 @@ class ProposalDelegate : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     QStyledItemDelegate::paint(painter, option, index);
     const bool selected = (option.state & QStyle::State_Selected) != 0;
-    QColor colour = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
-    colour.setAlphaF(0.6F);
+    const QPalette& palette = option.palette;
+    const QColor colour =
+        selected ? PaleText(palette.color(QPalette::HighlightedText), palette.color(QPalette::Highlight))
+                 : PaleText(palette.color(QPalette::Text), palette.color(QPalette::Base));
     painter->save();
     painter->setPen(colour);
     const QRect at = option.rect.adjusted(0, 0, -kBetween / 4, 0);

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "controls/ReadableColours.h"
+
 namespace korvane {
 
 namespace {
@@ -12,7 +14,6 @@ namespace {
 constexpr int kRowPadding = 3;  // pixels above and below a text
 constexpr int kGap = 8;
 constexpr int kBadgeWidth = 3;  // in widths of an "M"
-constexpr qreal kDimmed = 0.7;  // of the text's opacity
 
 // "CS" for CommandSet, "O" for Object.
 QString BadgeOf(const SearchRow& row) {
@@ -59,22 +60,21 @@ void DrawBadge(QPainter& painter, const QRect& area, const QString& letters) {
   painter.restore();
 }
 
-// `dimmed`: how much is seen of what stands behind the name.
-void DrawRow(QPainter& painter, const QRect& rect, const SearchRow& row, qreal dimmed) {
+// `pale`: for what stands behind the name.
+void DrawRow(QPainter& painter, const QRect& rect, const SearchRow& row, const QColor& pale) {
   const QFontMetrics metrics = painter.fontMetrics();
   const int badge = metrics.horizontalAdvance('M') * kBadgeWidth;
   QRect area = rect.adjusted(kGap, 0, -kGap, 0);
   DrawBadge(painter, QRect(area.left(), area.top() + 1, badge, area.height() - 2), BadgeOf(row));
   area.setLeft(area.left() + badge + kGap);
   const int nameEnd = DrawName(painter, area, row);
-  painter.setOpacity(dimmed);
+  painter.setPen(pale);
   const QString where = metrics.elidedText(row.where, Qt::ElideLeft, area.width() / 2);
   const int whereStart = area.right() - metrics.horizontalAdvance(where);
   if (whereStart > nameEnd + kGap) painter.drawText(area, Qt::AlignRight | Qt::AlignVCenter, where);
   const QRect kindArea(nameEnd + kGap, area.top(), whereStart - nameEnd - 2 * kGap, area.height());
   painter.drawText(kindArea, Qt::AlignVCenter,
                    metrics.elidedText(row.kind, Qt::ElideRight, kindArea.width()));
-  painter.setOpacity(1);
 }
 
 }  // namespace
@@ -116,10 +116,13 @@ void SearchDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
   view->style()->drawControl(QStyle::CE_ItemViewItem, &panel, painter, view);
   painter->save();
   const bool selected = (option.state & QStyle::State_Selected) != 0;
-  painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+  const QPalette& palette = option.palette;
+  const QColor ink = palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+  painter->setPen(ink);
   painter->setFont(option.font);
   const SearchRow& row = static_cast<const SearchModel*>(index.model())->row(index);
-  DrawRow(*painter, option.rect, row, selected ? 1 : kDimmed);  // selections may have little contrast
+  DrawRow(*painter, option.rect, row,
+          PaleText(ink, palette.color(selected ? QPalette::Highlight : QPalette::Base)));
   painter->restore();
 }
 

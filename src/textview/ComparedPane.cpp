@@ -11,6 +11,7 @@
 #include <array>
 
 #include "compare/LineDifference.h"
+#include "controls/ReadableColours.h"
 #include "platform/FileText.h"
 #include "textview/ScrollMarks.h"
 #include "textview/TextLook.h"
@@ -26,11 +27,12 @@ constexpr int kNumberMargin = 0;
 constexpr int kTextMargin = 4;      // pixels
 constexpr int kFoldIndicator = 24;  // in the control, beside those of the manual editor
 constexpr int kWordIndicator = 25;
-constexpr int kWordAlpha = 90;  // of 255
-constexpr int kRowShare = 16;   // of the colour in the background of its rows, in percent
+constexpr int kWordAlphaOnLight = 45;  // of 255
+constexpr int kWordAlphaOnDark = 30;
+constexpr int kWordEdgeAlpha = 160;
+constexpr int kRowShare = 16;  // of the colour in the background of its rows, in percent
 constexpr int kFoldShare = 10;
 constexpr int kNoLineShare = 5;
-constexpr int kFoldTextShare = 60;
 
 // How a row looks in a text. Signs tell what colours tell, for whom colours do not.
 struct RowStyle {
@@ -114,12 +116,15 @@ void ComparedPane::applyLook(const QFont& font, const QPalette& palette) {
   };
   for (const RowStyle& style : kRowStyles)
     setBack(style.marker, TextLook::mixed(ColourOf(style, palette), paper, kRowShare));
-  setBack(kFoldMarker, TextLook::mixed(ink, paper, kFoldShare));
+  const QColor fold = TextLook::mixed(ink, paper, kFoldShare);
+  setBack(kFoldMarker, fold);
   setBack(kNoLineMarker, TextLook::mixed(ink, paper, kNoLineShare));
   text_->setCaretLineBackgroundColor(palette.color(QPalette::Active, QPalette::Highlight));
-  text_->setIndicatorForegroundColor(TextLook::mixed(ink, paper, kFoldTextShare), kFoldIndicator);
+  text_->setIndicatorForegroundColor(PaleText(ink, fold), kFoldIndicator);
   text_->setIndicatorForegroundColor(ColourOf(kRowStyles.front(), palette), kWordIndicator);
-  send(Sci::SCI_INDICSETALPHA, kWordIndicator, kWordAlpha);
+  send(Sci::SCI_INDICSETALPHA, kWordIndicator,
+       TextLook::isDark(palette) ? kWordAlphaOnDark : kWordAlphaOnLight);
+  send(Sci::SCI_INDICSETOUTLINEALPHA, kWordIndicator, kWordEdgeAlpha);
   fitMargin();
   showAtScrollBar();
 }

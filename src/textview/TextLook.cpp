@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "controls/ReadableColours.h"
 #include "textview/LineColours.h"
 
 namespace korvane {
@@ -18,20 +19,20 @@ using Sci = QsciScintillaBase;
 
 constexpr int kSizeFactor = Sci::SC_FONT_SIZE_MULTIPLIER;
 constexpr int kColourStep = 1 << 18;   // bytes that are coloured in one go
-constexpr int kCurrentLineShare = 20;  // of the highlight colour in the current line's background, in percent
+constexpr int kCurrentLineShare = 18;  // of the highlight colour in the current line's background, in percent
 constexpr int kMarginShare = 6;        // of the text colour in the background of the line numbers
-constexpr int kNumberShare = 55;       // of the text colour in the line numbers
 
 struct KindColour {
   TextKind kind;
   QRgb onLight;
   QRgb onDark;
 };
+// Dark and light enough to be read on every ground that marks give to the text.
 constexpr std::array kKindColours = {
-    KindColour{TextKind::comment, 0xFF4F7A4F, 0xFF8FB88F},
-    KindColour{TextKind::header, 0xFF1F4E9C, 0xFF8AB4F0},
-    KindColour{TextKind::end, 0xFF7D4A94, 0xFFC9A0DC},
-    KindColour{TextKind::key, 0xFF1E6478, 0xFF86C5D8},
+    KindColour{TextKind::comment, 0xFF2F5D2F, 0xFFA9D1A9},
+    KindColour{TextKind::header, 0xFF1F4E9C, 0xFFA5C8F7},
+    KindColour{TextKind::end, 0xFF6E3A86, 0xFFD9B8E8},
+    KindColour{TextKind::key, 0xFF1A5C6F, 0xFF97D3E4},
 };
 
 }  // namespace
@@ -77,8 +78,8 @@ void TextLook::apply(const QFont& font, const QPalette& palette) {
     setColour(Sci::SCI_STYLESETFORE, static_cast<int>(colour.kind),
               QColor(isDark(palette) ? colour.onDark : colour.onLight));
   }
-  text.setMarginsForegroundColor(mixed(ink, paper, kNumberShare));
   const QColor margin = mixed(ink, paper, kMarginShare);
+  text.setMarginsForegroundColor(PaleText(ink, margin));
   text.setMarginsBackgroundColor(margin);
   text.setFoldMarginColors(margin, margin);
   view_.send(Sci::SCI_STYLESETUNDERLINE, Sci::STYLE_LINENUMBER, 0);

@@ -143,22 +143,6 @@ TEST_F(NoticeBars, LinksCanBeReadWhenThePaletteTurnsDark) {
   EXPECT_GT(linkColour().lightness(), 150);
 }
 
-TEST(Hints, CanBeReadWhateverColoursTheDesktopHas) {
-  const QPalette before = QApplication::palette();
-  const QColor dimBlack(0, 0, 0, 128);
-  QPalette palette(Qt::white);
-  palette.setColor(QPalette::PlaceholderText, dimBlack);
-  EXPECT_EQ(ReadableHint(palette), dimBlack);
-  ReadableHints::install();
-  palette = QPalette(QColor(40, 44, 48));
-  palette.setColor(QPalette::Base, QColor(27, 30, 32));
-  palette.setColor(QPalette::PlaceholderText, dimBlack);
-  QApplication::setPalette(palette);
-  QApplication::processEvents();
-  EXPECT_GT(QApplication::palette().color(QPalette::PlaceholderText).lightness(), 200);
-  QApplication::setPalette(before);
-}
-
 TEST(LinkColours, CanBeReadInLightAndDarkPalettes) {
   QPalette palette;
   palette.setColor(QPalette::Link, QColor(0, 0, 255));

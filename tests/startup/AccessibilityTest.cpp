@@ -201,19 +201,10 @@ class AccessibilityTest : public testing::TestWithParam<Stop> {
   QWidget* window = nullptr;
 };
 
-TEST_P(AccessibilityTest, AScreenReaderNamesEveryControl) {
+TEST_P(AccessibilityTest, NeedsNeitherMouseNorEyes) {
   EXPECT_EQ(Text(Nameless(*window)), "");
-}
-
-TEST_P(AccessibilityTest, TheKeyboardGetsEverywhere) {
-  EXPECT_EQ(Text(FaultsByTab(*window)), "");
-}
-
-TEST_P(AccessibilityTest, EveryLetterStandsForOneThing) {
   EXPECT_EQ(Text(ClashingMnemonics(*window)), "");
-}
-
-TEST_P(AccessibilityTest, TheMouseHasNoMenusOfItsOwn) {
+  EXPECT_EQ(Text(FaultsByTab(*window)), "");
   EXPECT_EQ(Text(MenusOfTheMouseOnly(*window)), "");
 }
 

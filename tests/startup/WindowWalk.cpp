@@ -14,6 +14,7 @@
 #include <QRadioButton>
 #include <QTabBar>
 #include <QTest>
+#include <QTimer>
 #include <Qsci/qsciscintilla.h>
 
 #include <algorithm>
@@ -144,7 +145,16 @@ void AddCaptions(Letters& letters, const QWidget& control) {
   }
 }
 
-// What the menu that comes up offers.
+QStringList TakeEntriesOfPopup() {
+  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  if (menu == nullptr) return {};
+  QStringList entries;
+  for (const QAction* action : menu->actions()) entries += action->text();
+  menu->close();
+  return entries;
+}
+
+// What the menu that comes up offers; some wait for an answer at once.
 QStringList EntriesBy(QContextMenuEvent::Reason reason, QWidget& control) {
   QWidget* target = &control;
   QPoint at = control.rect().center();
@@ -152,13 +162,12 @@ QStringList EntriesBy(QContextMenuEvent::Reason reason, QWidget& control) {
   if (const auto* rows = qobject_cast<QAbstractItemView*>(&control); rows != nullptr)
     at = rows->visualRect(rows->currentIndex()).center();
   QContextMenuEvent event(reason, at, target->mapToGlobal(at));
-  QCoreApplication::sendEvent(reason == QContextMenuEvent::Keyboard ? &control : target, &event);
-  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-  if (menu == nullptr) return {};
   QStringList entries;
-  for (const QAction* action : menu->actions()) entries += action->text();
-  menu->close();
-  return entries;
+  QTimer whileItWaits;
+  QObject::connect(&whileItWaits, &QTimer::timeout, [&entries] { entries += TakeEntriesOfPopup(); });
+  whileItWaits.start(0);
+  QCoreApplication::sendEvent(reason == QContextMenuEvent::Keyboard ? &control : target, &event);
+  return entries + TakeEntriesOfPopup();
 }
 
 }  // namespace
