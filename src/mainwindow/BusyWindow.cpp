@@ -11,14 +11,14 @@ namespace {
 
 constexpr int kLongestPlay = 20;  // milliseconds
 
+}  // namespace
+
 // What was marked for painting before is not painted by itself any more. The painting waits for the window's
 // next turn, so that a key or a click that is already on its way need not wait for it.
 void PaintSoon(QWidget& window) {
   window.setUpdatesEnabled(true);
   QMetaObject::invokeMethod(&window, qOverload<>(&QWidget::repaint), Qt::QueuedConnection);
 }
-
-}  // namespace
 
 BusyWindow::BusyWindow(QWidget& window, QWidget& tree)
     : window_(window), tree_(tree), hadFocus_(tree.hasFocus()) {

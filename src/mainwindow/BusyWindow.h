@@ -7,6 +7,9 @@ class QWidget;
 
 namespace korvane {
 
+// Has a window painted again whose updates were disabled, in its next turn.
+void PaintSoon(QWidget& window);
+
 // Keeps the main window disabled while an object lives. The window is not painted anew for that unless it
 // lasts, so that a quick click flashes nothing, and the focus is back in the tree afterwards.
 class BusyWindow {

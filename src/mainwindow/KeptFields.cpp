@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QTabWidget>
 
+#include "mainwindow/BusyWindow.h"
 #include "mainwindow/UnitFields.h"
 
 namespace korvane {
@@ -33,7 +34,7 @@ KeptFields::KeptFields(UnitFields& fields)
 }
 
 KeptFields::~KeptFields() {
-  fields_.F_Tab->window()->setUpdatesEnabled(true);
+  PaintSoon(*fields_.F_Tab->window());
   if (!field_ || field_->displayText() != text_) return;
   field_->setCursorPosition(cursor_);
   if (selected_ < 0) return;
