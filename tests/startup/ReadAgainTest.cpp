@@ -204,5 +204,27 @@ TEST_F(ReadAgain, ATableKeepsWhatIsTypedOrInserted) {
   }
 }
 
+class Paintings : public QObject {
+ public:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++count;
+    return false;
+  }
+  int count = 0;
+};
+
+TEST_F(ReadAgain, TheNewValueIsPainted) {
+  get<QTabWidget>("F_Tab").setCurrentIndex(4);
+  ASSERT_TRUE(field("TxtCost").isVisible());
+  type("TxtCost", "1000");
+  editInFile();
+  QTest::qWait(100);
+  Paintings paintings;
+  field("TxtCost").installEventFilter(&paintings);
+  save();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return notices().isEmpty(); }));
+  EXPECT_TRUE(QTest::qWaitFor([&paintings] { return paintings.count > 0; }));
+}
+
 }  // namespace
 }  // namespace korvane
