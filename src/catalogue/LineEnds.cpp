@@ -11,10 +11,6 @@ namespace korvane {
 
 namespace {
 
-constexpr auto kIsLoneLf = [](char before, char byte) {
-  return (static_cast<int>(byte == '\n') & static_cast<int>(before != '\r')) != 0;
-};
-
 // The piece is not empty.
 LineEnds LineEndsOf(std::string_view piece, char before) {
   LineEnds ends;

@@ -20,6 +20,7 @@ namespace fs = std::filesystem;
 constexpr std::string_view kLowerObjects = "object\\";
 constexpr std::string_view kOutside = "INI\\";
 constexpr std::string_view kLowerExtension = ".ini";
+constexpr std::string_view kObject = "Object";
 constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kWordEnds = " \t;\r\n";
 constexpr std::size_t kLongestLine = 1 << 20;  // bytes that are kept until the line's end comes
@@ -28,11 +29,16 @@ std::string_view WordAt(std::string_view line, std::size_t at) {
   return line.substr(at, line.find_first_of(kWordEnds, at) - at);
 }
 
+bool MayHaveHeader(std::string_view lines) {
+  return lines.starts_with(kObject) || lines.find("\nObject") != lines.npos ||
+         lines.find("\rObject") != lines.npos;
+}
+
 // The name in an object header; empty for any other line.
 std::string_view ObjectName(std::string_view line) {
-  if (!line.starts_with("Object")) return {};
+  if (!line.starts_with(kObject)) return {};
   const std::string_view kind = WordAt(line, 0);
-  if (kind != "Object" && kind != "ObjectReskin") return {};
+  if (kind != kObject && kind != "ObjectReskin") return {};
   const std::size_t name = line.find_first_not_of(kBlanks, kind.size());
   return name == std::string_view::npos ? std::string_view() : WordAt(line, name);
 }
@@ -45,6 +51,7 @@ class HeaderScan {
 
  private:
   std::string_view takeLines(std::string_view bytes);
+  void countLines(std::string_view bytes);
   void takeLfLine(std::string_view line);
   void takeLine(std::string_view line, bool behindLf);
 
@@ -77,6 +84,11 @@ bool HeaderScan::read(const ProgramPath& path, OtherFile& file) {
 
 // Takes what ends in an LF and gives what is left.
 std::string_view HeaderScan::takeLines(std::string_view bytes) {
+  const std::string_view lines = bytes.substr(0, bytes.rfind('\n') + 1);
+  if (!continues_ && !lines.empty() && !MayHaveHeader(lines)) {
+    countLines(lines);
+    bytes.remove_prefix(lines.size());
+  }
   for (std::size_t lf = bytes.find('\n'); lf != std::string_view::npos; lf = bytes.find('\n')) {
     const std::string_view line = bytes.substr(0, lf);
     takeLfLine(line);
@@ -85,6 +97,14 @@ std::string_view HeaderScan::takeLines(std::string_view bytes) {
     bytes.remove_prefix(lf + 1);
   }
   return bytes;
+}
+
+// Of lines without any header.
+void HeaderScan::countLines(std::string_view bytes) {
+  const auto first = static_cast<std::size_t>(bytes.front() == '\n');
+  file_->lineEnds.lf += first + CountBehindFirst(bytes, kIsLoneLf);
+  file_->lineEnds.hasOther |= bytes.find('\r') != std::string_view::npos;
+  behindLf_ = !bytes.substr(0, bytes.size() - 1).ends_with('\r');
 }
 
 // Lone CRs end lines too.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <utility>
 
 #include "catalogue/FoldedText.h"
 #include "catalogue/LineCutter.h"
@@ -57,7 +58,8 @@ class Reading {
       ++line_;
       offset_ = static_cast<std::size_t>(line.data() - text_.data());
       takeLine(line);
-      if (line_ % kLinesBetweenQuestions == 0 && !sink_.goesOn()) return false;
+      const bool asks = std::exchange(outside_, false) || line_ % kLinesBetweenQuestions == 0;
+      if (asks && !sink_.goesOn()) return false;
     }
     endOfText();
     return true;
@@ -114,6 +116,7 @@ class Reading {
     const std::size_t behind = std::min(text_.size(), offsetBehindLine(statement));
     sink_.blockEnds(open_.back(), {placeOf(statement.first), true, behind, line_});
     open_.pop_back();
+    outside_ = open_.empty();
   }
 
   void takeOutside(const Statement& statement) {
@@ -277,6 +280,7 @@ class Reading {
   bool hasMark_ = false;
   bool astray_ = false;  // nothing outside of blocks is as it should be until the next one begins
   std::vector<BlockHeader> open_;
+  bool outside_ = false;  // a block that stands in no other has just ended
 };
 
 }  // namespace

@@ -102,7 +102,7 @@ class StructureSink {
   virtual bool wantsKey(const KeyFacts* /*facts*/) { return true; }
   virtual void blockEnds(const BlockHeader& /*block*/, const BlockEnd& /*end*/) {}
   virtual void faultFound(const StructureFault& /*fault*/) {}
-  // Asked from time to time; false stops reading.
+  // Asked from time to time, and behind each block that stands in no other; false stops reading.
   virtual bool goesOn() { return true; }
 };
 

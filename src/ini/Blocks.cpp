@@ -37,8 +37,7 @@ std::size_t LineInEditor(std::string_view bytes, std::size_t offset) {
   const bool first = bytes[0] == '\r' || bytes[0] == '\n';
   // CR LF is one line end, which the CR counts for.
   const std::size_t others = CountBehindFirst(bytes.substr(0, offset), [](char before, char byte) {
-    return (static_cast<int>(byte == '\r') |
-            (static_cast<int>(byte == '\n') & static_cast<int>(before != '\r'))) != 0;
+    return (static_cast<int>(byte == '\r') | static_cast<int>(kIsLoneLf(before, byte))) != 0;
   });
   return 1 + static_cast<std::size_t>(first) + others;
 }

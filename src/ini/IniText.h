@@ -68,6 +68,11 @@ std::size_t CountBehindFirst(std::string_view bytes, Is is) {
   return count;
 }
 
+// For CountBehindFirst: an LF that is not the end of a CR LF.
+inline constexpr auto kIsLoneLf = [](char before, char byte) {
+  return (static_cast<int>(byte == '\n') & static_cast<int>(before != '\r')) != 0;
+};
+
 // Calls `take(piece)` for the pieces of a text between the separators: always one more than there are
 // separators, the last one possibly empty.
 template <typename Take>
