@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTreeWidget>
+#include <Qsci/qsciscintilla.h>
 
 #include "history/ForgetDialog.h"
 #include "history/HistoryWindow.h"
@@ -116,6 +117,9 @@ TEST_F(HistoryTest, ChangesAreGroupedByBlockAndWalkedThrough) {
   auto& changes = part<QTreeWidget>("changes");
   changes.setCurrentItem(changes.topLevelItem(1));
   EXPECT_EQ(view().presentLine(), 6u);
+  view().goToLines(0, 7);
+  part<QAction>("previousChange").trigger();
+  EXPECT_EQ(view().presentLine(), 6u) << "to the begin of the change first";
 }
 
 TEST_F(HistoryTest, AnyTwoVersionsAreCompared) {
@@ -179,6 +183,16 @@ TEST_F(HistoryTest, CopyAndSaveAsGiveAllCharactersOfAVersion) {
   EXPECT_EQ(saved.readAll(), kForeign.toUtf8());
   EXPECT_FALSE(window.saveTo(settingsFolder.filePath("no such folder/out.ini")));
   EXPECT_EQ(messages.shown.size(), 1u);
+}
+
+TEST_F(HistoryTest, OnlyLinesOfTheTextAreCopied) {
+  keep("00000003 2026-01-04 10.00.00Z unsaved", "; gone\r\n; gone too\r\n" + kNow);
+  show();
+  auto& present = part<QsciScintilla>("presentText");
+  present.selectAll();
+  press("copyButton");
+  QString lines = QString::fromStdString(kNow).remove('\r');
+  EXPECT_EQ(QGuiApplication::clipboard()->text().trimmed(), lines.trimmed());
 }
 
 TEST_F(HistoryTest, LookingWritesNothingIntoTheVersions) {

@@ -360,6 +360,18 @@ TEST_F(ProblemsTest, ACancelledCheckKeepsWhatWasFoundBefore) {
   EXPECT_EQ(rows(), QStringList({"Armor.ini (1): 3"}));
 }
 
+TEST_F(ProblemsTest, AWishDuringACheckIsMetAfterIt) {
+  window->close();
+  check.start();
+  Q_EMIT names.changed();
+  ASSERT_TRUE(check.isRunning());
+  check.setNotes(true);
+  check.start();
+  Q_EMIT names.changed();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !check.isRunning() && !names.isReading(); }));
+  EXPECT_TRUE(check.result()->withNotes);
+}
+
 TEST_F(ProblemsTest, ClosingInTheMiddleOfACheckEndsNothingBadly) {
   check.start();
   window->close();
