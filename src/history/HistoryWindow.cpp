@@ -511,10 +511,11 @@ void HistoryWindow::saveAs() {
 
 bool HistoryWindow::saveTo(const QString& file) {
   const auto bytes = version() == nullptr ? std::nullopt : ReadBytes(*version());
+  const auto text = bytes ? ReadUtf8(*version()) : std::nullopt;
   FileSaved saved{.stop = FileSaved::Stop::failed, .reason = "This version cannot be read."};
-  if (bytes) {
+  if (text) {
     const QString path = QString::fromStdString(ProgramText(file.toStdU16String()));
-    saved = SaveFile({.path = path, .bytes = *bytes, .utf8 = *ReadUtf8(*version())}, writer_, kept_);
+    saved = SaveFile({.path = path, .bytes = *bytes, .utf8 = *text}, writer_, kept_);
   }
   if (saved.stop == FileSaved::Stop::none) return true;
   services_.messages.show({.text = "The file was not saved: \r\n" + file + "\r\n" + saved.reason}, this);

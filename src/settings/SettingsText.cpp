@@ -45,6 +45,14 @@ std::optional<qsizetype> LineEnd(const QByteArray& bytes, qsizetype at) {
   return inQuotes ? std::nullopt : std::optional(bytes.size());
 }
 
+// What a last line needs so that another can stand behind it. A backslash at its end takes one line break.
+QByteArray MissingEnd(const QByteArray& line) {
+  if (line.endsWith('\n')) return {};
+  const auto isBackslash = [](char c) { return c == '\\'; };
+  const auto slashes = std::find_if_not(line.rbegin(), line.rend(), isBackslash) - line.rbegin();
+  return slashes % 2 == 0 || line.startsWith(';') ? "\n" : "\n\n";
+}
+
 }  // namespace
 
 std::optional<SettingsText> SettingsText::Read(const QByteArray& bytes) {
@@ -94,7 +102,9 @@ std::optional<QString> SettingsText::find(const QString& section, const QString&
 
 std::size_t SettingsText::endOf(const QString& section) const {
   for (std::size_t i = lines_.size(); i > 0; --i) {
-    if (lines_[i - 1].kind != Kind::other && lines_[i - 1].section == section) return i;
+    if (lines_[i - 1].kind == Kind::other || lines_[i - 1].section != section) continue;
+    while (i < lines_.size() && !lines_[i - 1].bytes.endsWith('\n')) ++i;  // a remark in the same line
+    return i;
   }
   return lines_.size();
 }
@@ -109,7 +119,7 @@ void SettingsText::set(const QString& section, const QString& key, const QString
   const auto isOld = [&](const Line& other) {
     return other.kind == Kind::entry && other.section == section && other.key == key;
   };
-  if (!lines_.empty() && !lines_.back().bytes.endsWith('\n')) lines_.back().bytes += '\n';
+  if (!lines_.empty()) lines_.back().bytes += MissingEnd(lines_.back().bytes);
   const auto old = std::find_if(lines_.begin(), lines_.end(), isOld);
   if (old != lines_.end()) {
     *old = line;

@@ -25,6 +25,15 @@ bool IsThere(const fs::path& path) {
   return fs::exists(fs::symlink_status(path, none));
 }
 
+// A folder with all that is in it, whatever may be read of it.
+void RemoveAll(const fs::path& path) {
+  if (fs::is_directory(fs::symlink_status(path))) {
+    fs::permissions(path, fs::perms::owner_all, fs::perm_options::add);
+    for (const fs::directory_entry& entry : fs::directory_iterator(path)) RemoveAll(entry.path());
+  }
+  fs::remove(path);
+}
+
 // What is no file, where one was.
 void PutOddity(const fs::path& target, Chance& chance) {
   fs::create_directories(target.parent_path());
@@ -67,7 +76,7 @@ void GameLedger::reach(const fs::path& target) const {
 // Makes it an ordinary file again, or nothing.
 void GameLedger::makeWritable(const fs::path& target) const {
   reach(target);
-  if (IsThere(target) && !fs::is_regular_file(fs::symlink_status(target))) fs::remove_all(target);
+  if (IsThere(target) && !fs::is_regular_file(fs::symlink_status(target))) RemoveAll(target);
   if (IsThere(target)) fs::permissions(target, fs::perms::owner_all, fs::perm_options::add);
 }
 
@@ -135,11 +144,11 @@ void GameLedger::changeMany(const std::string& path, Chance& chance) {
     case 0:
       for (const std::string& gone : paths_) {
         makeWritable(folder_ / gone);
-        if (gone == path || chance.oneIn(4)) fs::remove_all(folder_ / gone);
+        if (gone == path || chance.oneIn(4)) RemoveAll(folder_ / gone);
       }
       return;
     case 1:
-      if (chance.oneIn(4)) fs::remove_all(folder);
+      if (chance.oneIn(4) && IsThere(folder)) RemoveAll(folder);
       return;
     case 2:
       if (IsThere(folder)) fs::permissions(folder, fs::perms::none);

@@ -258,7 +258,7 @@ void Monkey::tick() {
 void Monkey::step() {
   if (eventsLeft_ <= 0 || roundLeft_ <= 0) return endRound();
   const QList<QWindow*> shown = WindowsShown();
-  for (const QWindow* window : shown) report_.windows.insert(NameOf(*WidgetOf(*window)));
+  noteWindows(shown);
   ticksWithoutWindow_ = shown.isEmpty() ? ticksWithoutWindow_ + 1 : 0;
   if (ticksWithoutWindow_ > kMostTicksWithoutWindow) return fail("The program runs on without a window");
   if (chance_.oneIn(kEventsPerChange)) {
@@ -268,6 +268,18 @@ void Monkey::step() {
   if (chance_.oneIn(400)) garbleSetting();
   if (chance_.oneIn(3)) hands_.reachFolder(QString::fromStdString(ledger_.folder().string()));
   hands_.act();
+}
+
+// And the lists that open inside of a window.
+void Monkey::noteWindows(const QList<QWindow*>& shown) {
+  for (const QWindow* window : shown) {
+    const QWidget* top = WidgetOf(*window);
+    report_.windows.insert(NameOf(*top));
+    for (const char* list : {"FindAnything", "ProposalList"}) {
+      const auto* found = top->findChild<QWidget*>(list);
+      if (found != nullptr && found->isVisible()) report_.windows.insert(list);
+    }
+  }
 }
 
 // Ends what would keep the work below it from going on.

@@ -57,6 +57,7 @@ class Monkey {
   void endRound();
   void tick();
   void step();
+  void noteWindows(const QList<QWindow*>& shown);
   void dismiss();
   void around(const char* what, const std::function<void()>& event);
   void stayInGame();

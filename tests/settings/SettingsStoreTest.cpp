@@ -176,6 +176,18 @@ TEST(SettingsStore, AChangeTouchesItsOwnLineOnly) {
 }
 
 // What the version before reads and writes.
+TEST(SettingsStore, ANewEntryBeginsALineOfItsOwn) {
+  for (const char* last :
+       {"Exit=0 ; a remark\n", "Exit=0 ; a remark", "Exit=0", "Exit=0\\", "Exit=0\n; a remark \\"}) {
+    const QTemporaryDir folder;
+    Write(folder.path() + kFile, "[Settings]\n" + QByteArray(last));
+    SettingsStore(folder.path()).SaveSet("InfoTab", "3");
+    const SettingsStore again(folder.path());
+    EXPECT_EQ(again.GetSet("InfoTab"), "3") << last;
+    EXPECT_EQ(again.GetSet("Exit"), "0") << last;
+  }
+}
+
 TEST(SettingsStore, QtReadsWhatIsStoredAndTheOtherWayRound) {
   const QStringList values{"",
                            " ",
