@@ -4,8 +4,8 @@
 #include <set>
 
 #include "FuzzFolder.h"
+#include "catalogue/BlockTree.h"
 #include "catalogue/LineCutter.h"
-#include "catalogue/StructureReader.h"
 #include "check/IgnoreComments.h"
 #include "ini/IniText.h"
 

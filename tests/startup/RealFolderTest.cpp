@@ -183,6 +183,9 @@ TEST_F(RealFolder, AFileWithUnsavedTextIsLeftOutOfTheConversion) {
   const QStringList said = program->mainWindow().findChild<NoticeBar*>()->sentences();
   EXPECT_TRUE(said.contains("1 file has Unix line ends and is read as one line."));
   EXPECT_TRUE(said.contains("Weapon.ini has unsaved text in the manual editor and is left out."));
+  pressNotice("Start again");
+  EXPECT_EQ(process.starts, 1);
+  EXPECT_TRUE(isKept("xWeapon Gun\r\nEnd\r\n"));
 }
 
 TEST_F(RealFolder, WhatAnotherProgramMendsIsNoLongerTold) {
