@@ -22,7 +22,7 @@ void CheckNoting(const UnsavedText& text) {
 
 void CheckDraft(std::string_view bytes) {
   const auto read = TextOfJournal(bytes);
-  if (!read) return;
+  if (!read || !bytes.starts_with('\0')) return;  // a path of an earlier release can hold anything
   CheckNoting({read->path, read->part, read->text.bytes, read->former});
 }
 

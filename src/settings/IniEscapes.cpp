@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/IniEscapes.h"
 
+#include <QStringDecoder>
 #include <QStringList>
 
 #include <string_view>
@@ -44,6 +45,11 @@ std::optional<QString> Unmarked(const QString& text) {
   return std::nullopt;
 }
 
+// A byte order mark is a character like others here: the bytes may be any piece of a value.
+QString Text(const QByteArray& utf8) {
+  return QStringDecoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom)(utf8);
+}
+
 // Reads a value from its first byte to its last.
 class ValueReader {
  public:
@@ -69,7 +75,7 @@ class ValueReader {
     const qsizetype start = at_++;
     while (at_ < bytes_.size() && std::string_view("\\\",").find(bytes_[at_]) == std::string_view::npos)
       ++at_;
-    item_ += QString::fromUtf8(bytes_.mid(start, at_ - start));
+    item_ += Text(bytes_.mid(start, at_ - start));
   }
 
   void readQuote() {

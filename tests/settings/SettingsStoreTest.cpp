@@ -18,12 +18,12 @@ namespace {
 
 TEST(SettingsStore, AListComesBackInItsOrder) {
   const QTemporaryDir folder;
-  const QStringList history{"Object Tank", "", "50%, \"quoted\" = \\x", " blanks "};
+  const QStringList history{"Object Tank", "", "50%, \"quoted\" = \\x", " blanks ", "\t\uFEFFmark"};
   SettingsStore(folder.path()).SaveList("Search List", history);
   SettingsStore again(folder.path());
   EXPECT_EQ(again.LoadList("Search List"), history);
   EXPECT_EQ(again.get("Search List", "0Name", {}), "Object Tank");
-  EXPECT_EQ(again.get("Search List", "ItemNum", {}), "4");
+  EXPECT_EQ(again.get("Search List", "ItemNum", {}), "5");
 
   again.deleteSection("Search List");
   EXPECT_TRUE(again.LoadList("Search List").isEmpty());
