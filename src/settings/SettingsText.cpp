@@ -45,12 +45,15 @@ std::optional<qsizetype> LineEnd(const QByteArray& bytes, qsizetype at) {
   return inQuotes ? std::nullopt : std::optional(bytes.size());
 }
 
-// What a last line needs so that another can stand behind it. A backslash at its end takes one line break.
+// What a line needs so that another can stand behind it. A backslash at its end takes one line break.
 QByteArray MissingEnd(const QByteArray& line) {
-  if (line.endsWith('\n')) return {};
-  const auto isBackslash = [](char c) { return c == '\\'; };
-  const auto slashes = std::find_if_not(line.rbegin(), line.rend(), isBackslash) - line.rbegin();
-  return slashes % 2 == 0 || line.startsWith(';') ? "\n" : "\n\n";
+  QByteArray text = line;
+  for (const char c : {'\n', '\r'}) {
+    if (text.endsWith(c)) text.chop(1);
+  }
+  const auto behind = std::find_if_not(text.rbegin(), text.rend(), [](char c) { return c == '\\'; });
+  const bool takesOne = (behind - text.rbegin()) % 2 != 0 && !line.startsWith(';');
+  return QByteArray((line.endsWith('\n') ? 0 : 1) + (takesOne ? 1 : 0), '\n');
 }
 
 }  // namespace
@@ -103,7 +106,7 @@ std::optional<QString> SettingsText::find(const QString& section, const QString&
 std::size_t SettingsText::endOf(const QString& section) const {
   for (std::size_t i = lines_.size(); i > 0; --i) {
     if (lines_[i - 1].kind == Kind::other || lines_[i - 1].section != section) continue;
-    while (i < lines_.size() && !lines_[i - 1].bytes.endsWith('\n')) ++i;  // a remark in the same line
+    while (i < lines_.size() && !MissingEnd(lines_[i - 1].bytes).isEmpty()) ++i;  // a remark follows
     return i;
   }
   return lines_.size();

@@ -177,8 +177,8 @@ TEST(SettingsStore, AChangeTouchesItsOwnLineOnly) {
 
 // What the version before reads and writes.
 TEST(SettingsStore, ANewEntryBeginsALineOfItsOwn) {
-  for (const char* last :
-       {"Exit=0 ; a remark\n", "Exit=0 ; a remark", "Exit=0", "Exit=0\\", "Exit=0\n; a remark \\"}) {
+  for (const char* last : {"Exit=0 ; a remark\n", "Exit=0 ; a remark", "Exit=0", "Exit=0\\", "Exit=0\\\n",
+                           "Exit=0\\\r", "Exit=0\\\n; a remark", "Exit=0\n; a remark \\"}) {
     const QTemporaryDir folder;
     Write(folder.path() + kFile, "[Settings]\n" + QByteArray(last));
     SettingsStore(folder.path()).SaveSet("InfoTab", "3");
