@@ -162,6 +162,14 @@ TEST_F(CompletionTest, KnowsTheUnsavedTextsOfOtherTabs) {
   ask();
   EXPECT_TRUE(shown().contains("CrusaderGun")) << "as the file has it";
   EXPECT_FALSE(shown().contains("Laser"));
+  ASSERT_TRUE(window_->open({game_.qpath() + "\\Data\\INI\\AFile.ini"}));
+  show();
+  text().goTo(1, 0, 0);
+  ask();
+  ASSERT_FALSE(shown().isEmpty());
+  trigger("closeTab");
+  EXPECT_EQ(shown(), QStringList());
+  EXPECT_EQ(text().utf8(), kTank);
 }
 
 TEST_F(CompletionTest, IsSilentWhereNothingIsWanted) {
