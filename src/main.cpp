@@ -5,7 +5,7 @@
 #include "controls/Icons.h"
 #include "controls/KeyboardOutline.h"
 #include "controls/ReadableColours.h"
-#include "controls/WindowRoles.h"
+#include "controls/ScreenReaders.h"
 #include "startup/DarkDesktop.h"
 #include "startup/Desktop.h"
 #include "startup/EndSignals.h"

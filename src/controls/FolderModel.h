@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "controls/FolderPlaces.h"
+#include "controls/ScreenReaders.h"
 
 namespace korvane {
 
@@ -45,6 +46,9 @@ class FolderModel : public QAbstractItemModel {
   int columnCount(const QModelIndex&) const override { return 1; }
   bool hasChildren(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int, Qt::Orientation orientation, int role) const override {
+    return UnseenHeading("Folders", orientation, role);
+  }
 
  Q_SIGNALS:
   // Everything that was looked at has been read.

@@ -73,8 +73,13 @@ void InPlaceTableDelegate::paint(QPainter* painter, const QStyleOptionViewItem& 
 
 QWidget* InPlaceTableDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                             const QModelIndex& cell) const {
-  if (model_.shownRow(cell.row()).kind == EditKind::choice) return createChoiceBox(parent, cell);
-  return QStyledItemDelegate::createEditor(parent, option, cell);
+  const bool isChoice = model_.shownRow(cell.row()).kind == EditKind::choice;
+  QWidget* editor =
+      isChoice ? createChoiceBox(parent, cell) : QStyledItemDelegate::createEditor(parent, option, cell);
+  const QString caption = cell.siblingAtColumn(InPlaceTableModel::kCaption).data().toString();
+  editor->setAccessibleName(caption);
+  editor->setAccessibleDescription(caption);  // a reader's name of a list may be its text
+  return editor;
 }
 
 QWidget* InPlaceTableDelegate::createChoiceBox(QWidget* parent, const QModelIndex& cell) const {

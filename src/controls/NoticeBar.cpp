@@ -116,9 +116,22 @@ void NoticeBar::tell(int part, std::vector<Notice> notices) {
     parts_[part] = std::move(notices);
   }
   rebuild();
-  if (isHidden() || sentences() == before) return;
-  QAccessibleEvent event(this, QAccessible::Alert);
-  QAccessible::updateAccessibility(&event);
+  if (sentences() != before) tellReader();
+}
+
+// Where Qt passes no alerts on, screen readers say what changes in the description of what has the keyboard.
+void NoticeBar::tellReader() {
+  if (!isHidden()) {
+    QAccessibleEvent event(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
+  }
+  QWidget* focus = window()->focusWidget();
+  if (told_ != focus) {
+    if (told_ != nullptr) told_->setAccessibleDescription(ownDescription_);
+    told_ = isAncestorOf(focus) ? nullptr : focus;
+    ownDescription_ = told_ == nullptr ? QString() : told_->accessibleDescription();
+  }
+  if (told_ != nullptr) told_->setAccessibleDescription(isHidden() ? ownDescription_ : sentences().join(' '));
 }
 
 QStringList NoticeBar::sentences() const {

@@ -75,6 +75,7 @@ class NoticeBar : public QScrollArea {
 
  private:
   void rebuild();
+  void tellReader();
   QWidget* makeRow(const Notice& notice);
   void follow(const Notice::Follow& follow);
   void applyColours();
@@ -82,6 +83,8 @@ class NoticeBar : public QScrollArea {
 
   std::map<int, std::vector<Notice>> parts_;
   std::vector<std::pair<QLabel*, Notice>> texts_;  // as they are seen
+  QPointer<QWidget> told_;                         // what a screen reader hears the notices of
+  QString ownDescription_;                         // of it, without notices
   QPointer<QWidget> before_;                       // what had the keyboard before the bar
 };
 

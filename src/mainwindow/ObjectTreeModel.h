@@ -14,6 +14,7 @@
 #include "app/ObjectChange.h"
 #include "app/ObjectErrors.h"
 #include "catalogue/TreeEntry.h"
+#include "controls/ScreenReaders.h"
 
 namespace korvane {
 
@@ -66,6 +67,9 @@ class ObjectTreeModel : public QAbstractItemModel {
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+  QVariant headerData(int, Qt::Orientation orientation, int role) const override {
+    return UnseenHeading("Objects", orientation, role);
+  }
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
  private:

@@ -8,6 +8,8 @@
 #include <memory>
 #include <vector>
 
+#include "controls/ScreenReaders.h"
+
 class QTreeView;
 
 namespace korvane {
@@ -32,6 +34,9 @@ class BlockModel : public QAbstractItemModel {
   int rowCount(const QModelIndex& parent) const override;
   int columnCount(const QModelIndex&) const override { return 1; }
   QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int, Qt::Orientation orientation, int role) const override {
+    return UnseenHeading("Blocks", orientation, role);
+  }
 
  private:
   QModelIndex indexAt(std::uint32_t block) const;

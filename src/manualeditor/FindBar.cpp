@@ -91,6 +91,7 @@ FindBar::FindBar(IniTextEdit& text, QToolBar& bar)
 
 void FindBar::addControls(QToolBar& bar) {
   CboFind_->setAccessibleName(kFind);
+  CboFind_->setAccessibleDescription(kFind);  // a reader's name of a list may be its text
   CboFind_->setEditable(true);
   CboFind_->lineEdit()->setAccessibleName(kFind);
   CboFind_->setInsertPolicy(QComboBox::NoInsert);

@@ -110,6 +110,7 @@ void ProblemsWindow::buildFilters(QBoxLayout& layout) {
     layout.addWidget(levels_[static_cast<std::size_t>(level)] = makeLevelButton(level));
   }
   grouping_->setAccessibleName("Grouping");
+  grouping_->setAccessibleDescription("Grouping");  // a reader's name of a list may be its text
   for (const GroupingChoice& choice : kGroupings) grouping_->addItem(choice.caption, choice.setting);
   grouping_->setCurrentIndex(std::max(0, grouping_->findData(settings_.GetSet(kGroupingSetting, "File"))));
   layout.addWidget(grouping_);

@@ -46,6 +46,7 @@ FindAnything::FindAnything(QWidget& window, Desk desk, QLineEdit* field)
       list_(Named("findAnythingList", new QListView)),
       model_(new SearchModel(this)) {
   setObjectName("FindAnything");
+  setAccessibleName("Find anything");
   setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
   setAutoFillBackground(true);
   auto* layout = new QVBoxLayout(this);

@@ -71,6 +71,19 @@ TEST_F(NoticeBars, PartsStandInTheirOrderAndReplaceOnlyThemselves) {
   EXPECT_EQ(bar->sentences(), QStringList({"d", "c"}));
 }
 
+TEST_F(NoticeBars, AScreenReaderHearsThemWhereTheKeyboardIs) {
+  content->setAccessibleDescription("Own");
+  content->setFocus();
+  const auto heard = [this] { return content->accessibleDescription(); };
+  bar->tell(1, {Notice("a")});
+  bar->tell(2, {Notice("b")});
+  EXPECT_EQ(heard(), "a b");
+  bar->clear(1);
+  EXPECT_EQ(heard(), "b");
+  bar->clear(2);
+  EXPECT_EQ(heard(), "Own");
+}
+
 TEST_F(NoticeBars, LinksAndButtonsDoTheirOwnThingAndCanReplaceTheirSentence) {
   QStringList done;
   Notice notice;

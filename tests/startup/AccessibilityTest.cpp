@@ -18,7 +18,7 @@
 #include "about/HelpDesk.h"
 #include "controls/KeyboardOutline.h"
 #include "controls/NoticeBar.h"
-#include "controls/WindowRoles.h"
+#include "controls/ScreenReaders.h"
 #include "mainwindow/FrmEdit.h"
 #include "manualeditor/IniTextEdit.h"
 #include "platform/DesktopMessageBoxes.h"

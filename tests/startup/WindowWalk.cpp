@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
+#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QGroupBox>
 #include <QKeySequence>
@@ -180,6 +181,9 @@ QStringList Nameless(QWidget& window) {
   for (QWidget* control : ControlsOf(window)) {
     QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(control);
     if (reader->text(QAccessible::Name).isEmpty()) found += "without a name: " + NameOf(*control);
+    if (qobject_cast<QComboBox*>(control) != nullptr && reader->text(QAccessible::Description).isEmpty() &&
+        reader->relations(QAccessible::Label).isEmpty())
+      found += "a list without a name: " + NameOf(*control);
     if (reader->role() == QAccessible::NoRole || reader->role() == QAccessible::Client)
       found += "without a role: " + NameOf(*control);
   }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "controls/WindowRoles.h"
+#include "controls/ScreenReaders.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -20,6 +20,10 @@ QAccessibleInterface* WindowInterface(const QString& className, QObject* object)
 
 void InstallWindowRoles() {
   QAccessible::installFactory(WindowInterface);
+}
+
+QVariant UnseenHeading(const char* heading, Qt::Orientation orientation, int role) {
+  return orientation == Qt::Horizontal && role == Qt::DisplayRole ? QVariant(heading) : QVariant();
 }
 
 }  // namespace korvane
