@@ -37,12 +37,14 @@ class Outline : public QWidget {
   bool ofButton_;
 };
 
-// A button that Enter presses looks the same with and without the keyboard.
+// A button that Enter presses looks the same with and without the keyboard; where text is typed there is a
+// cursor.
 bool IsOutlined(const QWidget& control) {
   if (control.window()->windowType() == Qt::Popup) return false;
   const auto* button = qobject_cast<const QPushButton*>(&control);
   if (button != nullptr) return button->isDefault() || button->autoDefault();
-  return qobject_cast<const QAbstractScrollArea*>(&control) != nullptr;
+  return qobject_cast<const QAbstractScrollArea*>(&control) != nullptr &&
+         !control.testAttribute(Qt::WA_InputMethodEnabled);
 }
 
 }  // namespace
