@@ -125,9 +125,14 @@ TEST_F(KeptVersionsTest, LetterCaseAndSeparatorsMakeNoOtherFile) {
   EXPECT_NE(versions_.folderOf(path_ + 'x'), versions_.folderOf(path_));
 }
 
+#ifdef _WIN32  // no file has a line end in its name there
+constexpr const char* kOddName = "two lines %1 \u00E4.ini";
+#else
+constexpr const char* kOddName = "two\nlines %1 \u00E4.ini";
+#endif
+
 TEST_F(KeptVersionsTest, NamesOfAnyLengthAndCharactersAreKept) {
-  for (const QString& name :
-       {QString(250, 'n') + ".ini", QString("two\nlines %1 \u00E4.ini"), QString("part ")}) {
+  for (const QString& name : {QString(250, 'n') + ".ini", QString(kOddName), QString("part ")}) {
     const QString path = game_.qpath() + '\\' + name;
     EXPECT_EQ(versions_.keepUnsaved({path, true, "typed"}), "") << name.toStdString();
     const std::vector<KeptVersion> kept = KeptVersions::versionsIn(versions_.folderOf(path));
@@ -160,6 +165,8 @@ TEST_F(KeptVersionsTest, NothingWrittenLaterChangesAKeptVersion) {
   saveOver("of two names", "Data/INI/Backup.ini");
 }
 
+#ifndef _WIN32  // files get no second name there
+
 TEST_F(KeptVersionsTest, NoVersionIsASecondNameOfTheFileAsItIsNow) {
   write("old");
   FormerVersion former(versions_, path_, "old");
@@ -177,6 +184,8 @@ TEST_F(KeptVersionsTest, NoVersionIsASecondNameOfTheFileAsItIsNow) {
   write("in place");
   EXPECT_EQ(texts().count("replaced: new"), 1U);
 }
+
+#endif
 
 TEST_F(KeptVersionsTest, WhatCannotBeKeptIsReportedAndTheSaveGoesOn) {
   write("old");
