@@ -49,7 +49,7 @@ std::optional<KeptVersion> FormerVersionOfName(const QString& name) {
 }  // namespace
 
 QString FittingName(QString name) {
-  while (name.toUtf8().size() > kLongestName) name.remove(0, 1);
+  while (name.toUtf8().size() > kLongestName) name.remove(0, name.at(0).isHighSurrogate() ? 2 : 1);
   return name;
 }
 
