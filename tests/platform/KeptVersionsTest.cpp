@@ -142,6 +142,14 @@ TEST_F(KeptVersionsTest, NamesOfAnyLengthAndCharactersAreKept) {
   }
 }
 
+TEST_F(KeptVersionsTest, ALongNameIsCutBetweenTwoCharacters) {
+  const KeptVersion version{.number = 7, .time = QDateTime::fromSecsSinceEpoch(0, Qt::UTC)};
+  for (const char* end : {"", "a", "ab", "abc"}) {
+    const QString name = QString::fromUtf8("\U0001F600").repeated(60) + end;
+    EXPECT_EQ(VersionOfName(NameOfVersion(version, name)), version) << end;
+  }
+}
+
 TEST_F(KeptVersionsTest, TheSameTextIsNotKeptAgain) {
   for (int i = 0; i < 3; ++i) {
     EXPECT_EQ(keepUnsaved("typed"), "");
