@@ -4,6 +4,7 @@
 #include "controls/FullTextTips.h"
 #include "controls/Icons.h"
 #include "controls/KeyboardOutline.h"
+#include "controls/MenuKey.h"
 #include "controls/ReadableColours.h"
 #include "controls/ScreenReaders.h"
 #include "startup/DarkDesktop.h"
@@ -19,6 +20,7 @@ int main(int argc, char** argv) {
   QApplication::setWindowIcon(korvane::ApplicationIcon());
   korvane::FullTextTips::install();
   korvane::KeyboardOutline::install();
+  korvane::MenuKey::install();
   korvane::ReadablePalette::install();
   korvane::InstallWindowRoles();
   korvane::Desktop desktop;

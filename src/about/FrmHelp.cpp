@@ -91,6 +91,7 @@ QWidget* FrmHelp::sidePart() {
   label->setBuddy(searchField_);
   contents_ = Named("HelpContents", new QTreeWidget);
   contents_->setAccessibleName("Contents");
+  contents_->setHeaderLabel("Contents");  // not seen, but read
   contents_->setHeaderHidden(true);
   contents_->setRootIsDecorated(false);
   hits_ = Named("HelpHits", new QListWidget);

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
-#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QFile>
@@ -10,18 +9,16 @@
 #include <QPointer>
 #include <QTabWidget>
 #include <QTest>
-#include <QTimer>
-#include <QTreeView>
 
 #include <algorithm>
 
 #include "about/HelpDesk.h"
 #include "controls/KeyboardOutline.h"
+#include "controls/MenuKey.h"
 #include "controls/NoticeBar.h"
 #include "controls/ScreenReaders.h"
 #include "mainwindow/FrmEdit.h"
 #include "manualeditor/IniTextEdit.h"
-#include "platform/DesktopMessageBoxes.h"
 #include "startup/Program.h"
 #include "startup/WindowWalk.h"
 #include "stock/StockTable.h"
@@ -82,7 +79,6 @@ class Desk : protected TestDesk {
 
   GameFolder own;
   HelpDesk realHelp{KORVANE_HELP_FILE};
-  DesktopMessageBoxes realMessages{realHelp};
   Program program{services, folders, "-Reinstall"};
 };
 
@@ -240,6 +236,22 @@ class AllWindowsTest : public testing::Test, protected TestDesk {
 
   Program program{services, folders, {}};
 };
+
+#ifndef Q_OS_WIN
+TEST_F(AllWindowsTest, ShiftF10IsAMenuKey) {
+  MenuKey::install();
+  QWidget& main = program.mainWindow();
+  QApplication::setActiveWindow(&main);
+  auto* field = main.findChild<QLineEdit*>("findAnythingField");
+  field->setFocus();
+  ASSERT_TRUE(QTest::qWaitFor([field] { return QApplication::focusWidget() == field; }));
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+  QTest::keyClick(field, Qt::Key_F10, Qt::ShiftModifier);
+  QWidget* menu = QApplication::activePopupWidget();
+  ASSERT_NE(menu, nullptr);
+  menu->close();
+}
+#endif
 
 TEST_F(AllWindowsTest, EveryShortcutStandsOnTheHelpPageOfTheKeys) {
   QFile file(KORVANE_KEYBOARD_PAGE);
