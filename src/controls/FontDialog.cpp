@@ -10,6 +10,10 @@
 #include <algorithm>
 #include <cstdlib>
 
+#ifdef Q_OS_WIN
+#include <qpa/qplatformfontdatabase.h>
+#endif
+
 namespace korvane {
 
 namespace {
@@ -47,11 +51,26 @@ QFont InFamily(const QString& family, const QFont& font) {
   return *nearest;
 }
 
-// Windows lists families that hold no style, and Qt reads a family only when it is used: its dialog would
-// show them and end the program at a click on one. Those that were read and found empty are left out.
-void ReadAllFamilies() {
-  static_cast<void>(QFontDatabase::families(QFontDatabase::Latin));
+#ifdef Q_OS_WIN
+
+// Windows lists families in which it finds nothing later, its own default among them where that is not
+// installed. Qt's dialog ends the program at such a family: it gets a style, and is drawn as Windows sees
+// fit.
+void FillEmptyFamilies() {
+  QSupportedWritingSystems latin;
+  latin.setSupported(QFontDatabase::Latin);
+  for (const QString& family : QFontDatabase::families()) {
+    if (!QFontDatabase::styles(family).isEmpty()) continue;
+    QPlatformFontDatabase::registerFont(family, {}, {}, QFont::Normal, QFont::StyleNormal, QFont::Unstretched,
+                                        true, true, 0, false, latin, nullptr);
+  }
 }
+
+#else
+
+void FillEmptyFamilies() {}
+
+#endif
 
 // Qt's dialog has no limits of its own: a size beyond them is put right, and the dialog stays open to show
 // what it has become. Nor does it keep upright letters upright: where the next family's styles have other
@@ -140,7 +159,7 @@ QFont FontOf(const FontRecord& record, QFont font) {
 }
 
 FontRecord FontDialog::ShowFontDialog() {
-  ReadAllFamilies();
+  FillEmptyFamilies();
   // Its owner can go while it waits, and takes it along.
   const QPointer<LimitedFontDialog> dialog = new LimitedFontDialog(owner_());
   const bool chosen = dialog->exec() == QDialog::Accepted;

@@ -83,8 +83,8 @@ TEST_P(Colours, LinksAndNoticesCanBeRead) {
   expectReadable(QRegularExpression("color:(#[0-9a-f]{6})").match(label->text()).captured(1), ground);
 }
 
-INSTANTIATE_TEST_SUITE_P(Desktops, Colours, testing::ValuesIn(kDesktops), [](const auto& info) {
-  return QString(info.param.name).replace(' ', '_').toStdString();
+INSTANTIATE_TEST_SUITE_P(Desktops, Colours, testing::ValuesIn(kDesktops), [](const auto& desktop) {
+  return QString(desktop.param.name).replace(' ', '_').toStdString();
 });
 
 TEST(Contrast, IsMeasuredAsTheGuidelinesDo) {
