@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "catalogue/BlockTree.h"
+#include "catalogue/StructureReader.h"
 
 namespace korvane {
 
@@ -58,6 +59,12 @@ TEST(BlockTree, FindsTheInnermostBlockOfALine) {
   for (std::uint32_t line = 1; line <= std::size(kExpected); ++line)
     EXPECT_EQ(BlockAtLine(blocks, line), kExpected[line - 1]) << line;
   EXPECT_EQ(BlockAtLine({}, 1), kNone);
+}
+
+TEST(BlockTree, TakesWhatIsTooDeepForKeys) {
+  std::string text = "Object Tank\n";
+  for (std::size_t i = 0; i < 2 * kDeepestBlock; ++i) text += "InheritableModule\n";
+  EXPECT_EQ(ReadBlocks(text).size(), kDeepestBlock);
 }
 
 }  // namespace
