@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/FolderTree.h"
 
+#include <QDir>
 #include <QHeaderView>
 #include <QKeyEvent>
 
@@ -15,6 +16,11 @@ namespace korvane {
 namespace {
 
 constexpr int kLayoutDelayMs = 150;
+
+// With the system's separator at its end, as the paths of all that lies in it begin.
+QString AsBeginning(const QString& native) {
+  return native.endsWith(QDir::separator()) ? native : native + QDir::separator();
+}
 
 bool IsBelow(QModelIndex index, const QModelIndex& ancestor) {
   do index = index.parent();
@@ -85,7 +91,7 @@ void FolderTree::mousePressEvent(QMouseEvent* event) {
 QString FolderTree::pathBegunWith(const QKeyEvent& event) {
   if (event.key() == Qt::Key_L && event.modifiers() == Qt::ControlModifier) {
     const QString selected = currentIndex().data(FolderModel::NativePathRole).toString();
-    return selected.endsWith('/') ? selected : selected + '/';
+    return AsBeginning(selected);
   }
   const QString before = std::exchange(typed_, typed_ + event.text());
   if (event.text().isEmpty() || !event.text()[0].isLetter()) typed_.clear();
@@ -110,9 +116,8 @@ QModelIndex FolderTree::placeOf(const QString& native) const {
   qsizetype longest = 0;
   for (int row = 0; row < model_->rowCount(); ++row) {
     const QModelIndex place = model_->index(row, 0);
-    QString folder = place.data(FolderModel::NativePathRole).toString();
-    if (!folder.endsWith('/')) folder += '/';
-    if (folder.size() <= longest || !(native + '/').startsWith(folder)) continue;
+    const QString folder = AsBeginning(place.data(FolderModel::NativePathRole).toString());
+    if (folder.size() <= longest || !AsBeginning(native).startsWith(folder)) continue;
     longest = folder.size();
     nearest = place;
   }

@@ -252,7 +252,9 @@ TEST(TextSearch, FindsLettersInAnyForm) {
     const auto size = static_cast<qsizetype>(std::string_view(c.text).size());
     for (const TextSpan& hit : search.hits(c.text, {0, size})) starts.push_back(hit.from);
     EXPECT_EQ(starts, c.hits) << c.sought << " in " << c.text;
-    if (size > 3) EXPECT_EQ(search.hits(c.text, {1, 2}).size(), 0U) << "nothing reaches out of a range";
+    if (size > 3) {
+      EXPECT_EQ(search.hits(c.text, {1, 2}).size(), 0U) << "nothing reaches out of a range";
+    }
   }
 }
 

@@ -21,7 +21,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "korvane-tour: name a folder for the pictures\n");
     return 2;
   }
-  korvane::ReadableHints::install();
+  korvane::ReadablePalette::install();
   korvane::Desktop desktop;
   korvane::Program program(desktop.services(), desktop.folders(), {});
   return korvane::Tour(program, desktop.services().settings.gameFolder(), arguments[1]).run() ? 0 : 1;
