@@ -212,8 +212,8 @@ TEST_P(AccessibilityTest, EscapeClosesASmallWindow) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Windows, AccessibilityTest, testing::ValuesIn(kStops),
-                         [](const testing::TestParamInfo<Stop>& info) {
-                           return QString(info.param.what).replace(' ', '_').toStdString();
+                         [](const testing::TestParamInfo<Stop>& stop) {
+                           return QString(stop.param.what).replace(' ', '_').toStdString();
                          });
 
 // With every window open.

@@ -128,7 +128,7 @@ TEST_P(ContrastTest, ComparedTextsCanBeReadInEveryRow) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Palettes, ContrastTest, testing::Bool(),
-                         [](const auto& info) { return info.param ? "dark" : "light"; });
+                         [](const auto& palette) { return palette.param ? "dark" : "light"; });
 
 }  // namespace
 }  // namespace korvane
