@@ -157,7 +157,9 @@ const Case kCases[] = {
        "Object A\n  KindOf = VEHICLE\n  KindOf = SELECTABLE\n  WeaponSet\n    Weapon = PRIMARY A\n    Weapon "
        "= SECONDARY B\n"
        "  End\n  ArmorSet\n    Armor = A\n  End\n  ArmorSet\n    Armor = B\n  End\n  Side = X\n  Side = "
-       "X\nEnd\n"}},
+       "X\nEnd\n"},
+      {"Weapon.ini",
+       "Weapon A\n  RadiusDamageAffects = ENEMIES ALLIES\n  RadiusDamageAffects = ALLIES ENEMIES\nEnd\n"}},
      {}},
     {"a key with the same value twice",
      RuleId::sameTwice,

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include "catalogue/LineEnds.h"
 #include "catalogue/ObjectTreeBuilder.h"
+#include "files/FilePieces.h"
 #include "mainwindow/ObjectTreeModel.h"
 #include "support/GameFolder.h"
 
@@ -121,6 +123,11 @@ TEST_F(ObjectTreeTest, AFileWithUnixLineEndsIsCountedAndWhatCannotBeReadIsNotLis
   EXPECT_FALSE(otherUnixFiles[0].lineEnds.hasOther);
   EXPECT_EQ(otherUnixFiles[1].lineEnds.lf, 1U);
   EXPECT_TRUE(otherUnixFiles[1].lineEnds.hasOther);
+}
+
+TEST_F(ObjectTreeTest, ALineEndAcrossTwoPiecesOfAFileIsOne) {
+  game.write("Data/INI/Weapon.ini", std::string(FilePieces::kPiece - 1, ' ') + "\r\nWeapon A\r\nEnd\r\n");
+  EXPECT_TRUE(DataFilesWithUnixLineEnds(game.path()).empty());
 }
 
 TEST_F(ObjectTreeTest, LongLinesAndManyLinesOfOtherFilesAreReadInPieces) {
