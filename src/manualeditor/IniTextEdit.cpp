@@ -410,7 +410,7 @@ void IniTextEdit::rewrite(std::string_view utf8) {
   while (same > 0 && now[same - 1] != '\n') --same;
   std::size_t tail = 0;
   while (tail < shorter - same && now[now.size() - tail - 1] == utf8[utf8.size() - tail - 1]) ++tail;
-  while (tail > 0 && now[now.size() - tail - 1] != '\n') --tail;
+  while (tail > 0 && tail < now.size() && now[now.size() - tail - 1] != '\n') --tail;
   const auto from = static_cast<qsizetype>(same);
   send(Sci::SCI_BEGINUNDOACTION);
   replaceSpan({from, static_cast<qsizetype>(now.size() - tail)},

@@ -45,6 +45,17 @@ TEST(IniTextEdit, EveryByteComesBackAndLoneLineEndsBecomeCrLf) {
   }
 }
 
+TEST(IniTextEdit, ARewriteMayBeginBeforeOrEndBehindAllOfTheText) {
+  for (const char* before : {"A\r\nB", "", "A\r\nB\r\n"}) {
+    for (const char* after : {"x\r\nA\r\nB", "xA\r\nB", "A\r\nBx", "A\r\nB", "\r\nA\r\nB\r\nC", ""}) {
+      IniTextEdit text;
+      text.setBytes(before);
+      text.rewrite(after);
+      EXPECT_EQ(text.fileBytes().bytes, after) << before;
+    }
+  }
+}
+
 TEST(IniTextEdit, EveryEditIsToldHoweverLargeTheText) {
   for (const int lines : {1, 10'000, 100'000}) {
     IniTextEdit text;
