@@ -310,6 +310,7 @@ void Hands::runCommand() {
   const QWindow* window = someWindow();
   const QWidget* top = window == nullptr || IsBlocked(*window) ? nullptr : WidgetOf(*window);
   if (top == nullptr || !top->isEnabled()) return;
+  if (qobject_cast<const QFileDialog*>(top) != nullptr) return;  // a user does not see all of its commands
   QList<QAction*> commands;
   for (QAction* action : top->findChildren<QAction*>()) {
     const bool exits = action->objectName() == "MnuExit" || action->objectName() == "W95MBX01";
