@@ -14,7 +14,9 @@ bool LinkLabel::focusNextPrevChild(bool next) {
   const bool moved = QLabel::focusNextPrevChild(next);
   tellOfLink();
   const bool isStuck = moved && hasFocus() && before >= 0 && selectionStart() == before;
-  return isStuck ? QWidget::focusNextPrevChild(next) : moved;
+  if (!isStuck) return moved;
+  return QWidget::focusNextPrevChild(
+      next);  // NOLINT(bugprone-parent-virtual-call): QLabel's is the one that is stuck
 }
 
 void LinkLabel::focusInEvent(QFocusEvent* event) {

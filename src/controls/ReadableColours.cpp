@@ -14,8 +14,8 @@ namespace {
 
 constexpr double kReadable = 4.5;
 constexpr double kSelectedReadable = 5.2;  // marks may lie on what is selected
-constexpr double kPalest = 0.6;            // of the ink
-constexpr double kPaleStep = 0.05;
+constexpr int kPalest = 60;                // percent of the ink
+constexpr int kPaleStep = 5;
 constexpr int kShadeStep = 103;  // percent
 constexpr int kMostShades = 60;
 
@@ -84,8 +84,8 @@ QColor ReadableLink(const QPalette& palette, const QColor& background) {
 }
 
 QColor PaleText(const QColor& ink, const QColor& ground) {
-  for (double share = kPalest; share < 1; share += kPaleStep) {
-    const QColor pale = Mixed(ground, ink, share);
+  for (int percent = kPalest; percent < 100; percent += kPaleStep) {
+    const QColor pale = Mixed(ground, ink, percent / 100.0);
     if (ContrastOf(pale, ground) >= kReadable) return pale;
   }
   return ink;

@@ -2,6 +2,7 @@
 #include "tour/Tour.h"
 
 #include <QAbstractButton>
+#include <QAbstractScrollArea>
 #include <QAction>
 #include <QApplication>
 #include <QCursor>
@@ -250,7 +251,8 @@ void Tour::manualEditor() {
 // A weapon set is written at the end of the text, as far as the names that it may have. The list of them is a
 // window of its own.
 void Tour::proposals(QWidget& editor) {
-  QWidget* text = QApplication::focusWidget();
+  auto* text = editor.findChild<QWidget*>("TxtManEdit")->findChild<QAbstractScrollArea*>();
+  text->setFocus();
   QTest::keyClick(text, Qt::Key_End, Qt::ControlModifier);
   for (const char* line : {"Object MyTank", "  WeaponSet", "    Weapon = PRIMARY "}) {
     QTest::keyClick(text, Qt::Key_Return);
