@@ -108,6 +108,13 @@ QModelIndex Reach(QTreeView& folders, const QString& path) {
   return at;
 }
 
+// Not every window system gives a window the focus as soon as it is shown.
+QWidget* FocusedText(const QWidget& editor) {
+  auto* text = editor.findChild<QWidget*>("TxtManEdit")->findChild<QAbstractScrollArea*>();
+  text->setFocus();
+  return text;
+}
+
 }  // namespace
 
 bool Tour::run() {
@@ -251,8 +258,7 @@ void Tour::manualEditor() {
 // A weapon set is written at the end of the text, as far as the names that it may have. The list of them is a
 // window of its own.
 void Tour::proposals(QWidget& editor) {
-  auto* text = editor.findChild<QWidget*>("TxtManEdit")->findChild<QAbstractScrollArea*>();
-  text->setFocus();
+  QWidget* text = FocusedText(editor);
   QTest::keyClick(text, Qt::Key_End, Qt::ControlModifier);
   for (const char* line : {"Object MyTank", "  WeaponSet", "    Weapon = PRIMARY "}) {
     QTest::keyClick(text, Qt::Key_Return);
@@ -291,7 +297,7 @@ void Tour::problems() {
   trigger("FrmEdit", "MnuFileEdit0");
   QWidget* editor = window("FrmManEdit");
   if (editor == nullptr) return;
-  QWidget* text = QApplication::focusWidget();
+  QWidget* text = FocusedText(*editor);
   QTest::keyClicks(text, "words ");
   QTest::qWait(kUntilMarked);
   trigger("FrmManEdit", "nextProblem");
