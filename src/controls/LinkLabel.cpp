@@ -15,8 +15,8 @@ bool LinkLabel::focusNextPrevChild(bool next) {
   tellOfLink();
   const bool isStuck = moved && hasFocus() && before >= 0 && selectionStart() == before;
   if (!isStuck) return moved;
-  return QWidget::focusNextPrevChild(
-      next);  // NOLINT(bugprone-parent-virtual-call): QLabel's is the one that is stuck
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call): the label's own way is the one that is stuck
+  return QWidget::focusNextPrevChild(next);
 }
 
 void LinkLabel::focusInEvent(QFocusEvent* event) {
